@@ -1,0 +1,70 @@
+#pragma once
+
+#include "base/ColorText.h"
+#include "base/Result.h"
+#include "import/MediaClassification.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+#include <vector>
+
+namespace mosaro::importing {
+
+// Analysis turns one file into values. Request and result are plain values that could cross a process border:
+// no pointers, no QObject, no records.
+
+struct AnalysisRequest {
+    QString path;                             ///< Absolute path of the file.
+    DocumentType type = DocumentType::Pdf;    ///< As classified from the name.
+    MediaKind kind = MediaKind::Unset;        ///< As the import item said it.
+};
+
+/// A colour with its share of the votes, 0 to 1.
+struct DominantColor {
+    base::ColorValue color;
+    float percent = 0;
+};
+
+/// Properties of picture 0 of a bitmap file; what the file does not give keeps the value here.
+struct ImageMetadata {
+    int width = 0;
+    int height = 0;
+    double dpi = 72;
+    int depth = 0; ///< Bits per component.
+    bool hasAlpha = false;
+    QString colorModel;  ///< "RGB", "Gray", "CMYK", "Lab" …
+    QString profileName; ///< Description of the embedded ICC profile.
+    QString software;    ///< Empty: not given.
+};
+
+struct AnalysisResult {
+    base::Result<void> outcome;       ///< Why the file cannot become an item, else success.
+    DocumentType type = DocumentType::Pdf;
+    MediaKind kind = MediaKind::Unset; ///< Final kind, by all the rules.
+    QByteArray preview;               ///< Bytes of "preview.png"; PNG, JPEG or GIF by document type.
+    QByteArray sideFile;              ///< Bytes of the side file; empty for types without one.
+    QString sideFileSuffix;           ///< As "_eps.png".
+    ImageMetadata metadata;
+    bool hasFrames = false;
+    std::vector<DominantColor> colors; ///< Falling share; the first four become colour types 0 to 3.
+};
+
+/// The limits that hold for every stranger's file, in one place.
+struct AnalysisLimits {
+    qint64 maxPixels = 1'000'000'000;      ///< Of the whole picture, before any shrinking.
+    qint64 maxPixelsWithoutStreaming = 100'000'000; ///< For decoders that need the whole picture in memory.
+    qint64 maxFileBytes = qint64(8) << 30;
+    int maxSide = 100'000;                 ///< Pixels of one edge.
+};
+[[nodiscard]] const AnalysisLimits& analysisLimits();
+
+/// Decodes the file once and answers preview, side file, metadata, kind and colours. Pure but for reading the
+/// file; may run on any thread, several at once.
+[[nodiscard]] AnalysisResult analyse(const AnalysisRequest& request);
+
+/// Before the first analyse() of the process: sets the image library up for many small jobs at once. Idempotent.
+void setUpImageLibrary(const char* programName);
+
+} // namespace mosaro::importing

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "base/Result.h"
+#include "store/Query.h"
+#include "store/Record.h"
+
+#include <QHash>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace mosaro::store {
+
+/// The records of one open store file: identity (one row, one object, for as long as someone holds it), queries
+/// and saves. Main thread only.
+class StoreContext {
+public:
+    /// Opens or creates the store file: SQLite in WAL mode, migrated to the newest schema. A newer schema, a
+    /// file that is no store and a failed migration are failures, and leave the file as it was.
+    [[nodiscard]] static base::Result<std::unique_ptr<StoreContext>> open(const QString& path);
+    ~StoreContext();
+    StoreContext(const StoreContext&) = delete;
+    StoreContext& operator=(const StoreContext&) = delete;
+
+    /// A new record, in no row yet. It is written by the next save().
+    template <class T>
+    [[nodiscard]] std::shared_ptr<T> insert();
+
+    /// The record of a row. Null when there is no such row.
+    template <class T>
+    [[nodiscard]] std::shared_ptr<T> object(RowId id);
+
+    /// Records of several rows with their attributes, read in one go; rows that are gone are left out, the order
+    /// is that of `ids`.
+    template <class T>
+    [[nodiscard]] std::vector<std::shared_ptr<T>> objects(std::span<const RowId> ids);
+
+    /// Matching records, saved ones only.
+    template <class T>
+    [[nodiscard]] base::Result<std::vector<std::shared_ptr<T>>> fetch(const Query& query);
+    /// The first match or null; a failed query counts as no match.
+    template <class T>
+    [[nodiscard]] std::shared_ptr<T> first(const Predicate& predicate);
+
+    [[nodiscard]] base::Result<std::vector<RowId>> fetchIds(const EntityInfo& entity, const Query& query);
+    [[nodiscard]] base::Result<qint64> count(const EntityInfo& entity, const Predicate& predicate);
+    /// Sum of an integer attribute.
+    [[nodiscard]] base::Result<qint64> sum(const EntityInfo& entity, QLatin1String attribute,
+                                           const Predicate& predicate);
+
+    /// Marks for removal at the next save(); what the delete rules take along goes in that same transaction.
+    /// Items go with their collection, links with either end.
+    void remove(Record& record);
+
+    /// Writes all that is pending in one transaction. On failure the store is as before and everything stays
+    /// pending.
+    [[nodiscard]] base::Result<void> save();
+    [[nodiscard]] bool hasChanges() const;
+    /// Drops everything pending: unsaved records are removed, dirty attributes read anew.
+    void rollback();
+
+    /// Compacts the file when much of it is free. Called at open.
+    void compact();
+    /// Random text made with the file; part of archived references.
+    [[nodiscard]] QString storeID() const;
+    [[nodiscard]] const QString& path() const;
+
+    // For the entity classes.
+    template <class T>
+    [[nodiscard]] static std::shared_ptr<T> toOne(const Record& record, int attribute);
+    static void setToOne(Record& record, int attribute, const std::shared_ptr<Record>& target);
+    template <class T>
+    [[nodiscard]] static std::vector<std::shared_ptr<T>> toMany(const Record& record, int inverse);
+    template <class T>
+    [[nodiscard]] static qint64 countToMany(const Record& record, int inverse);
+
+private:
+    friend class Record;
+    class Private;
+    explicit StoreContext(std::unique_ptr<Private> d);
+    std::unique_ptr<Private> d;
+};
+
+} // namespace mosaro::store
