@@ -11,6 +11,10 @@
 namespace mosaro::base {
 class Prompts;
 class ZNUserDefaults;
+class ZNUtilities;
+} // namespace mosaro::base
+namespace mosaro::importing {
+class MediaClassification;
 }
 namespace mosaro::platform {
 struct Platform;
@@ -27,13 +31,17 @@ struct SidebarEnvironment {
     base::ZNUserDefaults& defaults;
     base::Prompts& prompts;
     platform::Platform& platform;
-    std::function<bool()> isWindowBusy;       ///< isBusy of the main window's controller.
-    std::function<bool()> isCopyImageToLib;   ///< The library's copy mode.
+    base::ZNUtilities&
+        utilities; ///< Its bus carries the requests to import; it sends the user notifications.
+    const importing::MediaClassification& classification;
+    std::function<bool()> isWindowBusy;     ///< isBusy of the main window's controller.
+    std::function<bool()> isCopyImageToLib; ///< The library's copy mode.
     std::function<void()> activateApplication;
 };
 
-/// The sidebar of the main window: holder of its sources (here: the collection tree) and its foot with the action
-/// menu. Selection changes are announced by selectionChanged(); the window then asks selectedObjects().
+/// The sidebar of the main window: holder of its sources (here: the collection tree) and its foot with the
+/// action menu. Selection changes are announced by selectionChanged(); the window then asks
+/// selectedObjects().
 class MRLibraryView : public QWidget {
     Q_OBJECT
 
