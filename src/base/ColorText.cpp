@@ -1,0 +1,52 @@
+#include "base/ColorText.h"
+
+#include <QStringList>
+#include <algorithm>
+#include <cmath>
+
+namespace mosaro::base {
+
+namespace {
+
+float componentFromText(const QString& text)
+{
+    bool ok = false;
+    const float value = text.toFloat(&ok);
+    return ok && std::isfinite(value) ? value : 0.0F;
+}
+
+float shown(float component)
+{
+    return std::isfinite(component) ? std::clamp(component, 0.0F, 1.0F) : 0.0F;
+}
+
+} // namespace
+
+QColor ColorValue::toColor() const
+{
+    return QColor::fromRgbF(shown(red), shown(green), shown(blue), shown(alpha));
+}
+
+ColorValue ColorValue::fromColor(const QColor& color)
+{
+    const QColor rgb = color.toRgb();
+    return {rgb.redF(), rgb.greenF(), rgb.blueF(), rgb.alphaF()};
+}
+
+QString colorAsString(const ColorValue& color)
+{
+    // asprintf of QString knows no locale, unlike that of the C library.
+    return QString::asprintf("%f+%f+%f+%f", double(color.red), double(color.green), double(color.blue),
+                             double(color.alpha));
+}
+
+std::optional<ColorValue> colorFromString(const QString& text)
+{
+    const QStringList parts = text.split(QLatin1Char('+'));
+    if (parts.size() < 4)
+        return std::nullopt;
+    return ColorValue{componentFromText(parts[0]), componentFromText(parts[1]), componentFromText(parts[2]),
+                      componentFromText(parts[3])};
+}
+
+} // namespace mosaro::base
