@@ -1,0 +1,148 @@
+#include "kit/MosaroStyle.h"
+
+#include "kit/StyleColors.h"
+
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <QMenu>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTabBar>
+#include <QToolButton>
+
+namespace mosaro::kit {
+
+namespace {
+
+constexpr qreal kDisabledOpacity = 0.4;
+
+/// While it lives, what a disabled control paints comes out faded. Controls that draw others may nest.
+class Fading {
+public:
+    Fading(QPainter& painter, bool enabled) : m_painter(painter), m_before(painter.opacity())
+    {
+        if (!enabled) {
+            m_painter.setOpacity(qMin(m_before, kDisabledOpacity));
+        }
+    }
+    ~Fading() { m_painter.setOpacity(m_before); }
+    Q_DISABLE_COPY_MOVE(Fading)
+
+private:
+    QPainter& m_painter;
+    qreal m_before;
+};
+
+bool isEnabled(const QStyleOption* option)
+{
+    return option->state.testFlag(QStyle::State_Enabled);
+}
+
+} // namespace
+
+MosaroStyle::MosaroStyle() : QProxyStyle(QStringLiteral("Fusion"))
+{
+    setObjectName(QStringLiteral("mosaro"));
+}
+
+void MosaroStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                const QWidget* widget) const
+{
+    const Fading fading(*painter, isEnabled(option));
+    if (!drawButtonPrimitive(element, *option, *painter) &&
+        !drawFramePrimitive(element, *option, *painter, widget) &&
+        !drawItemPrimitive(element, *option, *painter)) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void MosaroStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const
+{
+    if (element == CE_ItemViewItem) {
+        // Its text has a faded colour of its own, and stays light on a selection.
+        if (const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option)) {
+            QStyleOptionViewItem lit(*item);
+            lit.palette.setColor(QPalette::HighlightedText, Qt::white);
+            QProxyStyle::drawControl(element, &lit, painter, widget);
+            return;
+        }
+    }
+    const Fading fading(*painter, isEnabled(option));
+    if (!drawMenuElement(element, *option, *painter, widget) &&
+        !drawOtherElement(element, *option, *painter, widget)) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+}
+
+void MosaroStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                     QPainter* painter, const QWidget* widget) const
+{
+    const Fading fading(*painter, isEnabled(option));
+    if (const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option)) {
+        if (control == CC_Slider) {
+            drawSlider(*slider, *painter, widget);
+            return;
+        }
+        if (control == CC_ScrollBar) {
+            drawScrollBar(*slider, *painter, widget);
+            return;
+        }
+    }
+    if (const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+        combo && control == CC_ComboBox) {
+        drawComboBox(*combo, *painter, widget);
+        return;
+    }
+    if (const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+        spin && control == CC_SpinBox) {
+        drawSpinBox(*spin, *painter, widget);
+        return;
+    }
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+void MosaroStyle::drawItemText(QPainter* painter, const QRect& rect, int flags, const QPalette& palette,
+                               bool enabled, const QString& text, QPalette::ColorRole role) const
+{
+    // QLabel comes here straight from its paint event, so the fading cannot be left to the control's drawing.
+    const Fading fading(*painter, enabled || role == QPalette::Text);
+    QProxyStyle::drawItemText(painter, rect, flags, palette, true, text, role);
+}
+
+QPixmap MosaroStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap,
+                                         const QStyleOption* option) const
+{
+    if (mode != QIcon::Disabled) {
+        return pixmap;
+    }
+    Q_UNUSED(option)
+    QPixmap faded(pixmap.size());
+    faded.setDevicePixelRatio(pixmap.devicePixelRatio());
+    faded.fill(Qt::transparent);
+    QPainter painter(&faded);
+    painter.setOpacity(kDisabledOpacity);
+    painter.drawPixmap(0, 0, pixmap);
+    return faded;
+}
+
+void MosaroStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    if (qobject_cast<QAbstractButton*>(widget) != nullptr || qobject_cast<QComboBox*>(widget) != nullptr ||
+        qobject_cast<QScrollBar*>(widget) != nullptr || qobject_cast<QSlider*>(widget) != nullptr ||
+        qobject_cast<QAbstractSpinBox*>(widget) != nullptr || qobject_cast<QTabBar*>(widget) != nullptr) {
+        widget->setAttribute(Qt::WA_Hover);
+    }
+    if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
+        view->viewport()->setAttribute(Qt::WA_Hover);
+    }
+    if (qobject_cast<QMenu*>(widget) != nullptr) {
+        widget->setAttribute(Qt::WA_TranslucentBackground);
+    }
+}
+
+} // namespace mosaro::kit

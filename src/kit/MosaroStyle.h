@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QProxyStyle>
+
+class QStyleOptionComboBox;
+class QStyleOptionMenuItem;
+class QStyleOptionSlider;
+class QStyleOptionSpinBox;
+
+namespace mosaro::kit {
+
+/// The flat dark look, drawn over Fusion's geometry. A disabled control is drawn as an enabled one at 40 %
+/// opacity; whoever holds the keyboard focus shows a blue ring.
+class MosaroStyle : public QProxyStyle {
+    Q_OBJECT
+
+public:
+    MosaroStyle();
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override;
+    void drawItemText(QPainter* painter, const QRect& rect, int flags, const QPalette& palette, bool enabled,
+                      const QString& text, QPalette::ColorRole role) const override;
+    [[nodiscard]] QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap,
+                                              const QStyleOption* option) const override;
+
+    [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                  const QWidget* widget) const override;
+    [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                                QStyleHintReturn* data) const override;
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                         const QWidget* widget) const override;
+    [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                       SubControl sub, const QWidget* widget) const override;
+    void polish(QWidget* widget) override;
+    using QProxyStyle::polish;
+
+private:
+    /// Each answers whether it drew the element.
+    bool drawButtonPrimitive(PrimitiveElement element, const QStyleOption& option, QPainter& painter) const;
+    bool drawFramePrimitive(PrimitiveElement element, const QStyleOption& option, QPainter& painter,
+                            const QWidget* widget) const;
+    bool drawItemPrimitive(PrimitiveElement element, const QStyleOption& option, QPainter& painter) const;
+    bool drawMenuElement(ControlElement element, const QStyleOption& option, QPainter& painter,
+                         const QWidget* widget) const;
+    bool drawOtherElement(ControlElement element, const QStyleOption& option, QPainter& painter,
+                          const QWidget* widget) const;
+    void drawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter, const QWidget* widget) const;
+    void drawSlider(const QStyleOptionSlider& slider, QPainter& painter, const QWidget* widget) const;
+    void drawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget) const;
+    void drawComboBox(const QStyleOptionComboBox& combo, QPainter& painter, const QWidget* widget) const;
+    void drawSpinBox(const QStyleOptionSpinBox& spin, QPainter& painter, const QWidget* widget) const;
+};
+
+} // namespace mosaro::kit
