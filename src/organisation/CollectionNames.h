@@ -1,0 +1,15 @@
+#pragma once
+
+#include "organisation/TreeWalk.h"
+
+namespace mosaro::organisation {
+
+/// A free name among siblings. A sibling that merely contains the name counts as taken: beside "Photo
+/// archive", "Photo" comes out as "Photo (2)".
+[[nodiscard]] QString availableCollectionName(const QString& name, const NodeList& inArray);
+
+/// The name of a collection that is made for dropped or chosen files: that of the first folder among them,
+/// with a word more when there are several; else that of an untitled collection. Looks at the disk.
+[[nodiscard]] QString collectionNameFromPaths(const QStringList& paths);
+
+} // namespace mosaro::organisation
