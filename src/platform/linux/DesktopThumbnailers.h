@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/Ports.h"
+
+#include <QSet>
+
+namespace mosaro::platform {
+
+/// The types for which a thumbnailer that can really be started is registered. Read once.
+class DesktopThumbnailers : public ThumbnailerLookup {
+public:
+    /// From the XDG data directories, an earlier one going before a later one.
+    DesktopThumbnailers();
+    /// From these folders of ".thumbnailer" files.
+    explicit DesktopThumbnailers(const QStringList& folders);
+
+    [[nodiscard]] bool hasThumbnailer(const QStringList& mimeTypes) const override;
+
+private:
+    void readFolders(const QStringList& folders);
+
+    QSet<QString> m_types;
+};
+
+} // namespace mosaro::platform
