@@ -3,9 +3,25 @@
 <TS version="2.1" language="en">
 <context>
   <name></name>
+  <message id="Accessible.Rating">
+    <source></source>
+    <translation>rated %1 of 5</translation>
+  </message>
+  <message id="Accessible.Referenced">
+    <source></source>
+    <translation>reference to a file outside the library</translation>
+  </message>
+  <message id="Accessible.Tagged">
+    <source></source>
+    <translation>tagged</translation>
+  </message>
   <message id="Basic.Alert">
     <source></source>
     <translation>Mosaro</translation>
+  </message>
+  <message id="Basic.Back">
+    <source></source>
+    <translation>Back</translation>
   </message>
   <message id="Basic.Cancel">
     <source></source>
@@ -15,13 +31,41 @@
     <source></source>
     <translation>Choose</translation>
   </message>
+  <message id="Basic.Item">
+    <source></source>
+    <translation>%1 item, %2</translation>
+  </message>
+  <message id="Basic.Items">
+    <source></source>
+    <translation>%1 items, %2</translation>
+  </message>
   <message id="Basic.More">
     <source></source>
     <translation>and More</translation>
   </message>
+  <message id="Basic.No.Collection.Selected">
+    <source></source>
+    <translation>No collection selected</translation>
+  </message>
+  <message id="Basic.No.Color.Selected">
+    <source></source>
+    <translation>No color selected</translation>
+  </message>
+  <message id="Basic.No.Media">
+    <source></source>
+    <translation>No items</translation>
+  </message>
+  <message id="Basic.No.Tag.Selected">
+    <source></source>
+    <translation>No tag selected</translation>
+  </message>
   <message id="Basic.OK">
     <source></source>
     <translation>OK</translation>
+  </message>
+  <message id="Basic.Selected.Item">
+    <source></source>
+    <translation>%1 of %2 selected</translation>
   </message>
   <message id="Basic.Size.Byte">
     <source></source>
@@ -86,6 +130,62 @@
   <message id="Failure.PropertyList.Unsupported">
     <source></source>
     <translation>One of the values cannot be stored in a property list.</translation>
+  </message>
+  <message id="Failure.Query.BadValue">
+    <source></source>
+    <translation>A value given for “%1” is not of its kind.</translation>
+  </message>
+  <message id="Failure.Query.NoReference">
+    <source></source>
+    <translation>“%1” of %2 leads to no record.</translation>
+  </message>
+  <message id="Failure.Query.NoText">
+    <source></source>
+    <translation>“%1” is no text and cannot be searched as one.</translation>
+  </message>
+  <message id="Failure.Query.UnknownAttribute">
+    <source></source>
+    <translation>There is no “%1” in %2.</translation>
+  </message>
+  <message id="Failure.Store.Busy">
+    <source></source>
+    <translation>Another program is using “%1”. Quit that program and try again.</translation>
+  </message>
+  <message id="Failure.Store.CannotOpen">
+    <source></source>
+    <translation>“%1” cannot be opened (%2). Check that the disk is there and that you may write to it.</translation>
+  </message>
+  <message id="Failure.Store.Damaged">
+    <source></source>
+    <translation>The data file “%1” is damaged (%2). Restore the library from a backup.</translation>
+  </message>
+  <message id="Failure.Store.Full">
+    <source></source>
+    <translation>There is no room left on the disk of “%1”. Free some space and try again.</translation>
+  </message>
+  <message id="Failure.Store.InputOutput">
+    <source></source>
+    <translation>The disk failed while “%1” was read or written (%2). Check the disk, then try again.</translation>
+  </message>
+  <message id="Failure.Store.Migration">
+    <source></source>
+    <translation>“%1” could not be brought up to date and was left as it was. %2</translation>
+  </message>
+  <message id="Failure.Store.Newer">
+    <source></source>
+    <translation>“%1” was written by a newer version of Mosaro. Update Mosaro to open this library; nothing in it was changed.</translation>
+  </message>
+  <message id="Failure.Store.NotAStore">
+    <source></source>
+    <translation>“%1” is not the data file of a Mosaro library. Choose another library.</translation>
+  </message>
+  <message id="Failure.Store.Other">
+    <source></source>
+    <translation>The library's data file “%1” refused the change (%2).</translation>
+  </message>
+  <message id="Failure.Store.ReadOnly">
+    <source></source>
+    <translation>“%1” cannot be written. Move the library to a disk you may write to, or ask for permission.</translation>
   </message>
   <message id="Lib.All">
     <source></source>
@@ -170,6 +270,10 @@
   <message id="Message.Import.Completed.Items">
     <source></source>
     <translation>%1 items imported</translation>
+  </message>
+  <message id="Tooltip.Colors">
+    <source></source>
+    <translation>Colors</translation>
   </message>
 </context>
 </TS>

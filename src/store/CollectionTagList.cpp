@@ -1,7 +1,7 @@
 #include "store/CollectionTagList.h"
 
-#include "store/StoreContext.h"
 #include "store/Collections.h"
+#include "store/StoreContext.h"
 #include "store/Tags.h"
 
 namespace mosaro::store {

@@ -10,13 +10,7 @@ class Tags;
 /// Link of one collection with one tag.
 class CollectionTagList final : public Record {
 public:
-    enum Attribute {
-        k_collectionID,
-        k_tagID,
-        k_collections,
-        k_tags,
-        kAttributeCount
-    };
+    enum Attribute { k_collectionID, k_tagID, k_collections, k_tags, kAttributeCount };
 
     [[nodiscard]] static const EntityInfo& info();
 

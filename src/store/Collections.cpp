@@ -1,8 +1,8 @@
 #include "store/Collections.h"
 
-#include "store/StoreContext.h"
 #include "store/CollectionTagList.h"
 #include "store/Media.h"
+#include "store/StoreContext.h"
 
 namespace mosaro::store {
 

@@ -1,18 +1,16 @@
 #include "store/ColorList.h"
 
-#include "store/StoreContext.h"
 #include "store/Colors.h"
 #include "store/Media.h"
+#include "store/StoreContext.h"
 
 namespace mosaro::store {
 
 const EntityInfo& ColorList::info()
 {
     static constexpr AttributeInfo kAttributes[] = {
-        {QLatin1String("colorID"), ValueType::Text},
-        {QLatin1String("colorType"), ValueType::Integer},
-        {QLatin1String("mediaID"), ValueType::Text},
-        {QLatin1String("colors"), ValueType::Reference},
+        {QLatin1String("colorID"), ValueType::Text},    {QLatin1String("colorType"), ValueType::Integer},
+        {QLatin1String("mediaID"), ValueType::Text},    {QLatin1String("colors"), ValueType::Reference},
         {QLatin1String("media"), ValueType::Reference},
     };
     static_assert(std::size(kAttributes) == kAttributeCount);

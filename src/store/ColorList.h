@@ -10,14 +10,7 @@ class Media;
 /// Link of one item with one colour.
 class ColorList final : public Record {
 public:
-    enum Attribute {
-        k_colorID,
-        k_colorType,
-        k_mediaID,
-        k_colors,
-        k_media,
-        kAttributeCount
-    };
+    enum Attribute { k_colorID, k_colorType, k_mediaID, k_colors, k_media, kAttributeCount };
 
     [[nodiscard]] static const EntityInfo& info();
 

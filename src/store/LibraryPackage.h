@@ -16,9 +16,9 @@ public:
 
     [[nodiscard]] bool isNull() const { return m_root.isEmpty(); }
     [[nodiscard]] const QString& libraryDirPath() const { return m_root; }
-    [[nodiscard]] QString dbPath() const;            ///< "Mosaro"
-    [[nodiscard]] QString masterDirPath() const;     ///< "Masters"
-    [[nodiscard]] QString xmlPath() const;           ///< "Mosaro Library.plist"
+    [[nodiscard]] QString dbPath() const;             ///< "Mosaro"
+    [[nodiscard]] QString masterDirPath() const;      ///< "Masters"
+    [[nodiscard]] QString xmlPath() const;            ///< "Mosaro Library.plist"
     [[nodiscard]] QString libraryVersionPath() const; ///< "MRLib.data"
     [[nodiscard]] QString accessListInfoPath() const; ///< "MRAccessList.data"
     /// Where items are put together before they are renamed into their place; on the same file system.

@@ -15,9 +15,9 @@ struct SystemCollectionSettings {
     std::optional<double> zoom;
 };
 
-/// The state record of a library: interface state that belongs to the library and not to the user. Kept whole in
-/// memory, unknown keys included, and written only when the library closes. Each getter first creates its key with
-/// the default when it is missing or of another type.
+/// The state record of a library: interface state that belongs to the library and not to the user. Kept whole
+/// in memory, unknown keys included, and written only when the library closes. Each getter first creates its
+/// key with the default when it is missing or of another type.
 class LibraryState {
 public:
     LibraryState() = default;

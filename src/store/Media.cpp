@@ -1,9 +1,9 @@
 #include "store/Media.h"
 
-#include "store/StoreContext.h"
 #include "store/Collections.h"
 #include "store/ColorList.h"
 #include "store/MediaTagList.h"
+#include "store/StoreContext.h"
 
 namespace mosaro::store {
 

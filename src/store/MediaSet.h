@@ -8,8 +8,8 @@
 
 namespace mosaro::store {
 
-/// A set of items as row ids, ascending and each once, with what the window says of it. This is what a selection
-/// of the sidebar comes to; the items themselves are read when they are shown.
+/// A set of items as row ids, ascending and each once, with what the window says of it. This is what a
+/// selection of the sidebar comes to; the items themselves are read when they are shown.
 struct MediaSet {
     std::vector<RowId> ids;
     qint64 totalFileSize = 0;
@@ -31,10 +31,11 @@ enum class SortKey {
     DateLastOpened = 8
 };
 
-/// The same ids in the order of a sort key (0 to 8; any other keeps the given order). Title in the natural order;
-/// equal values by row id, so that the order is the same each time. Items without the value come first when
-/// ascending. 100,000 ids take well under 100 ms: large sets follow the key's index, small ones are sorted.
-[[nodiscard]] base::Result<std::vector<RowId>> orderMedia(StoreContext& context, const std::vector<RowId>& ids,
-                                                          int sortKey, bool ascending);
+/// The same ids in the order of a sort key (0 to 8; any other keeps the given order). Title in the natural
+/// order; equal values by row id, so that the order is the same each time. Items without the value come first
+/// when ascending. 100,000 ids take well under 100 ms: large sets follow the key's index, small ones are
+/// sorted.
+[[nodiscard]] base::Result<std::vector<RowId>>
+orderMedia(StoreContext& context, const std::vector<RowId>& ids, int sortKey, bool ascending);
 
 } // namespace mosaro::store

@@ -1,7 +1,7 @@
 #include "store/MediaTagList.h"
 
-#include "store/StoreContext.h"
 #include "store/Media.h"
+#include "store/StoreContext.h"
 #include "store/Tags.h"
 
 namespace mosaro::store {

@@ -10,13 +10,7 @@ class Tags;
 /// Link of one item with one tag; carries copies of both keys.
 class MediaTagList final : public Record {
 public:
-    enum Attribute {
-        k_mediaID,
-        k_tagID,
-        k_media,
-        k_tags,
-        kAttributeCount
-    };
+    enum Attribute { k_mediaID, k_tagID, k_media, k_tags, kAttributeCount };
 
     [[nodiscard]] static const EntityInfo& info();
 

@@ -23,8 +23,8 @@ enum class Comparison {
 };
 enum class Fold { None, Case, CaseAndDiacritics };
 
-/// A condition on records of one entity, as a tree of values; compiled to SQL with bound values by the context.
-/// Values are only ever values: nothing in them is read as SQL or as a pattern.
+/// A condition on records of one entity, as a tree of values; compiled to SQL with bound values by the
+/// context. Values are only ever values: nothing in them is read as SQL or as a pattern.
 class Predicate {
 public:
     enum class Kind { All, Nothing, Compare, And, Or, Not, LinkedBy };

@@ -17,10 +17,11 @@ inline constexpr RowId kUnsavedRow = 0;
 
 class StoreContext;
 
-/// One row as one object. Made, kept apart and saved by a StoreContext; attributes are read from the store when
-/// one is first asked for. Main thread only. A record outlives neither its context's close nor its own removal
-/// in a useful way: afterwards every getter gives an empty value and setters do nothing.
-class Record {
+/// One row as one object. Made, kept apart and saved by a StoreContext; attributes are read from the store
+/// when one is first asked for; dates come back in local time. Main thread only. A record outlives neither
+/// its context's close nor its own removal in a useful way: afterwards every getter gives an empty value and
+/// setters do nothing.
+class Record : public std::enable_shared_from_this<Record> {
 public:
     Record(const Record&) = delete;
     Record& operator=(const Record&) = delete;
@@ -35,7 +36,9 @@ public:
 
     /// An attribute by position; an invalid QVariant when it was never written.
     [[nodiscard]] QVariant attribute(int index) const;
+    /// Takes the value as the attribute's type; an invalid one empties the attribute.
     void setAttribute(int index, const QVariant& value);
+    /// Never written, or emptied again. Written empty text does not count.
     [[nodiscard]] bool isEmptyAttribute(QLatin1String name) const;
 
 protected:
@@ -43,7 +46,7 @@ protected:
 
 private:
     friend class StoreContext;
-    friend class RecordStorage;
+    friend class RecordState;
 
     const EntityInfo* m_entity;
     StoreContext* m_context;
@@ -55,7 +58,13 @@ private:
 
 /// Declares getter and setter of the attribute at position `index` of the entity.
 #define MOSARO_ATTRIBUTE(index, Type, name, setName)                                                         \
-    [[nodiscard]] Type name() const { return attribute(index).template value<Type>(); }                      \
-    void setName(const Type& value) { setAttribute(index, QVariant::fromValue(value)); }
+    [[nodiscard]] Type name() const                                                                          \
+    {                                                                                                        \
+        return attribute(index).template value<Type>();                                                      \
+    }                                                                                                        \
+    void setName(const Type& value)                                                                          \
+    {                                                                                                        \
+        setAttribute(index, QVariant::fromValue(value));                                                     \
+    }
 
 } // namespace mosaro::store

@@ -15,7 +15,8 @@ template <class T>
 [[nodiscard]] std::shared_ptr<T> unarchivedReference(StoreContext& context, const QByteArray& bytes);
 
 /// The row behind a reference to `entity` of this store, or kUnsavedRow.
-[[nodiscard]] RowId referencedRow(const StoreContext& context, const EntityInfo& entity, const QByteArray& bytes);
+[[nodiscard]] RowId referencedRow(const StoreContext& context, const EntityInfo& entity,
+                                  const QByteArray& bytes);
 
 template <class T>
 std::shared_ptr<T> unarchivedReference(StoreContext& context, const QByteArray& bytes)

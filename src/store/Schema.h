@@ -23,4 +23,10 @@ struct EntityInfo {
     [[nodiscard]] int indexOf(QLatin1String attribute) const;
 };
 
+/// The entity that a reference leads to.
+[[nodiscard]] const EntityInfo* targetEntity(const AttributeInfo& reference);
+
+/// All seven, each after those that its references lead to.
+[[nodiscard]] std::span<const EntityInfo* const> allEntities();
+
 } // namespace mosaro::store

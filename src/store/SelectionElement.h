@@ -11,12 +11,13 @@ struct SelectionElement {
     enum class Shape { CollectionNode, SystemNode, TagRow, Colour };
 
     Shape shape = Shape::SystemNode;
-    QString id;       ///< collectionID, decimal number, tagID or colorID.
-    int type = 0;     ///< 10000 to 10002, the system number, or colorType; 0 for a tag.
+    QString id;   ///< collectionID, decimal number, tagID or colorID.
+    int type = 0; ///< 10000 to 10002, the system number, or colorType; 0 for a tag.
     QString title;
     RowId record = kUnsavedRow; ///< Row of Collections, Tags or Colors.
 
-    /// Key of the library state's per-selection records: the id plus "+Collection", "+Tag" or, by colour type,
+    /// Key of the library state's per-selection records: the id plus "+Collection", "+Tag" or, by colour
+    /// type,
     /// "+BackgroundColor", "+PrimaryColor", "+SecondaryColor", "+DetailColor".
     [[nodiscard]] QString selectionKey() const;
 };

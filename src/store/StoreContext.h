@@ -5,14 +5,19 @@
 #include "store/Record.h"
 
 #include <QHash>
+#include <functional>
 #include <memory>
 #include <span>
 #include <vector>
 
+namespace SQLite {
+class Statement;
+}
+
 namespace mosaro::store {
 
-/// The records of one open store file: identity (one row, one object, for as long as someone holds it), queries
-/// and saves. Main thread only.
+/// The records of one open store file: identity (one row, one object, for as long as someone holds it),
+/// queries and saves. Main thread only.
 class StoreContext {
 public:
     /// Opens or creates the store file: SQLite in WAL mode, migrated to the newest schema. A newer schema, a
@@ -30,8 +35,8 @@ public:
     template <class T>
     [[nodiscard]] std::shared_ptr<T> object(RowId id);
 
-    /// Records of several rows with their attributes, read in one go; rows that are gone are left out, the order
-    /// is that of `ids`.
+    /// Records of several rows with their attributes, read in one go; rows that are gone are left out, the
+    /// order is that of `ids`.
     template <class T>
     [[nodiscard]] std::vector<std::shared_ptr<T>> objects(std::span<const RowId> ids);
 
@@ -47,6 +52,11 @@ public:
     /// Sum of an integer attribute.
     [[nodiscard]] base::Result<qint64> sum(const EntityInfo& entity, QLatin1String attribute,
                                            const Predicate& predicate);
+
+    /// For parts of the store that read columns without records. `columns` is SQL of the caller's own.
+    [[nodiscard]] base::Result<void> forEachRow(const EntityInfo& entity, const QByteArray& columns,
+                                                const Query& query,
+                                                const std::function<void(SQLite::Statement&)>& visit);
 
     /// Marks for removal at the next save(); what the delete rules take along goes in that same transaction.
     /// Items go with their collection, links with either end.
@@ -77,8 +87,31 @@ public:
 private:
     friend class Record;
     class Private;
+    using Maker = std::shared_ptr<Record> (*)(StoreContext& context, RowId id);
+    using Records = std::vector<std::shared_ptr<Record>>;
+
     explicit StoreContext(std::unique_ptr<Private> d);
+
+    template <class T>
+    [[nodiscard]] static std::shared_ptr<Record> make(StoreContext& context, RowId id);
+    template <class T>
+    [[nodiscard]] static std::vector<std::shared_ptr<T>> cast(const Records& records);
+
+    [[nodiscard]] std::shared_ptr<Record> insertRecord(Maker maker);
+    [[nodiscard]] Records recordsOf(const EntityInfo& entity, Maker maker, std::span<const RowId> ids);
+    [[nodiscard]] base::Result<Records> fetchRecords(const EntityInfo& entity, Maker maker,
+                                                     const Query& query);
+    [[nodiscard]] static std::shared_ptr<Record> target(const Record& record, int attribute, Maker maker);
+    [[nodiscard]] static Records sources(const Record& record, const EntityInfo& entity, int inverse,
+                                         Maker maker);
+    [[nodiscard]] static qint64 countSources(const Record& record, const EntityInfo& entity, int inverse);
+
+    void load(const Record& record);
+    void noteDirty(const Record& record);
+
     std::unique_ptr<Private> d;
 };
 
 } // namespace mosaro::store
+
+#include "store/StoreContextTemplates.h"

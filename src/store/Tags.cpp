@@ -1,20 +1,17 @@
 #include "store/Tags.h"
 
-#include "store/StoreContext.h"
 #include "store/CollectionTagList.h"
 #include "store/MediaTagList.h"
+#include "store/StoreContext.h"
 
 namespace mosaro::store {
 
 const EntityInfo& Tags::info()
 {
     static constexpr AttributeInfo kAttributes[] = {
-        {QLatin1String("tagID"), ValueType::Text},
-        {QLatin1String("title"), ValueType::Text},
-        {QLatin1String("tagColor"), ValueType::Text},
-        {QLatin1String("isAscending"), ValueType::Bool},
-        {QLatin1String("sortKey"), ValueType::Integer},
-        {QLatin1String("zoomValue"), ValueType::Real},
+        {QLatin1String("tagID"), ValueType::Text},      {QLatin1String("title"), ValueType::Text},
+        {QLatin1String("tagColor"), ValueType::Text},   {QLatin1String("isAscending"), ValueType::Bool},
+        {QLatin1String("sortKey"), ValueType::Integer}, {QLatin1String("zoomValue"), ValueType::Real},
     };
     static_assert(std::size(kAttributes) == kAttributeCount);
     static const EntityInfo kInfo{QLatin1String("Tags"), kAttributes};

@@ -10,15 +10,7 @@ class MediaTagList;
 /// A tag.
 class Tags final : public Record {
 public:
-    enum Attribute {
-        k_tagID,
-        k_title,
-        k_tagColor,
-        k_isAscending,
-        k_sortKey,
-        k_zoomValue,
-        kAttributeCount
-    };
+    enum Attribute { k_tagID, k_title, k_tagColor, k_isAscending, k_sortKey, k_zoomValue, kAttributeCount };
 
     [[nodiscard]] static const EntityInfo& info();
 
