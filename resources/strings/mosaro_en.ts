@@ -3,6 +3,10 @@
 <TS version="2.1" language="en">
 <context>
   <name></name>
+  <message id="Accessible.Progress">
+    <source></source>
+    <translation>Progress</translation>
+  </message>
   <message id="Accessible.Rating">
     <source></source>
     <translation>rated %1 of 5</translation>
@@ -14,6 +18,10 @@
   <message id="Accessible.Tagged">
     <source></source>
     <translation>tagged</translation>
+  </message>
+  <message id="Accessible.Working">
+    <source></source>
+    <translation>Working</translation>
   </message>
   <message id="Basic.Alert">
     <source></source>
@@ -43,6 +51,10 @@
     <source></source>
     <translation>and More</translation>
   </message>
+  <message id="Basic.NO">
+    <source></source>
+    <translation>No</translation>
+  </message>
   <message id="Basic.No.Collection.Selected">
     <source></source>
     <translation>No collection selected</translation>
@@ -58,6 +70,10 @@
   <message id="Basic.No.Tag.Selected">
     <source></source>
     <translation>No tag selected</translation>
+  </message>
+  <message id="Basic.None">
+    <source></source>
+    <translation>None</translation>
   </message>
   <message id="Basic.OK">
     <source></source>
@@ -99,6 +115,10 @@
     <source></source>
     <translation>Zero KB</translation>
   </message>
+  <message id="Basic.Stop">
+    <source></source>
+    <translation>Stop</translation>
+  </message>
   <message id="Basic.Untitled.Collection">
     <source></source>
     <translation>Untitled Collection</translation>
@@ -107,9 +127,173 @@
     <source></source>
     <translation>Untitled Folder</translation>
   </message>
+  <message id="Basic.YES">
+    <source></source>
+    <translation>Yes</translation>
+  </message>
+  <message id="Document.ACORN">
+    <source></source>
+    <translation>Acorn Document</translation>
+  </message>
+  <message id="Document.AFFINITY.DESIGNER">
+    <source></source>
+    <translation>Affinity Designer Document</translation>
+  </message>
+  <message id="Document.AFFINITY.PHOTO">
+    <source></source>
+    <translation>Affinity Photo Document</translation>
+  </message>
+  <message id="Document.AI">
+    <source></source>
+    <translation>Illustrator Document</translation>
+  </message>
+  <message id="Document.BMP">
+    <source></source>
+    <translation>Bitmap Image</translation>
+  </message>
+  <message id="Document.EPS">
+    <source></source>
+    <translation>Encapsulated PostScript</translation>
+  </message>
+  <message id="Document.GIF">
+    <source></source>
+    <translation>GIF Image</translation>
+  </message>
+  <message id="Document.ICNS">
+    <source></source>
+    <translation>ICNS Icon</translation>
+  </message>
+  <message id="Document.ICO">
+    <source></source>
+    <translation>ICO Icon</translation>
+  </message>
+  <message id="Document.IDRAW">
+    <source></source>
+    <translation>iDraw Document</translation>
+  </message>
+  <message id="Document.JPEG">
+    <source></source>
+    <translation>JPEG Image</translation>
+  </message>
+  <message id="Document.JPEG2000">
+    <source></source>
+    <translation>JPEG 2000 Image</translation>
+  </message>
+  <message id="Document.PDF">
+    <source></source>
+    <translation>PDF</translation>
+  </message>
+  <message id="Document.PICT">
+    <source></source>
+    <translation>PICT Image</translation>
+  </message>
+  <message id="Document.PIXELMATOR">
+    <source></source>
+    <translation>Pixelmator Document</translation>
+  </message>
+  <message id="Document.PNG">
+    <source></source>
+    <translation>PNG Image</translation>
+  </message>
+  <message id="Document.Photoshop">
+    <source></source>
+    <translation>Photoshop Image</translation>
+  </message>
+  <message id="Document.QuickTime.Image">
+    <source></source>
+    <translation>QuickTime Image</translation>
+  </message>
+  <message id="Document.RAW.Image">
+    <source></source>
+    <translation>RAW Image</translation>
+  </message>
+  <message id="Document.SKETCH">
+    <source></source>
+    <translation>Sketch Document</translation>
+  </message>
+  <message id="Document.SVG">
+    <source></source>
+    <translation>SVG Graphic</translation>
+  </message>
+  <message id="Document.TGA">
+    <source></source>
+    <translation>TGA Image</translation>
+  </message>
+  <message id="Document.TIFF">
+    <source></source>
+    <translation>TIFF Image</translation>
+  </message>
+  <message id="Error.Cannot.Choose">
+    <source></source>
+    <translation>This cannot be chosen here.</translation>
+  </message>
+  <message id="Error.Cannot.Choose.Needs">
+    <source></source>
+    <translation>Choose something whose name ends in: %1.</translation>
+  </message>
   <message id="Failure.Collection.Gone">
     <source></source>
     <translation>“%1” is no longer in the library. Select another collection.</translation>
+  </message>
+  <message id="Failure.Disk.Full">
+    <source></source>
+    <translation>the disk is full. Make room and import again.</translation>
+  </message>
+  <message id="Failure.Disk.Gone">
+    <source></source>
+    <translation>the file or its folder is gone. Check the path and try again.</translation>
+  </message>
+  <message id="Failure.Disk.NotAllowed">
+    <source></source>
+    <translation>you are not allowed to. Check who may read and write there.</translation>
+  </message>
+  <message id="Failure.Disk.ReadOnly">
+    <source></source>
+    <translation>the disk is read-only. Move the library to one that can be written.</translation>
+  </message>
+  <message id="Failure.Import.Analysis">
+    <source></source>
+    <translation>The picture could not be read (%1). Open it in another program and save it again.</translation>
+  </message>
+  <message id="Failure.Import.Copy">
+    <source></source>
+    <translation>%1 could not be copied into the library: %2</translation>
+  </message>
+  <message id="Failure.Import.FolderInFolder">
+    <source></source>
+    <translation>A folder is read one level deep. Import this folder by itself.</translation>
+  </message>
+  <message id="Failure.Import.NoAccess">
+    <source></source>
+    <translation>Mosaro was given no access to the folder %1. Import again and choose this folder or one above it.</translation>
+  </message>
+  <message id="Failure.Import.NoFile">
+    <source></source>
+    <translation>There is no file here any more. Check the path and try again.</translation>
+  </message>
+  <message id="Failure.Import.NoPreview">
+    <source></source>
+    <translation>No preview could be made of it. Open it in another program and save it again.</translation>
+  </message>
+  <message id="Failure.Import.NoResources">
+    <source></source>
+    <translation>This application folder holds no resources. Choose its pictures one by one.</translation>
+  </message>
+  <message id="Failure.Import.NotAFile">
+    <source></source>
+    <translation>This has the name of a picture but is no file. Choose the pictures inside it.</translation>
+  </message>
+  <message id="Failure.Import.NotAccepted">
+    <source></source>
+    <translation>Mosaro takes no files of this type. Convert it to a picture format first.</translation>
+  </message>
+  <message id="Failure.Import.Place">
+    <source></source>
+    <translation>The item's folder could not be made in the library: %1</translation>
+  </message>
+  <message id="Failure.Import.Write">
+    <source></source>
+    <translation>%1 could not be written into the library: %2</translation>
   </message>
   <message id="Failure.PropertyList.Damaged">
     <source></source>
@@ -187,6 +371,22 @@
     <source></source>
     <translation>“%1” cannot be written. Move the library to a disk you may write to, or ask for permission.</translation>
   </message>
+  <message id="Label.All.Files">
+    <source></source>
+    <translation>All files</translation>
+  </message>
+  <message id="Label.Height">
+    <source></source>
+    <translation>Height: %1</translation>
+  </message>
+  <message id="Label.Supported.Files">
+    <source></source>
+    <translation>Supported files</translation>
+  </message>
+  <message id="Label.Width">
+    <source></source>
+    <translation>Width: %1</translation>
+  </message>
   <message id="Lib.All">
     <source></source>
     <translation>All</translation>
@@ -214,6 +414,14 @@
   <message id="Lib.Library">
     <source></source>
     <translation>Library</translation>
+  </message>
+  <message id="Lib.Movie">
+    <source></source>
+    <translation>Movie</translation>
+  </message>
+  <message id="Lib.Other">
+    <source></source>
+    <translation>Other</translation>
   </message>
   <message id="Lib.PDF">
     <source></source>

@@ -21,7 +21,10 @@ struct ImportItem {
     MediaKind kind = MediaKind::Unset;
     bool isRecord = false;
 
-    [[nodiscard]] static ImportItem fromPath(const QString& path) { return {path, {}, MediaKind::Unset, false}; }
+    [[nodiscard]] static ImportItem fromPath(const QString& path)
+    {
+        return {path, {}, MediaKind::Unset, false};
+    }
     /// A text, a file URL or a map; other values give an item without a path.
     [[nodiscard]] static ImportItem fromVariant(const QVariant& value);
     [[nodiscard]] static std::vector<ImportItem> fromPaths(const QStringList& paths);
@@ -34,8 +37,8 @@ struct SkippedPath {
     QString reason;
 };
 
-/// The flat list of acceptable items, in order, and what was left out. A folder counts as one level of files, an
-/// application folder as its resources. Reads the disk; for a worker.
+/// The flat list of acceptable items, in order, and what was left out. A folder counts as one level of files,
+/// an application folder as its resources. Reads the disk; for a worker.
 struct FilteredItems {
     std::vector<ImportItem> items;
     std::vector<SkippedPath> skipped;

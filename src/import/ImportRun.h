@@ -22,8 +22,8 @@ struct ImportEnvironment {
     const platform::AliasResolver& aliases;
     const platform::FileIndex& fileIndex;
     const platform::Bookmarks& bookmarks;
-    /// Asks for a folder to grant access to, starting there; empty when cancelled. Called on the main thread. Null:
-    /// as if always cancelled.
+    /// Asks for a folder to grant access to, starting there; empty when cancelled. Called on the main thread.
+    /// Null: as if always cancelled.
     std::function<QString(const QString& folder)> askForFolder;
     /// Files analysed at once; 0: one for each core.
     int parallel = 0;
@@ -56,9 +56,9 @@ struct ImportProgress {
     [[nodiscard]] int percent() const { return total > 0 ? index * 100 / total : 0; }
 };
 
-/// One run: filters the list, analyses several files at once on workers, commits the results in list order on the
-/// main thread. A worker puts an item's whole folder together beside its place; the commit renames it into place and
-/// saves the record, so that at any moment every record has its files.
+/// One run: filters the list, analyses several files at once on workers, commits the results in list order on
+/// the main thread. A worker puts an item's whole folder together beside its place; the commit renames it
+/// into place and saves the record, so that at any moment every record has its files.
 class ImportRun : public QObject {
     Q_OBJECT
 

@@ -14,12 +14,13 @@
 namespace mosaro::store {
 class Colors;
 class Tags;
-}
+} // namespace mosaro::store
 
 namespace mosaro::importing {
 
-/// The read model of one item: absolute paths, the file that can be drawn, values for people, and the grid's item
-/// contract. Cheap and short-lived. Without a record every accessor gives an empty value (mediaKindType gives 15).
+/// The read model of one item: absolute paths, the file that can be drawn, values for people, and the grid's
+/// item contract. Cheap and short-lived. Without a record every accessor gives an empty value (mediaKindType
+/// gives 15).
 class MRBrowserItem {
 public:
     /// `masterDirPath` is the open library's; without one paths come out relative and nothing is readable.
@@ -140,6 +141,9 @@ public:
     [[nodiscard]] QStringList tagsWithName() const;
 
 private:
+    [[nodiscard]] QString inMasters(const QString& stored) const;
+    [[nodiscard]] QString colorAsStringOfType(int colorType) const;
+
     std::shared_ptr<store::Media> m_media;
     QString m_masterDirPath;
     int m_sortKey = 7;
