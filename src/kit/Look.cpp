@@ -110,7 +110,14 @@ void installLook(QApplication& application)
 
 QIcon icon(const QString& name, const QColor& tint)
 {
-    return QIcon(new IconEngine(name, tint));
+    // One drawing serves every scale, so the names of the doubled pictures mean the same drawing.
+    QString drawing = name;
+    for (const QLatin1String doubled : {QLatin1String("_R"), QLatin1String("_retina")}) {
+        if (drawing.endsWith(doubled)) {
+            drawing.chop(doubled.size());
+        }
+    }
+    return QIcon(new IconEngine(drawing, tint));
 }
 
 int motion(int milliseconds)

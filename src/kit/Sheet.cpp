@@ -1,5 +1,6 @@
 #include "kit/Sheet.h"
 
+#include "kit/FocusChain.h"
 #include "kit/Look.h"
 #include "kit/Paint.h"
 
@@ -14,25 +15,6 @@ namespace mosaro::kit {
 namespace {
 
 const QColor kScrim(0, 0, 0, 128);
-
-bool takesFocus(const QWidget& widget)
-{
-    return widget.isVisible() && widget.isEnabled() && (widget.focusPolicy() & Qt::TabFocus) != 0;
-}
-
-/// The content's own widgets in the order of the Tab key.
-QList<QWidget*> focusChain(QWidget& content)
-{
-    QList<QWidget*> chain;
-    QWidget* widget = &content;
-    do {
-        if ((widget == &content || content.isAncestorOf(widget)) && takesFocus(*widget)) {
-            chain.append(widget);
-        }
-        widget = widget->nextInFocusChain();
-    } while (widget != nullptr && widget != &content);
-    return chain;
-}
 
 } // namespace
 
@@ -139,15 +121,7 @@ void Sheet::keyPressEvent(QKeyEvent* event)
 
 bool Sheet::focusNextPrevChild(bool next)
 {
-    const QList<QWidget*> chain = m_content != nullptr ? focusChain(*m_content) : QList<QWidget*>();
-    if (chain.isEmpty()) {
-        return true;
-    }
-    const qsizetype current = chain.indexOf(m_window.focusWidget());
-    const qsizetype step = current < 0 ? (next ? 0 : chain.size() - 1)
-                                       : (current + (next ? 1 : chain.size() - 1)) % chain.size();
-    chain.at(step)->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
-    return true;
+    return m_content == nullptr || moveFocusWithin(*m_content, next);
 }
 
 void Sheet::place()

@@ -5,8 +5,9 @@
 
 namespace mosaro::kit {
 
-/// A panel attached to a window, kit::metric::sheetTop below its top edge, over a scrim that keeps the rest of the
-/// window from the mouse and the keyboard. Owns its content once shown; stays centred as the window changes.
+/// A panel attached to a window, kit::metric::sheetTop below its top edge, over a scrim that keeps the rest
+/// of the window from the mouse and the keyboard. Owns its content once shown; stays centred as the window
+/// changes.
 class Sheet : public QWidget {
     Q_OBJECT
 
