@@ -2,21 +2,15 @@
 
 #include "kit/FocusChain.h"
 #include "kit/Look.h"
-#include "kit/SpinningIndicator.h"
 
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPainter>
-#include <QVBoxLayout>
 
 namespace mosaro::kit {
 
 namespace {
 
 constexpr int kFadeMilliseconds = 200;
-constexpr qreal kAlertAlpha = 0.75;
-constexpr qreal kModeAlpha = 0.85;
-constexpr qreal kModeWhite = 0.12;
 
 } // namespace
 
@@ -133,70 +127,6 @@ void Overlay::keyPressEvent(QKeyEvent* event)
 bool Overlay::focusNextPrevChild(bool next)
 {
     return m_hosted == nullptr || moveFocusWithin(*m_hosted, next);
-}
-
-SpinnerOverlay::SpinnerOverlay(QWidget& window) : Overlay(window, Qt::black, kAlertAlpha)
-{
-    auto* view = new QWidget;
-    auto* layout = new QVBoxLayout(view);
-    m_spinner = new SpinningIndicator;
-    m_text = new QLabel;
-    m_text->setAlignment(Qt::AlignCenter);
-    m_text->setWordWrap(true);
-    m_text->setFont(kit::font(14));
-    layout->addStretch();
-    layout->addWidget(m_spinner, 0, Qt::AlignHCenter);
-    layout->addSpacing(metric::gap);
-    layout->addWidget(m_text);
-    layout->addStretch();
-    setHosted(view);
-    connect(this, &Overlay::gone, m_spinner, &SpinningIndicator::stop);
-}
-
-void SpinnerOverlay::showAlertView(bool shown, const QString& message)
-{
-    if (!shown) {
-        m_spinner->stop();
-        hideOverlay();
-        return;
-    }
-    if (!message.isEmpty()) {
-        m_text->setText(message);
-    }
-    if (!isUp()) {
-        m_spinner->start();
-        showOverlay();
-    }
-}
-
-void SpinnerOverlay::updateAlertViewMessage(const QString& message)
-{
-    if (isUp()) {
-        m_text->setText(message);
-    }
-}
-
-QString SpinnerOverlay::message() const
-{
-    return m_text->text();
-}
-
-ModeOverlay::ModeOverlay(QWidget& window)
-    : Overlay(window, QColor::fromRgbF(float(kModeWhite), float(kModeWhite), float(kModeWhite)), kModeAlpha)
-{
-    connect(this, &Overlay::gone, this, [this] { setHosted(nullptr); });
-}
-
-void ModeOverlay::showAlertMode(bool shown, QWidget* view)
-{
-    if (shown) {
-        if (view != nullptr) {
-            setHosted(view);
-        }
-        showOverlay();
-    } else {
-        hideOverlay();
-    }
 }
 
 } // namespace mosaro::kit

@@ -4,11 +4,7 @@
 #include <QVariantAnimation>
 #include <QWidget>
 
-class QLabel;
-
 namespace mosaro::kit {
-
-class SpinningIndicator;
 
 /// A coloured pane over the whole of a window that keeps mouse and keyboard off what lies below, and fades in
 /// and out.
@@ -50,34 +46,6 @@ private:
     QVariantAnimation m_fade;
     QPointer<QWidget> m_hosted;
     QPointer<QWidget> m_focusBefore;
-};
-
-/// Black, with a spinner and a line of text, for work that must not be disturbed.
-class SpinnerOverlay : public Overlay {
-    Q_OBJECT
-
-public:
-    explicit SpinnerOverlay(QWidget& window);
-
-    /// True shows the overlay, with the text when there is one; false takes it away.
-    void showAlertView(bool shown, const QString& message = {});
-    void updateAlertViewMessage(const QString& message);
-    [[nodiscard]] QString message() const;
-
-private:
-    SpinningIndicator* m_spinner;
-    QLabel* m_text;
-};
-
-/// Dark grey, filled by a view that gets the keyboard.
-class ModeOverlay : public Overlay {
-    Q_OBJECT
-
-public:
-    explicit ModeOverlay(QWidget& window);
-
-    /// True shows the overlay with `view`, which belongs to the overlay from then on; false takes both away.
-    void showAlertMode(bool shown, QWidget* view = nullptr);
 };
 
 } // namespace mosaro::kit
