@@ -3,6 +3,18 @@
 <TS version="2.1" language="en">
 <context>
   <name></name>
+  <message id="Accessible.Divider">
+    <source></source>
+    <translation>Divider between sidebar and browser</translation>
+  </message>
+  <message id="Accessible.Grid">
+    <source></source>
+    <translation>Items</translation>
+  </message>
+  <message id="Accessible.Import.Preview">
+    <source></source>
+    <translation>Latest imported picture</translation>
+  </message>
   <message id="Accessible.Progress">
     <source></source>
     <translation>Progress</translation>
@@ -39,6 +51,54 @@
     <source></source>
     <translation>Choose</translation>
   </message>
+  <message id="Basic.Choose.Library">
+    <source></source>
+    <translation>Choose Library…</translation>
+  </message>
+  <message id="Basic.Close">
+    <source></source>
+    <translation>Close</translation>
+  </message>
+  <message id="Basic.Continue">
+    <source></source>
+    <translation>Continue</translation>
+  </message>
+  <message id="Basic.Copy.List">
+    <source></source>
+    <translation>Copy List</translation>
+  </message>
+  <message id="Basic.Create">
+    <source></source>
+    <translation>Create</translation>
+  </message>
+  <message id="Basic.Create.Library">
+    <source></source>
+    <translation>Create Library…</translation>
+  </message>
+  <message id="Basic.Drop.Images">
+    <source></source>
+    <translation>Drop pictures or folders here</translation>
+  </message>
+  <message id="Basic.Find">
+    <source></source>
+    <translation>&amp;Find</translation>
+  </message>
+  <message id="Basic.Hide.Sidebar">
+    <source></source>
+    <translation>Hide &amp;Sidebar</translation>
+  </message>
+  <message id="Basic.Import">
+    <source></source>
+    <translation>Import…</translation>
+  </message>
+  <message id="Basic.Import.Media">
+    <source></source>
+    <translation>Importing %1</translation>
+  </message>
+  <message id="Basic.Import.Preparing">
+    <source></source>
+    <translation>Preparing the import…</translation>
+  </message>
   <message id="Basic.Item">
     <source></source>
     <translation>%1 item, %2</translation>
@@ -46,6 +106,10 @@
   <message id="Basic.Items">
     <source></source>
     <translation>%1 items, %2</translation>
+  </message>
+  <message id="Basic.Load.Library">
+    <source></source>
+    <translation>Opening the library…</translation>
   </message>
   <message id="Basic.More">
     <source></source>
@@ -63,6 +127,10 @@
     <source></source>
     <translation>No color selected</translation>
   </message>
+  <message id="Basic.No.Library">
+    <source></source>
+    <translation>No Library Open</translation>
+  </message>
   <message id="Basic.No.Media">
     <source></source>
     <translation>No items</translation>
@@ -79,9 +147,25 @@
     <source></source>
     <translation>OK</translation>
   </message>
+  <message id="Basic.Quit">
+    <source></source>
+    <translation>Quit</translation>
+  </message>
+  <message id="Basic.Reveal">
+    <source></source>
+    <translation>Show in Folder</translation>
+  </message>
+  <message id="Basic.Select.All">
+    <source></source>
+    <translation>Select All</translation>
+  </message>
   <message id="Basic.Selected.Item">
     <source></source>
     <translation>%1 of %2 selected</translation>
+  </message>
+  <message id="Basic.Show.Sidebar">
+    <source></source>
+    <translation>Show &amp;Sidebar</translation>
   </message>
   <message id="Basic.Size.Byte">
     <source></source>
@@ -119,6 +203,10 @@
     <source></source>
     <translation>Stop</translation>
   </message>
+  <message id="Basic.Stopping">
+    <source></source>
+    <translation>Stopping…</translation>
+  </message>
   <message id="Basic.Untitled.Collection">
     <source></source>
     <translation>Untitled Collection</translation>
@@ -130,6 +218,58 @@
   <message id="Basic.YES">
     <source></source>
     <translation>Yes</translation>
+  </message>
+  <message id="CX.Rating">
+    <source></source>
+    <translation>Rating</translation>
+  </message>
+  <message id="CX.Sort.Ascending">
+    <source></source>
+    <translation>&amp;Ascending</translation>
+  </message>
+  <message id="CX.Sort.By">
+    <source></source>
+    <translation>Sort By</translation>
+  </message>
+  <message id="CX.Sort.Date.Created">
+    <source></source>
+    <translation>Date &amp;Created</translation>
+  </message>
+  <message id="CX.Sort.Date.Imported">
+    <source></source>
+    <translation>Date &amp;Imported</translation>
+  </message>
+  <message id="CX.Sort.Date.Modified">
+    <source></source>
+    <translation>Date &amp;Modified</translation>
+  </message>
+  <message id="CX.Sort.Descending">
+    <source></source>
+    <translation>&amp;Descending</translation>
+  </message>
+  <message id="CX.Sort.FileSize">
+    <source></source>
+    <translation>File &amp;Size</translation>
+  </message>
+  <message id="CX.Sort.Height">
+    <source></source>
+    <translation>&amp;Height</translation>
+  </message>
+  <message id="CX.Sort.Last.Opened">
+    <source></source>
+    <translation>Date &amp;Last Opened</translation>
+  </message>
+  <message id="CX.Sort.Rating">
+    <source></source>
+    <translation>&amp;Rating</translation>
+  </message>
+  <message id="CX.Sort.Title">
+    <source></source>
+    <translation>&amp;Title</translation>
+  </message>
+  <message id="CX.Sort.Width">
+    <source></source>
+    <translation>&amp;Width</translation>
   </message>
   <message id="Document.ACORN">
     <source></source>
@@ -231,9 +371,93 @@
     <source></source>
     <translation>Choose something whose name ends in: %1.</translation>
   </message>
+  <message id="Error.Create.Library">
+    <source></source>
+    <translation>“%1” could not be created in “%2”.</translation>
+  </message>
+  <message id="Error.Damaged.Library">
+    <source></source>
+    <translation>The library could not be opened. Continue to choose another library or to create a new one. Nothing in this one has been changed.</translation>
+  </message>
+  <message id="Error.Import.Media">
+    <source></source>
+    <translation>Some files could not be imported.</translation>
+  </message>
   <message id="Failure.Collection.Gone">
     <source></source>
     <translation>“%1” is no longer in the library. Select another collection.</translation>
+  </message>
+  <message id="Failure.Ctl.CollectionTitle">
+    <source></source>
+    <translation>A collection needs a title. Give one with --collection TITLE.</translation>
+  </message>
+  <message id="Failure.Ctl.General">
+    <source></source>
+    <translation>%1. See: mosaroctl --help</translation>
+  </message>
+  <message id="Failure.Ctl.Kind">
+    <source></source>
+    <translation>A kind is one of %1</translation>
+  </message>
+  <message id="Failure.Ctl.ManyCollections">
+    <source></source>
+    <translation>Several collections are called “%1”. Rename all but one, or choose another.</translation>
+  </message>
+  <message id="Failure.Ctl.NoCollection">
+    <source></source>
+    <translation>There is no collection “%1”. See: mosaroctl collections</translation>
+  </message>
+  <message id="Failure.Ctl.NoCommand">
+    <source></source>
+    <translation>A command is missing. See: mosaroctl --help</translation>
+  </message>
+  <message id="Failure.Ctl.NoItem">
+    <source></source>
+    <translation>There is no item %1. See: mosaroctl list</translation>
+  </message>
+  <message id="Failure.Ctl.NoKeyword">
+    <source></source>
+    <translation>The text to search for is empty</translation>
+  </message>
+  <message id="Failure.Ctl.NoLibrary">
+    <source></source>
+    <translation>There is no library at %1. Make one with: mosaroctl create PATH</translation>
+  </message>
+  <message id="Failure.Ctl.NoTag">
+    <source></source>
+    <translation>There is no tag “%1”. See: mosaroctl tags</translation>
+  </message>
+  <message id="Failure.Ctl.OneSelection">
+    <source></source>
+    <translation>Only one of --collection, --tag, --kind and --recent can be used</translation>
+  </message>
+  <message id="Failure.Ctl.Operands">
+    <source></source>
+    <translation>This command takes %1 after its options</translation>
+  </message>
+  <message id="Failure.Ctl.PathTaken">
+    <source></source>
+    <translation>Something stands at %1 already. Choose another path.</translation>
+  </message>
+  <message id="Failure.Ctl.SearchField">
+    <source></source>
+    <translation>A search looks in title, copyright, notes or url</translation>
+  </message>
+  <message id="Failure.Ctl.SortKey">
+    <source></source>
+    <translation>A sort key is one of %1</translation>
+  </message>
+  <message id="Failure.Ctl.Stopped">
+    <source></source>
+    <translation>Stopped at file %1. What was imported until then stays.</translation>
+  </message>
+  <message id="Failure.Ctl.UnknownCommand">
+    <source></source>
+    <translation>There is no command “%1”. See: mosaroctl --help</translation>
+  </message>
+  <message id="Failure.Ctl.Usage">
+    <source></source>
+    <translation>%1. See: mosaroctl %2 --help</translation>
   </message>
   <message id="Failure.Disk.Full">
     <source></source>
@@ -250,6 +474,42 @@
   <message id="Failure.Disk.ReadOnly">
     <source></source>
     <translation>the disk is read-only. Move the library to one that can be written.</translation>
+  </message>
+  <message id="Failure.Format.NoRenderer">
+    <source></source>
+    <translation>Files of the format “%1” cannot be shown yet. Save the document as PNG, JPEG or TIFF and import that.</translation>
+  </message>
+  <message id="Failure.Image.Damaged">
+    <source></source>
+    <translation>The picture is damaged or incomplete. Open it in another program and save it again, or fetch it once more.</translation>
+  </message>
+  <message id="Failure.Image.Empty">
+    <source></source>
+    <translation>The file is empty. Save it or fetch it again.</translation>
+  </message>
+  <message id="Failure.Image.Encoding">
+    <source></source>
+    <translation>The preview of the picture could not be made. Try again.</translation>
+  </message>
+  <message id="Failure.Image.FileTooLarge">
+    <source></source>
+    <translation>The file is too large to be imported. Make it smaller first.</translation>
+  </message>
+  <message id="Failure.Image.NotAPicture">
+    <source></source>
+    <translation>The file does not hold a picture, whatever its name says. Check what it is and name it rightly.</translation>
+  </message>
+  <message id="Failure.Image.TooLarge">
+    <source></source>
+    <translation>The picture is %1 by %2 pixels, more than can be imported. Scale it down first.</translation>
+  </message>
+  <message id="Failure.Image.TooSlow">
+    <source></source>
+    <translation>Reading the picture took too long. Save it again in another program, in a plainer form.</translation>
+  </message>
+  <message id="Failure.Image.Unreadable">
+    <source></source>
+    <translation>The file cannot be read. Check that it still exists and that you may open it.</translation>
   </message>
   <message id="Failure.Import.Analysis">
     <source></source>
@@ -291,9 +551,65 @@
     <source></source>
     <translation>The item's folder could not be made in the library: %1</translation>
   </message>
+  <message id="Failure.Import.Without.Snapshot">
+    <source></source>
+    <translation>--import works together with --snapshot only; to import without a window use mosaroctl import.</translation>
+  </message>
   <message id="Failure.Import.Write">
     <source></source>
     <translation>%1 could not be written into the library: %2</translation>
+  </message>
+  <message id="Failure.Library.CannotCreate">
+    <source></source>
+    <translation>“%1” could not be created. Check that the disk is there, has room, and may be written to.</translation>
+  </message>
+  <message id="Failure.Library.CannotLock">
+    <source></source>
+    <translation>“%1” could not be reserved for this program (%2). Check that it is there and that you may open it.</translation>
+  </message>
+  <message id="Failure.Library.CannotReplace">
+    <source></source>
+    <translation>“%1” could not be replaced. Choose another name.</translation>
+  </message>
+  <message id="Failure.Library.Exists">
+    <source></source>
+    <translation>“%1” exists already. Choose another name.</translation>
+  </message>
+  <message id="Failure.Library.Held">
+    <source></source>
+    <translation>“%1” is open in another program. Close it there, then open it here.</translation>
+  </message>
+  <message id="Failure.Library.HeldBy">
+    <source></source>
+    <translation>“%1” is open in “%2” (process %3). Close it there, then open it here.</translation>
+  </message>
+  <message id="Failure.Library.Missing">
+    <source></source>
+    <translation>There is no library at “%1”. Choose or create another.</translation>
+  </message>
+  <message id="Failure.Library.NotALibrary">
+    <source></source>
+    <translation>“%1” is not a Mosaro library. Choose a folder whose name ends in “.mrlibrary”.</translation>
+  </message>
+  <message id="Failure.Library.NotRemembered">
+    <source></source>
+    <translation>“%1” could not be noted as the library to open next time. Check that your preferences may be written.</translation>
+  </message>
+  <message id="Failure.Library.StateEmpty">
+    <source></source>
+    <translation>The state record “%1” is empty. Restore it from a backup, or remove it to start with the defaults.</translation>
+  </message>
+  <message id="Failure.Library.StateUnreadable">
+    <source></source>
+    <translation>The library's state record cannot be read. Restore it from a backup, or remove it to start with the defaults. %1</translation>
+  </message>
+  <message id="Failure.Library.StoreGone">
+    <source></source>
+    <translation>The data file of “%1” is gone or empty, while its items are still there. Restore the file “Mosaro” in it from a backup; nothing was changed.</translation>
+  </message>
+  <message id="Failure.No.Display">
+    <source></source>
+    <translation>there is no display to show a window on; start Mosaro in a desktop session, or use --snapshot FILE.png</translation>
   </message>
   <message id="Failure.PropertyList.Damaged">
     <source></source>
@@ -330,6 +646,10 @@
   <message id="Failure.Query.UnknownAttribute">
     <source></source>
     <translation>There is no “%1” in %2.</translation>
+  </message>
+  <message id="Failure.Snapshot.Save">
+    <source></source>
+    <translation>The picture could not be saved as %1. Check that the folder exists and may be written to.</translation>
   </message>
   <message id="Failure.Store.Busy">
     <source></source>
@@ -371,13 +691,257 @@
     <source></source>
     <translation>“%1” cannot be written. Move the library to a disk you may write to, or ask for permission.</translation>
   </message>
+  <message id="File.Close.Window">
+    <source></source>
+    <translation>&amp;Close Window</translation>
+  </message>
+  <message id="File.Export">
+    <source></source>
+    <translation>&amp;Export…</translation>
+  </message>
+  <message id="File.Import">
+    <source></source>
+    <translation>&amp;Import…</translation>
+  </message>
+  <message id="File.New.Collection">
+    <source></source>
+    <translation>&amp;New Collection</translation>
+  </message>
+  <message id="File.New.Folder">
+    <source></source>
+    <translation>New &amp;Folder</translation>
+  </message>
+  <message id="File.New.SmartCollection">
+    <source></source>
+    <translation>New &amp;Smart Collection…</translation>
+  </message>
+  <message id="File.New.Tag">
+    <source></source>
+    <translation>New &amp;Tag</translation>
+  </message>
+  <message id="File.Switch.To.Library">
+    <source></source>
+    <translation>Switch to &amp;Library…</translation>
+  </message>
+  <message id="Help.Feedback">
+    <source></source>
+    <translation>Send &amp;Feedback…</translation>
+  </message>
+  <message id="Help.Mosaro">
+    <source></source>
+    <translation>Mosaro &amp;Help</translation>
+  </message>
+  <message id="Help.Option.Chooser">
+    <source></source>
+    <translation>Ask for the library at start, as holding Alt does.</translation>
+  </message>
+  <message id="Help.Option.Files">
+    <source></source>
+    <translation>Files to import with --import.</translation>
+  </message>
+  <message id="Help.Option.Help">
+    <source></source>
+    <translation>Show this help.</translation>
+  </message>
+  <message id="Help.Option.Import">
+    <source></source>
+    <translation>With --snapshot: import the files that follow first.</translation>
+  </message>
+  <message id="Help.Option.Library">
+    <source></source>
+    <translation>Open this library package.</translation>
+  </message>
+  <message id="Help.Option.Snapshot">
+    <source></source>
+    <translation>Run unattended: save a picture of the main window in this file, then quit.</translation>
+  </message>
+  <message id="Help.Option.Version">
+    <source></source>
+    <translation>Show the version.</translation>
+  </message>
+  <message id="Help.ReleaseNotes">
+    <source></source>
+    <translation>&amp;Release Notes</translation>
+  </message>
+  <message id="Help.Twitter">
+    <source></source>
+    <translation>Follow &amp;Mosaro</translation>
+  </message>
+  <message id="Help.WebSite">
+    <source></source>
+    <translation>Mosaro &amp;Web Site</translation>
+  </message>
+  <message id="Hint.Ctl.Collections">
+    <source></source>
+    <translation>List collections: ID, type, number of items, title</translation>
+  </message>
+  <message id="Hint.Ctl.Colors">
+    <source></source>
+    <translation>List colours: the colour and its role, 0 to 3</translation>
+  </message>
+  <message id="Hint.Ctl.Commands">
+    <source></source>
+    <translation>Commands:</translation>
+  </message>
+  <message id="Hint.Ctl.Create">
+    <source></source>
+    <translation>Make an empty library</translation>
+  </message>
+  <message id="Hint.Ctl.Created">
+    <source></source>
+    <translation>Made the library %1</translation>
+  </message>
+  <message id="Hint.Ctl.ExitStatus">
+    <source></source>
+    <translation>Exit status: 0 all well, 1 the command failed, 2 wrong usage, 3 some items failed.</translation>
+  </message>
+  <message id="Hint.Ctl.Help">
+    <source></source>
+    <translation>Tell what the command takes</translation>
+  </message>
+  <message id="Hint.Ctl.Import">
+    <source></source>
+    <translation>Bring files, and the files of folders, into a collection</translation>
+  </message>
+  <message id="Hint.Ctl.Import.Collection">
+    <source></source>
+    <translation>The collection, made when there is none; “Untitled Collection” without this</translation>
+  </message>
+  <message id="Hint.Ctl.Import.Kind">
+    <source></source>
+    <translation>The kind of all the files; 4, 7 and 15 are copied in any case</translation>
+  </message>
+  <message id="Hint.Ctl.Import.Reference">
+    <source></source>
+    <translation>Leave the files where they are</translation>
+  </message>
+  <message id="Hint.Ctl.Imported">
+    <source></source>
+    <translation>Imported %1 files into “%2”</translation>
+  </message>
+  <message id="Hint.Ctl.Json">
+    <source></source>
+    <translation>Print JSON</translation>
+  </message>
+  <message id="Hint.Ctl.Library">
+    <source></source>
+    <translation>The library; without it the one the application opened last, else the default one</translation>
+  </message>
+  <message id="Hint.Ctl.List">
+    <source></source>
+    <translation>List items</translation>
+  </message>
+  <message id="Hint.Ctl.List.Collection">
+    <source></source>
+    <translation>Only items of this collection</translation>
+  </message>
+  <message id="Hint.Ctl.List.Descending">
+    <source></source>
+    <translation>Largest, latest or last first</translation>
+  </message>
+  <message id="Hint.Ctl.List.Kind">
+    <source></source>
+    <translation>Only items of this kind</translation>
+  </message>
+  <message id="Hint.Ctl.List.Recent">
+    <source></source>
+    <translation>Only items imported lately</translation>
+  </message>
+  <message id="Hint.Ctl.List.Sort">
+    <source></source>
+    <translation>title, size, rating, width, height, created, modified, imported (the default) or opened</translation>
+  </message>
+  <message id="Hint.Ctl.List.Tag">
+    <source></source>
+    <translation>Only items with this tag</translation>
+  </message>
+  <message id="Hint.Ctl.Options">
+    <source></source>
+    <translation>Options:</translation>
+  </message>
+  <message id="Hint.Ctl.Search">
+    <source></source>
+    <translation>Find items by a part of a text, latest first</translation>
+  </message>
+  <message id="Hint.Ctl.Search.In">
+    <source></source>
+    <translation>title (the default), copyright, notes or url</translation>
+  </message>
+  <message id="Hint.Ctl.Show">
+    <source></source>
+    <translation>Show one item in full</translation>
+  </message>
+  <message id="Hint.Ctl.Tags">
+    <source></source>
+    <translation>List tags</translation>
+  </message>
+  <message id="Hint.Ctl.Usage">
+    <source></source>
+    <translation>Usage: %1</translation>
+  </message>
+  <message id="Hint.Ctl.Verify">
+    <source></source>
+    <translation>Compare the records with the files</translation>
+  </message>
+  <message id="Hint.Ctl.Verify.Clean">
+    <source></source>
+    <translation>Every record has its files, and every item folder its record.</translation>
+  </message>
+  <message id="Hint.Ctl.Verify.Folder">
+    <source></source>
+    <translation>No record names the folder %1. Remove it with --repair.</translation>
+  </message>
+  <message id="Hint.Ctl.Verify.Original">
+    <source></source>
+    <translation>The file of the item %1 is gone. Bring it back to its place, or import it again.</translation>
+  </message>
+  <message id="Hint.Ctl.Verify.Preview">
+    <source></source>
+    <translation>The preview of the item %1 is gone. Import its file again.</translation>
+  </message>
+  <message id="Hint.Ctl.Verify.Removed">
+    <source></source>
+    <translation>Removed the folder %1, which no record named.</translation>
+  </message>
+  <message id="Hint.Ctl.Verify.Repair">
+    <source></source>
+    <translation>Remove item folders that no record names</translation>
+  </message>
+  <message id="Hint.Ctl.Version">
+    <source></source>
+    <translation>Print the version</translation>
+  </message>
+  <message id="Hint.Drop.Images">
+    <source></source>
+    <translation>They are brought into this collection. You can also choose them from your disk.</translation>
+  </message>
   <message id="Label.All.Files">
     <source></source>
     <translation>All files</translation>
   </message>
+  <message id="Label.Failed.File">
+    <source></source>
+    <translation>1 file</translation>
+  </message>
+  <message id="Label.Failed.Files">
+    <source></source>
+    <translation>%1 files</translation>
+  </message>
   <message id="Label.Height">
     <source></source>
     <translation>Height: %1</translation>
+  </message>
+  <message id="Label.Import.Count">
+    <source></source>
+    <translation>%1 of %2</translation>
+  </message>
+  <message id="Label.Percent">
+    <source></source>
+    <translation>%1 %</translation>
+  </message>
+  <message id="Label.Save.As">
+    <source></source>
+    <translation>Save as:</translation>
   </message>
   <message id="Label.Supported.Files">
     <source></source>
@@ -435,6 +999,10 @@
     <source></source>
     <translation>Recent</translation>
   </message>
+  <message id="Lib.Samples">
+    <source></source>
+    <translation>Samples</translation>
+  </message>
   <message id="Lib.Screen">
     <source></source>
     <translation>Screen</translation>
@@ -455,6 +1023,74 @@
     <source></source>
     <translation>Your Collections</translation>
   </message>
+  <message id="MRL.Message">
+    <source></source>
+    <translation>A library holds your pictures and designs, their previews and everything you know about them. Choose one you have, or create a new one.</translation>
+  </message>
+  <message id="MRL.Title">
+    <source></source>
+    <translation>Welcome to Mosaro</translation>
+  </message>
+  <message id="Menu.About">
+    <source></source>
+    <translation>&amp;About Mosaro</translation>
+  </message>
+  <message id="Menu.Copy">
+    <source></source>
+    <translation>&amp;Copy</translation>
+  </message>
+  <message id="Menu.Cut">
+    <source></source>
+    <translation>Cu&amp;t</translation>
+  </message>
+  <message id="Menu.Edit">
+    <source></source>
+    <translation>&amp;Edit</translation>
+  </message>
+  <message id="Menu.File">
+    <source></source>
+    <translation>&amp;File</translation>
+  </message>
+  <message id="Menu.Help">
+    <source></source>
+    <translation>&amp;Help</translation>
+  </message>
+  <message id="Menu.Mosaro">
+    <source></source>
+    <translation>&amp;Mosaro</translation>
+  </message>
+  <message id="Menu.Paste">
+    <source></source>
+    <translation>&amp;Paste</translation>
+  </message>
+  <message id="Menu.Quit">
+    <source></source>
+    <translation>&amp;Quit Mosaro</translation>
+  </message>
+  <message id="Menu.Redo">
+    <source></source>
+    <translation>&amp;Redo</translation>
+  </message>
+  <message id="Menu.Select.All">
+    <source></source>
+    <translation>Select &amp;All</translation>
+  </message>
+  <message id="Menu.Select.None">
+    <source></source>
+    <translation>Select &amp;None</translation>
+  </message>
+  <message id="Menu.Undo">
+    <source></source>
+    <translation>&amp;Undo</translation>
+  </message>
+  <message id="Menu.View">
+    <source></source>
+    <translation>&amp;View</translation>
+  </message>
+  <message id="Menu.Window">
+    <source></source>
+    <translation>&amp;Window</translation>
+  </message>
   <message id="Message.Choose.Accessible.Folders">
     <source></source>
     <translation>This library keeps its pictures where they are. Choose the folder that holds them, or one above it, so that Mosaro can read it later.</translation>
@@ -462,6 +1098,10 @@
   <message id="Message.Choose.Folder">
     <source></source>
     <translation>Choose Folder</translation>
+  </message>
+  <message id="Message.Choose.Library">
+    <source></source>
+    <translation>Choose a library</translation>
   </message>
   <message id="Message.Import">
     <source></source>
@@ -479,9 +1119,149 @@
     <source></source>
     <translation>%1 items imported</translation>
   </message>
+  <message id="Message.Permmision">
+    <source></source>
+    <translation>Check that the disk has room and that you may write to this folder.</translation>
+  </message>
+  <message id="Message.Snapshot.Count">
+    <source></source>
+    <translation>%1 of %2 imported</translation>
+  </message>
+  <message id="Message.Snapshot.Failed">
+    <source></source>
+    <translation>failed    %1: %2</translation>
+  </message>
+  <message id="Message.Snapshot.Imported">
+    <source></source>
+    <translation>imported  %1 (%2 x %3)</translation>
+  </message>
+  <message id="Message.Snapshot.Saved">
+    <source></source>
+    <translation>saved     %1</translation>
+  </message>
+  <message id="Tooltip.Choose.Library">
+    <source></source>
+    <translation>Open a library that is already on this computer</translation>
+  </message>
   <message id="Tooltip.Colors">
     <source></source>
     <translation>Colors</translation>
+  </message>
+  <message id="Tooltip.Copy.Failed.Files">
+    <source></source>
+    <translation>Copy all paths and reasons</translation>
+  </message>
+  <message id="Tooltip.Create.Library">
+    <source></source>
+    <translation>Make a new, empty library in a place you choose</translation>
+  </message>
+  <message id="Tooltip.Divider">
+    <source></source>
+    <translation>Drag to change the width of the sidebar</translation>
+  </message>
+  <message id="Tooltip.Import">
+    <source></source>
+    <translation>Choose files to import</translation>
+  </message>
+  <message id="Tooltip.Quit">
+    <source></source>
+    <translation>Quit Mosaro</translation>
+  </message>
+  <message id="Tooltip.Reveal.File">
+    <source></source>
+    <translation>Show the file in its folder</translation>
+  </message>
+  <message id="Tooltip.Stop.Import">
+    <source></source>
+    <translation>Stop after the file that is being imported</translation>
+  </message>
+  <message id="Tooltip.Zoom">
+    <source></source>
+    <translation>Size of the pictures</translation>
+  </message>
+  <message id="Tooltip.Zoom.Large">
+    <source></source>
+    <translation>Largest pictures</translation>
+  </message>
+  <message id="Tooltip.Zoom.Small">
+    <source></source>
+    <translation>Smallest pictures</translation>
+  </message>
+  <message id="View.Actual.Size">
+    <source></source>
+    <translation>&amp;Actual Size</translation>
+  </message>
+  <message id="View.BrowserView">
+    <source></source>
+    <translation>&amp;Browser</translation>
+  </message>
+  <message id="View.Collections">
+    <source></source>
+    <translation>&amp;Collections</translation>
+  </message>
+  <message id="View.Colors">
+    <source></source>
+    <translation>C&amp;olors</translation>
+  </message>
+  <message id="View.Enter.Full.Screen">
+    <source></source>
+    <translation>Enter F&amp;ull Screen</translation>
+  </message>
+  <message id="View.Exit.Full.Screen">
+    <source></source>
+    <translation>Exit F&amp;ull Screen</translation>
+  </message>
+  <message id="View.Inspector">
+    <source></source>
+    <translation>&amp;Inspector</translation>
+  </message>
+  <message id="View.Show.Filter.Inspector">
+    <source></source>
+    <translation>&amp;Filters</translation>
+  </message>
+  <message id="View.Show.General.Inspector">
+    <source></source>
+    <translation>&amp;General</translation>
+  </message>
+  <message id="View.Show.Inspector">
+    <source></source>
+    <translation>Show &amp;Inspector</translation>
+  </message>
+  <message id="View.Show.Tag.Inspector">
+    <source></source>
+    <translation>&amp;Tags</translation>
+  </message>
+  <message id="View.Tags">
+    <source></source>
+    <translation>&amp;Tags</translation>
+  </message>
+  <message id="View.Zoom.In">
+    <source></source>
+    <translation>Zoom &amp;In</translation>
+  </message>
+  <message id="View.Zoom.Out">
+    <source></source>
+    <translation>Zoom &amp;Out</translation>
+  </message>
+  <message id="View.Zoom.To.Fit">
+    <source></source>
+    <translation>Zoom to &amp;Fit</translation>
+  </message>
+  <message id="Window.Import.Errors">
+    <source></source>
+    <translation>Import</translation>
+  </message>
+  <message id="Window.Minimize">
+    <source></source>
+    <translation>M&amp;inimize</translation>
+  </message>
+  <message id="Window.Mosaro">
+    <source></source>
+    <translation>&amp;Mosaro</translation>
+  </message>
+  <message id="Window.Mosaro.Mini">
+    <source></source>
+    <translation>Mosaro M&amp;ini</translation>
   </message>
 </context>
 </TS>
