@@ -3,6 +3,46 @@
 <TS version="2.1" language="en">
 <context>
   <name></name>
+  <message id="About.Copyright">
+    <source></source>
+    <translation>© %1 The Mosaro developers. All rights reserved.</translation>
+  </message>
+  <message id="About.Developer.Info">
+    <source></source>
+    <translation>The Mosaro developers</translation>
+  </message>
+  <message id="About.Development">
+    <source></source>
+    <translation>DEVELOPMENT</translation>
+  </message>
+  <message id="About.Document">
+    <source></source>
+    <translation>DOCUMENTATION AND ARTWORK</translation>
+  </message>
+  <message id="About.Document.Info">
+    <source></source>
+    <translation>Guide, icons and sounds drawn and recorded for Mosaro</translation>
+  </message>
+  <message id="About.Special.Thanks">
+    <source></source>
+    <translation>Special thanks to %1</translation>
+  </message>
+  <message id="About.Thanks">
+    <source></source>
+    <translation>THANKS</translation>
+  </message>
+  <message id="About.Thanks.Info">
+    <source></source>
+    <translation>To Qt, libvips, SQLite, ICU and everyone who makes and shares free software</translation>
+  </message>
+  <message id="About.Title">
+    <source></source>
+    <translation>About Mosaro</translation>
+  </message>
+  <message id="About.Version">
+    <source></source>
+    <translation>%1 %2 (%3)</translation>
+  </message>
   <message id="Accessible.Divider">
     <source></source>
     <translation>Divider between sidebar and browser</translation>
@@ -10,6 +50,10 @@
   <message id="Accessible.Grid">
     <source></source>
     <translation>Items</translation>
+  </message>
+  <message id="Accessible.Guide">
+    <source></source>
+    <translation>Guide</translation>
   </message>
   <message id="Accessible.Import.Preview">
     <source></source>
@@ -107,6 +151,10 @@
     <source></source>
     <translation>%1 items, %2</translation>
   </message>
+  <message id="Basic.Lets.Go">
+    <source></source>
+    <translation>Let’s Go</translation>
+  </message>
   <message id="Basic.Load.Library">
     <source></source>
     <translation>Opening the library…</translation>
@@ -118,6 +166,10 @@
   <message id="Basic.NO">
     <source></source>
     <translation>No</translation>
+  </message>
+  <message id="Basic.Next">
+    <source></source>
+    <translation>Next</translation>
   </message>
   <message id="Basic.No.Collection.Selected">
     <source></source>
@@ -146,6 +198,10 @@
   <message id="Basic.OK">
     <source></source>
     <translation>OK</translation>
+  </message>
+  <message id="Basic.Previous">
+    <source></source>
+    <translation>Previous</translation>
   </message>
   <message id="Basic.Quit">
     <source></source>
@@ -199,6 +255,10 @@
     <source></source>
     <translation>Zero KB</translation>
   </message>
+  <message id="Basic.Start">
+    <source></source>
+    <translation>Start</translation>
+  </message>
   <message id="Basic.Stop">
     <source></source>
     <translation>Stop</translation>
@@ -214,6 +274,10 @@
   <message id="Basic.Untitled.Folder">
     <source></source>
     <translation>Untitled Folder</translation>
+  </message>
+  <message id="Basic.Version">
+    <source></source>
+    <translation>Version</translation>
   </message>
   <message id="Basic.YES">
     <source></source>
@@ -722,6 +786,66 @@
   <message id="File.Switch.To.Library">
     <source></source>
     <translation>Switch to &amp;Library…</translation>
+  </message>
+  <message id="Guide.Subtitle1">
+    <source></source>
+    <translation>One quiet place for every picture that inspires your work: screens, icons, photos, sketches.</translation>
+  </message>
+  <message id="Guide.Subtitle2">
+    <source></source>
+    <translation>Drop files or folders on a collection, or choose Import. JPEG, PNG, GIF, TIFF, BMP and TGA are read as they are.</translation>
+  </message>
+  <message id="Guide.Subtitle3">
+    <source></source>
+    <translation>Make collections for projects and moods, and put them into folders. One picture lives in the collection you gave it.</translation>
+  </message>
+  <message id="Guide.Subtitle4">
+    <source></source>
+    <translation>Phone, tablet, wallpaper, icon: Mosaro tells from a picture what it is for and lists it there.</translation>
+  </message>
+  <message id="Guide.Subtitle5">
+    <source></source>
+    <translation>Drag the slider to zoom the grid. Sort it by title, size, rating or date; every collection remembers how.</translation>
+  </message>
+  <message id="Guide.Subtitle6">
+    <source></source>
+    <translation>Background, primary, secondary and detail: the colors of every picture are found while it comes in.</translation>
+  </message>
+  <message id="Guide.Subtitle7">
+    <source></source>
+    <translation>Copies are kept safe inside the library; references leave your files where they are. You choose for each library.</translation>
+  </message>
+  <message id="Guide.Title1">
+    <source></source>
+    <translation>Welcome to Mosaro</translation>
+  </message>
+  <message id="Guide.Title2">
+    <source></source>
+    <translation>Bring your pictures in</translation>
+  </message>
+  <message id="Guide.Title3">
+    <source></source>
+    <translation>Collect as you think</translation>
+  </message>
+  <message id="Guide.Title4">
+    <source></source>
+    <translation>Sorted by kind, by itself</translation>
+  </message>
+  <message id="Guide.Title5">
+    <source></source>
+    <translation>See all, or look closely</translation>
+  </message>
+  <message id="Guide.Title6">
+    <source></source>
+    <translation>Four colors tell a picture</translation>
+  </message>
+  <message id="Guide.Title7">
+    <source></source>
+    <translation>Your files stay yours</translation>
+  </message>
+  <message id="Guide.Title8">
+    <source></source>
+    <translation>Your library is ready</translation>
   </message>
   <message id="Help.Feedback">
     <source></source>

@@ -9,9 +9,10 @@
 #include <vector>
 
 namespace mosaro::base {
+class NotificationBus;
 class Prompts;
 class ZNUserDefaults;
-}
+} // namespace mosaro::base
 namespace mosaro::store {
 class ZNDBManager;
 }
@@ -24,9 +25,11 @@ struct BrowserEnvironment {
     base::Prompts& prompts;
     std::function<bool()> isBusy;
     std::function<int()> selectTabIndex;
+    base::NotificationBus& bus;
 };
 
-/// The grid of items with its head line, count line and zoom, and the places that say what to do when it is empty.
+/// The grid of items with its head line, count line and zoom, and the places that say what to do when it is
+/// empty.
 class MRBrowserView : public QWidget {
     Q_OBJECT
 
@@ -54,6 +57,7 @@ public:
     void sortMedia(int tag);
     void ascendOrDescendMedia(int tag);
     void ratingImages(int tag);
+    /// Multiplies the zoom, within its bounds.
     void zoomBy(double factor);
     void selectAll();
     void selectNone();

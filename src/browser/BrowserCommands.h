@@ -1,0 +1,26 @@
+#pragma once
+
+#include "store/Record.h"
+
+#include <vector>
+
+namespace mosaro::store {
+class ZNDBManager;
+}
+
+namespace mosaro::browser {
+
+/// What the browser's commands write. Main thread only.
+class BrowserCommands {
+public:
+    explicit BrowserCommands(store::ZNDBManager& library) : m_library(library) {}
+
+    /// Rates the items 0 to 5 and saves. Nothing for a negative rating, without items or without a library.
+    /// A failed save is logged; false then and when nothing was to be done.
+    bool ratingImages(const std::vector<store::RowId>& rows, int rating);
+
+private:
+    store::ZNDBManager& m_library;
+};
+
+} // namespace mosaro::browser

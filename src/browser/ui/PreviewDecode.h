@@ -1,0 +1,33 @@
+#pragma once
+
+#include "browser/CellContent.h"
+
+#include <QImage>
+#include <QSize>
+
+namespace mosaro::browser {
+
+/// What one picture of the grid is asked for: a value that a worker may keep.
+struct PreviewRequest {
+    QString path;
+    int version = 1;
+    QSize box;       ///< Points that the picture may take.
+    qreal ratio = 1; ///< Device pixels of a point.
+    FileFacts file;
+    bool wantsImage = true;
+};
+
+struct PreviewResult {
+    QImage image; ///< Null: the file is no picture that can be read.
+    QSize originalSize;
+    FileState file;
+};
+
+/// A picture's size in the box: smaller when it must be, never larger than it is.
+[[nodiscard]] QSize fittedSize(const QSize& original, const QSize& box);
+
+/// Reads and scales the preview and looks at the item's file. Pure, for a worker. The kind of file is told by
+/// its content, whatever its name.
+[[nodiscard]] PreviewResult loadPreview(const PreviewRequest& request);
+
+} // namespace mosaro::browser
