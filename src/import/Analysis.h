@@ -16,9 +16,9 @@ namespace mosaro::importing {
 // no pointers, no QObject, no records.
 
 struct AnalysisRequest {
-    QString path;                             ///< Absolute path of the file.
-    DocumentType type = DocumentType::Pdf;    ///< As classified from the name.
-    MediaKind kind = MediaKind::Unset;        ///< As the import item said it.
+    QString path;                          ///< Absolute path of the file.
+    DocumentType type = DocumentType::Pdf; ///< As classified from the name.
+    MediaKind kind = MediaKind::Unset;     ///< As the import item said it.
 };
 
 /// A colour with its share of the votes, 0 to 1.
@@ -40,12 +40,12 @@ struct ImageMetadata {
 };
 
 struct AnalysisResult {
-    base::Result<void> outcome;       ///< Why the file cannot become an item, else success.
+    base::Result<void> outcome; ///< Why the file cannot become an item, else success.
     DocumentType type = DocumentType::Pdf;
     MediaKind kind = MediaKind::Unset; ///< Final kind, by all the rules.
-    QByteArray preview;               ///< Bytes of "preview.png"; PNG, JPEG or GIF by document type.
-    QByteArray sideFile;              ///< Bytes of the side file; empty for types without one.
-    QString sideFileSuffix;           ///< As "_eps.png".
+    QByteArray preview;                ///< Bytes of "preview.png"; PNG, JPEG or GIF by document type.
+    QByteArray sideFile;               ///< Bytes of the side file; empty for types without one.
+    QString sideFileSuffix;            ///< As "_eps.png".
     ImageMetadata metadata;
     bool hasFrames = false;
     std::vector<DominantColor> colors; ///< Falling share; the first four become colour types 0 to 3.
@@ -53,10 +53,11 @@ struct AnalysisResult {
 
 /// The limits that hold for every stranger's file, in one place.
 struct AnalysisLimits {
-    qint64 maxPixels = 1'000'000'000;      ///< Of the whole picture, before any shrinking.
+    qint64 maxPixels = 1'000'000'000;               ///< Of the whole picture, before any shrinking.
     qint64 maxPixelsWithoutStreaming = 100'000'000; ///< For decoders that need the whole picture in memory.
     qint64 maxFileBytes = qint64(8) << 30;
-    int maxSide = 100'000;                 ///< Pixels of one edge.
+    int maxSide = 100'000; ///< Pixels of one edge.
+    int maxSeconds = 60;   ///< For the decoding of one picture.
 };
 [[nodiscard]] const AnalysisLimits& analysisLimits();
 
@@ -64,7 +65,8 @@ struct AnalysisLimits {
 /// file; may run on any thread, several at once.
 [[nodiscard]] AnalysisResult analyse(const AnalysisRequest& request);
 
-/// Before the first analyse() of the process: sets the image library up for many small jobs at once. Idempotent.
+/// Before the first analyse() of the process: sets the image library up for many small jobs at once.
+/// Idempotent.
 void setUpImageLibrary(const char* programName);
 
 } // namespace mosaro::importing

@@ -6,8 +6,9 @@
 
 namespace mosaro::importing {
 
-/// Finds the few dominant colours of a small picture: an n by n sampling in which every cell votes for a small
-/// cloud of nearby colours, then a merge of those that lie close together. An own method of this system.
+/// Finds the few dominant colours of a small picture: an n by n sampling in which every cell votes for a
+/// small cloud of nearby colours, then a merge of those that lie close together. An own method of this
+/// system.
 class ZNColorEngine {
 public:
     /// `detail` 0, 2 or any other value (1 in use): coarse, fine, middle.

@@ -47,4 +47,7 @@ enum class FileType { Tiff = 0, Bmp = 1, Gif = 2, Jpeg = 3, Png = 4 };
 [[nodiscard]] QString contentTypeForImageData(const QByteArray& data);
 [[nodiscard]] QColor averageColor(const QImage& image);
 
+/// `side` by `side` cells (RGBA8888, premultiplied), each the exact mean of the area it covers.
+[[nodiscard]] QImage sampledToGrid(const QImage& image, int side);
+
 } // namespace mosaro::importing

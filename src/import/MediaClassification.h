@@ -12,13 +12,46 @@ namespace mosaro::importing {
 
 /// The file formats, numbered as stored in mediaDocumentType.
 enum class DocumentType {
-    Pdf = 0, Jpeg, Jpeg2000, Tiff, Pict, Gif, Png, QuickTimeImage, Icns, Bmp, Ico, Raw, Svg, Tga, Photoshop,
-    Illustrator, Eps, AffinityDesigner, AffinityPhoto, IDraw, Pixelmator, Sketch, Acorn
+    Pdf = 0,
+    Jpeg,
+    Jpeg2000,
+    Tiff,
+    Pict,
+    Gif,
+    Png,
+    QuickTimeImage,
+    Icns,
+    Bmp,
+    Ico,
+    Raw,
+    Svg,
+    Tga,
+    Photoshop,
+    Illustrator,
+    Eps,
+    AffinityDesigner,
+    AffinityPhoto,
+    IDraw,
+    Pixelmator,
+    Sketch,
+    Acorn
 };
 
 /// What an item is for, numbered as stored in mediaKind.
 enum class MediaKind {
-    Unset = -1, Screen = 4, Phone, Tablet, Web, Icon, Button, Interface, AnimatedGif, Wallpaper, Movie, Pdf, Other
+    Unset = -1,
+    Screen = 4,
+    Phone,
+    Tablet,
+    Web,
+    Icon,
+    Button,
+    Interface,
+    AnimatedGif,
+    Wallpaper,
+    Movie,
+    Pdf,
+    Other
 };
 
 /// The one classifier: document type and kind of files, the accepted extensions and the texts of both tables.
@@ -51,6 +84,8 @@ public:
     [[nodiscard]] static QString mediaKindType(int number);
     /// Maps with "title" and "tag", in table order, without Movie.
     [[nodiscard]] static QVariantList mediaKindList();
+    /// The kind that format and pixel size give together.
+    [[nodiscard]] static MediaKind kindOf(DocumentType type, QSize size);
     /// The kind that a pixel size alone gives: Phone, Tablet, Wallpaper or Other.
     [[nodiscard]] static MediaKind kindOfSize(QSize size);
     [[nodiscard]] static const QStringList& phoneResolutions();
@@ -59,6 +94,8 @@ public:
 
 private:
     [[nodiscard]] bool installed(DocumentType type) const;
+    [[nodiscard]] std::optional<DocumentType> affinityType(const QString& lowerExtension,
+                                                           bool sharedType) const;
 
     const platform::TypeDatabase& m_types;
     const platform::ThumbnailerLookup& m_thumbnailers;

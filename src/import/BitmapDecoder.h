@@ -1,0 +1,43 @@
+#pragma once
+
+#include "base/Result.h"
+#include "import/Analysis.h"
+#include "import/FileHeaders.h"
+#include "import/VipsSupport.h"
+
+#include <QImage>
+#include <QString>
+
+namespace mosaro::importing {
+
+/// A bitmap file whose header is read and found within the limits. Its pixels are decoded when they are asked
+/// for, once, from top to bottom.
+struct OpenedBitmap {
+    QString path;
+    BitmapFormat format = BitmapFormat::Png;
+    QImage decoded;      ///< Under `image` for formats that are decoded at once; goes last.
+    VipsPtr image;       ///< As stored: not turned, colours as in the file.
+    int orientation = 1; ///< EXIF's number, 1 to 8.
+    int pages = 1;
+    ImageMetadata metadata;
+
+    /// As stored.
+    [[nodiscard]] QSize storedSize() const { return {metadata.width, metadata.height}; }
+    /// As it is to be looked at.
+    [[nodiscard]] QSize pixelSize() const
+    {
+        return orientation >= 5 ? storedSize().transposed() : storedSize();
+    }
+};
+
+/// Opens by content, whatever the name says; `named` helps only for formats without a mark.
+[[nodiscard]] base::Result<OpenedBitmap> openBitmap(const QString& path, DocumentType named);
+
+/// The same picture 1, 2, 4 or 8 times smaller, for what the format can shrink while decoding; else as it is.
+[[nodiscard]] VipsPtr imageShrunkOnLoad(const OpenedBitmap& bitmap, int factor);
+
+/// Reasons for the user.
+[[nodiscard]] base::Failure damagedPicture();
+[[nodiscard]] base::Failure tooLargePicture(QSize size);
+
+} // namespace mosaro::importing

@@ -1,0 +1,169 @@
+#include "import/FileHeaders.h"
+
+#include <QIODevice>
+#include <QtEndian>
+#include <cmath>
+
+namespace mosaro::importing {
+
+namespace {
+
+constexpr double kMetresPerInch = 0.0254;
+
+quint32 big32(const QByteArray& bytes, qsizetype offset)
+{
+    return qFromBigEndian<quint32>(bytes.constData() + offset);
+}
+
+quint32 little32(const QByteArray& bytes, qsizetype offset)
+{
+    return qFromLittleEndian<quint32>(bytes.constData() + offset);
+}
+
+quint16 little16(const QByteArray& bytes, qsizetype offset)
+{
+    return qFromLittleEndian<quint16>(bytes.constData() + offset);
+}
+
+int byteAt(const QByteArray& bytes, qsizetype offset)
+{
+    return static_cast<uchar>(bytes.at(offset));
+}
+
+QByteArray readAt(QIODevice& file, qint64 offset, qint64 length)
+{
+    return file.seek(offset) ? file.read(length) : QByteArray();
+}
+
+void readPngImageHeader(const QByteArray& data, BitmapHeader& header)
+{
+    const int colorType = byteAt(data, 9);
+    const bool palette = colorType == 3;
+    header.size = {static_cast<int>(big32(data, 0) & 0x7fffffff),
+                   static_cast<int>(big32(data, 4) & 0x7fffffff)};
+    header.depth = palette ? 8 : byteAt(data, 8);
+    header.isGray = colorType == 0 || colorType == 4;
+    header.hasAlpha = colorType == 4 || colorType == 6;
+    header.isInterlaced = byteAt(data, 12) != 0;
+}
+
+struct BmpDibFields {
+    qint64 width = 0;
+    qint64 height = 0;
+    int bits = 0;
+    quint32 compression = 0;
+};
+
+BmpDibFields readDibFields(const QByteArray& head, quint32 dibSize)
+{
+    if (dibSize == 12)
+        return {little16(head, 18), little16(head, 20), little16(head, 24), 0};
+    return {static_cast<qint32>(little32(head, 18)), static_cast<qint32>(little32(head, 22)),
+            little16(head, 28), little32(head, 30)};
+}
+
+} // namespace
+
+std::optional<BitmapFormat> bitmapFormatOf(const QByteArray& head, DocumentType named)
+{
+    if (head.startsWith("\xff\xd8\xff"))
+        return BitmapFormat::Jpeg;
+    if (head.startsWith("\x89PNG\r\n\x1a\n"))
+        return BitmapFormat::Png;
+    if (head.startsWith("GIF87a") || head.startsWith("GIF89a"))
+        return BitmapFormat::Gif;
+    if (head.startsWith(QByteArray("II*\0", 4)) || head.startsWith(QByteArray("MM\0*", 4)) ||
+        head.startsWith(QByteArray("II+\0", 4)) || head.startsWith(QByteArray("MM\0+", 4)))
+        return BitmapFormat::Tiff;
+    if (head.startsWith("BM") && named != DocumentType::Tga)
+        return BitmapFormat::Bmp;
+    if (head.startsWith("RIFF") && head.mid(8, 4) == "WEBP")
+        return BitmapFormat::WebP;
+    if (named == DocumentType::Tga)
+        return BitmapFormat::Tga;
+    return std::nullopt;
+}
+
+double dpiFromMetre(double pixelsPerMetre)
+{
+    const double dpi = pixelsPerMetre * kMetresPerInch;
+    const double whole = std::round(dpi);
+    return std::abs(dpi - whole) <= kMetresPerInch / 2 ? whole : dpi;
+}
+
+// Walks the chunks before the pixels.
+std::optional<BitmapHeader> readPngHeader(QIODevice& file)
+{
+    BitmapHeader header;
+    qint64 offset = 8;
+    for (int chunk = 0; chunk < 1000; ++chunk) {
+        const QByteArray start = readAt(file, offset, 8);
+        if (start.size() < 8)
+            break;
+        const qint64 length = big32(start, 0);
+        const QByteArray name = start.mid(4, 4);
+        if (name == "IDAT")
+            break;
+        const QByteArray data = file.read(std::min<qint64>(length, 32));
+        if (name == "IHDR" && data.size() >= 13)
+            readPngImageHeader(data, header);
+        else if (name == "tRNS")
+            header.hasAlpha = true;
+        else if (name == "pHYs" && data.size() >= 9 && data.at(8) == 1)
+            header.dpi = dpiFromMetre(big32(data, 0));
+        offset += length + 12;
+    }
+    if (header.size.isEmpty())
+        return std::nullopt;
+    return header;
+}
+
+std::optional<BitmapHeader> readBmpHeader(QIODevice& file)
+{
+    const QByteArray head = readAt(file, 0, 70);
+    if (head.size() < 26)
+        return std::nullopt;
+    const quint32 dibSize = little32(head, 14);
+    if (dibSize != 12 && head.size() < 54)
+        return std::nullopt;
+    const BmpDibFields dib = readDibFields(head, dibSize);
+    const qint64 height = std::abs(dib.height);
+    if (dib.width <= 0 || height <= 0 || height > 0x7fffffff || dib.bits <= 0 || dib.bits > 32)
+        return std::nullopt;
+
+    BitmapHeader header;
+    header.size = {static_cast<int>(dib.width), static_cast<int>(height)};
+    header.depth = dib.bits == 16 ? 5 : 8;
+    if (dibSize >= 40)
+        header.dpi = dpiFromMetre(static_cast<qint32>(little32(head, 38)));
+    // Only the longer headers have a mask for transparency.
+    header.hasAlpha = dib.bits == 32 && dibSize >= 56 && head.size() >= 70 && little32(head, 66) != 0;
+    const bool runLength = dib.compression == 1 || dib.compression == 2;
+    if (!runLength)
+        header.minimumBytes = little32(head, 10) + (dib.width * dib.bits + 31) / 32 * 4 * height;
+    return header;
+}
+
+std::optional<BitmapHeader> readTgaHeader(QIODevice& file)
+{
+    const QByteArray head = readAt(file, 0, 18);
+    if (head.size() < 18)
+        return std::nullopt;
+    const int kind = byteAt(head, 2) & ~8;
+    const int bits = byteAt(head, 16);
+    const bool knownBits = kind == 2 ? bits == 15 || bits == 16 || bits == 24 || bits == 32 : bits == 8;
+    if (kind < 1 || kind > 3 || !knownBits || byteAt(head, 1) > 1)
+        return std::nullopt;
+    BitmapHeader header;
+    header.size = {little16(head, 12), little16(head, 14)};
+    if (header.size.isEmpty())
+        return std::nullopt;
+    const int paletteBits = byteAt(head, 7);
+    const int colorBits = kind == 1 ? paletteBits : bits;
+    header.depth = colorBits == 15 || colorBits == 16 ? 5 : 8;
+    header.isGray = kind == 3;
+    header.hasAlpha = colorBits == 32 && (kind == 1 || (byteAt(head, 17) & 15) != 0);
+    return header;
+}
+
+} // namespace mosaro::importing
