@@ -43,6 +43,14 @@
     <source></source>
     <translation>%1 %2 (%3)</translation>
   </message>
+  <message id="Accessible.Collection.Name">
+    <source></source>
+    <translation>Name of the collection</translation>
+  </message>
+  <message id="Accessible.Collections">
+    <source></source>
+    <translation>Collections</translation>
+  </message>
   <message id="Accessible.Divider">
     <source></source>
     <translation>Divider between sidebar and browser</translation>
@@ -283,9 +291,17 @@
     <source></source>
     <translation>Yes</translation>
   </message>
+  <message id="CX.Edit">
+    <source></source>
+    <translation>Edit</translation>
+  </message>
   <message id="CX.Rating">
     <source></source>
     <translation>Rating</translation>
+  </message>
+  <message id="CX.Rename">
+    <source></source>
+    <translation>Rename “%1”</translation>
   </message>
   <message id="CX.Sort.Ascending">
     <source></source>
@@ -765,15 +781,15 @@
   </message>
   <message id="File.Import">
     <source></source>
-    <translation>&amp;Import…</translation>
+    <translation>Import…</translation>
   </message>
   <message id="File.New.Collection">
     <source></source>
-    <translation>&amp;New Collection</translation>
+    <translation>New Collection</translation>
   </message>
   <message id="File.New.Folder">
     <source></source>
-    <translation>New &amp;Folder</translation>
+    <translation>New Folder</translation>
   </message>
   <message id="File.New.SmartCollection">
     <source></source>
@@ -1294,6 +1310,10 @@
   <message id="Tooltip.Reveal.File">
     <source></source>
     <translation>Show the file in its folder</translation>
+  </message>
+  <message id="Tooltip.Sidebar.Action">
+    <source></source>
+    <translation>Actions for the selected collection</translation>
   </message>
   <message id="Tooltip.Stop.Import">
     <source></source>

@@ -59,4 +59,15 @@ Predicate Predicate::linkedBy(const EntityInfo& linkEntity, QLatin1String refere
     return predicate;
 }
 
+Predicate Predicate::rows(std::span<const RowId> ids)
+{
+    QByteArray list = "[";
+    for (const RowId id : ids)
+        list += (list.size() > 1 ? "," : "") + QByteArray::number(id);
+    Predicate predicate;
+    predicate.m_kind = Kind::Rows;
+    predicate.m_value = list + ']';
+    return predicate;
+}
+
 } // namespace mosaro::store

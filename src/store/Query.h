@@ -4,6 +4,7 @@
 
 #include <QVariant>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace mosaro::store {
@@ -27,7 +28,7 @@ enum class Fold { None, Case, CaseAndDiacritics };
 /// context. Values are only ever values: nothing in them is read as SQL or as a pattern.
 class Predicate {
 public:
-    enum class Kind { All, Nothing, Compare, And, Or, Not, LinkedBy };
+    enum class Kind { All, Nothing, Compare, And, Or, Not, LinkedBy, Rows };
 
     [[nodiscard]] static Predicate all();
     [[nodiscard]] static Predicate nothing();
@@ -41,6 +42,9 @@ public:
     /// `condition`; as the items of a tag.
     [[nodiscard]] static Predicate linkedBy(const EntityInfo& linkEntity, QLatin1String reference,
                                             Predicate condition);
+
+    /// Records of these rows.
+    [[nodiscard]] static Predicate rows(std::span<const RowId> ids);
 
     [[nodiscard]] Kind kind() const { return m_kind; }
 

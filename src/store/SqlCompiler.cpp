@@ -161,6 +161,10 @@ void SqlCompiler::add(const Predicate& predicate)
     case Predicate::Kind::LinkedBy:
         addLinked(predicate);
         return;
+    case Predicate::Kind::Rows:
+        m_result.sql += "id IN (SELECT value FROM json_each(?))";
+        m_result.values.emplace_back(predicate.m_value.toByteArray().toStdString());
+        return;
     }
 }
 

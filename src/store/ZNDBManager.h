@@ -46,7 +46,10 @@ public:
     void closeDatabase();
     bool createDatabase();
     bool chooseDatabase();
+    /// For a new path. With something at the path already it gives false, and the library may be open then.
     bool createLibaryAtPath(const QString& path);
+    /// The one way by which a library becomes the open one. On failure none is open, and nothing in an
+    /// existing library was changed.
     bool validateDatabaseAtURL(const QString& path);
     bool saveChanges();
     void checkEssentialFolders();
@@ -64,10 +67,16 @@ public:
 private:
     [[nodiscard]] QString findLibrary() const;
     [[nodiscard]] bool createDefaultDB();
-    [[nodiscard]] bool fail(const QString& reason);
-    [[nodiscard]] base::Result<void> openStore(const QString& path);
+    /// Notes the reason and lets go of a half-opened library, writing nothing into it.
+    bool fail(const QString& reason);
+    void letGo();
+    [[nodiscard]] base::Result<void> openPackage(const QString& path);
+    [[nodiscard]] base::Result<void> openStore();
     [[nodiscard]] base::Result<void> readState();
-    [[nodiscard]] bool addScope(const QString& path);
+    [[nodiscard]] base::Result<void> addScope(const QString& path);
+    [[nodiscard]] base::Result<void> replaceChosen(const QString& path);
+    [[nodiscard]] QString panelDirectory() const;
+    void rememberPanelDirectory(const QString& chosen);
 
     base::ZNUserDefaults* m_defaults = nullptr;
     const platform::Bookmarks* m_bookmarks = nullptr;
