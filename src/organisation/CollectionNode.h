@@ -19,6 +19,7 @@ struct CollectionNode {
     QByteArray object;     ///< Archived reference to the Collections record; user nodes only.
     QString pid;           ///< Parent's collectionID, or empty.
     int label = 0;         ///< Colour label of the record, 0 for system nodes.
+    int row = 0;           ///< Position among its siblings.
     CollectionNode* parent = nullptr;
     std::vector<std::unique_ptr<CollectionNode>> nodes;
 

@@ -40,9 +40,16 @@ std::unique_ptr<CollectionNode> makeGroup(const char* id, const QString& title)
     return group;
 }
 
+void appendGroup(CollectionTree::Nodes& library, std::unique_ptr<CollectionNode> group)
+{
+    group->row = int(library.size());
+    library.push_back(std::move(group));
+}
+
 void adopt(CollectionNode& parent, std::unique_ptr<CollectionNode> child)
 {
     child->parent = &parent;
+    child->row = int(parent.nodes.size());
     parent.nodes.push_back(std::move(child));
 }
 
@@ -98,13 +105,13 @@ base::Result<void> CollectionTree::makeLibrary(store::StoreContext& context)
 
 void CollectionTree::makeRootItems()
 {
-    m_library.push_back(makeGroup(kLibraryGroupID, base::text("Lib.Library")));
+    appendGroup(m_library, makeGroup(kLibraryGroupID, base::text("Lib.Library")));
     adoptRows(*m_library.back(), kRootRows);
 }
 
 void CollectionTree::makeCollections()
 {
-    m_library.push_back(makeGroup(kCollectionsGroupID, base::text("Lib.Collections")));
+    appendGroup(m_library, makeGroup(kCollectionsGroupID, base::text("Lib.Collections")));
     adoptRows(*m_library.back(), kKindRows);
 }
 
@@ -130,7 +137,7 @@ base::Result<void> CollectionTree::makeUserCollections(store::StoreContext& cont
     if (m_library.size() >= 3) {
         m_library.pop_back();
     }
-    m_library.push_back(std::move(group));
+    appendGroup(m_library, std::move(group));
     return {};
 }
 

@@ -1,0 +1,206 @@
+#include "organisation/ui/CollectionOutline.h"
+
+#include "base/Text.h"
+#include "kit/Look.h"
+#include "organisation/ui/CollectionTreeModel.h"
+#include "organisation/ui/LegalSelectionModel.h"
+#include "organisation/ui/MRLibraryImageAndTextCell.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace mosaro::organisation {
+
+CollectionOutline::CollectionOutline(CollectionTreeModel& model,
+                                     std::function<qint64(const CollectionNode&)> badge, QWidget* parent)
+    : QTreeView(parent), m_model(model), m_selection(new LegalSelectionModel(model, this)),
+      m_cell(new MRLibraryImageAndTextCell(std::move(badge), this))
+{
+    setModel(&model);
+    setSelectionModel(m_selection);
+    setItemDelegate(m_cell);
+    setHeaderHidden(true);
+    setFrameShape(QFrame::NoFrame);
+    setIndentation(MRLibraryImageAndTextCell::kIndentation);
+    setRootIsDecorated(false); // Groups draw their triangle themselves, in the column of their children's.
+    setExpandsOnDoubleClick(false);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(DoubleClicked);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerPixel);
+    setAcceptDrops(true);
+    setAccessibleName(base::text("Accessible.Collections"));
+    QPalette colors = palette();
+    colors.setColor(QPalette::Base, kit::color::sidebar);
+    setPalette(colors);
+
+    connect(m_selection, &QItemSelectionModel::selectionChanged, this,
+            &CollectionOutline::selectionDidChange);
+    connect(this, &QTreeView::expanded, this,
+            [this](const QModelIndex& index) { Q_EMIT nodeExpanded(CollectionTreeModel::node(index)); });
+    connect(this, &QTreeView::collapsed, this,
+            [this](const QModelIndex& index) { Q_EMIT nodeCollapsed(CollectionTreeModel::node(index)); });
+}
+
+CollectionOutline::~CollectionOutline() = default;
+
+NodeList CollectionOutline::selectedNodes() const
+{
+    return m_selection->selectedNodes();
+}
+
+void CollectionOutline::selectNodes(const NodeList& nodes)
+{
+    QItemSelection selection;
+    for (const CollectionNode* node : nodes) {
+        const QModelIndex index = m_model.index(*node);
+        selection.select(index, index);
+    }
+    if (!nodes.empty()) {
+        m_selection->setCurrentIndex(m_model.index(*nodes.front()), QItemSelectionModel::NoUpdate);
+    }
+    m_selection->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+void CollectionOutline::deselectHidden()
+{
+    NodeList visible = selectedNodes();
+    const auto hidden = [this](const CollectionNode* node) {
+        for (const CollectionNode* step = node->parent; step; step = step->parent) {
+            if (!isNodeExpanded(*step)) {
+                return true;
+            }
+        }
+        return false;
+    };
+    if (std::erase_if(visible, hidden) > 0) {
+        selectNodes(visible);
+    }
+}
+
+bool CollectionOutline::isNodeExpanded(const CollectionNode& node) const
+{
+    return isExpanded(m_model.index(node));
+}
+
+void CollectionOutline::setNodeExpanded(const CollectionNode& node, bool expanded)
+{
+    setExpanded(m_model.index(node), expanded);
+}
+
+void CollectionOutline::scrollToNode(const CollectionNode& node)
+{
+    scrollTo(m_model.index(node));
+}
+
+void CollectionOutline::editNode(const CollectionNode& node)
+{
+    const QModelIndex index = m_model.index(node);
+    m_selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    scrollTo(index);
+    edit(index);
+}
+
+void CollectionOutline::endEditing()
+{
+    if (QWidget* editor = m_cell->editor(); editor && state() == EditingState) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+QModelIndex CollectionOutline::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex before = currentIndex();
+    QModelIndex after = QTreeView::moveCursor(action, modifiers);
+    // Left goes up to a group's heading, so that it can be collapsed from the keyboard; all other ways pass
+    // over headings.
+    const bool steps = action == MoveUp || action == MovePrevious || action == MoveDown || action == MoveNext;
+    if (!steps) {
+        return after;
+    }
+    const bool up = action == MoveUp || action == MovePrevious;
+    while (after.isValid() && CollectionTreeModel::node(after)->isGroup) {
+        after = up ? indexAbove(after) : indexBelow(after);
+    }
+    return after.isValid() ? after : before;
+}
+
+QItemSelectionModel::SelectionFlags CollectionOutline::selectionCommand(const QModelIndex& index,
+                                                                        const QEvent* event) const
+{
+    const bool isKey = event && event->type() == QEvent::KeyPress;
+    if (isKey && index.isValid() && CollectionTreeModel::node(index)->isGroup) {
+        return QItemSelectionModel::NoUpdate;
+    }
+    return QTreeView::selectionCommand(index, event);
+}
+
+void CollectionOutline::keyPressEvent(QKeyEvent* event)
+{
+    const bool renames =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_F2;
+    if (renames && state() != EditingState) {
+        Q_EMIT renameRequested();
+        event->accept();
+        return;
+    }
+    QTreeView::keyPressEvent(event);
+}
+
+bool CollectionOutline::isGroupTriangle(const QPoint& position) const
+{
+    const QModelIndex index = indexAt(position);
+    return index.isValid() && CollectionTreeModel::node(index)->isGroup &&
+           position.x() < MRLibraryImageAndTextCell::kIndentation;
+}
+
+void CollectionOutline::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::RightButton) {
+        event->accept(); // The menu follows, with its own rule of what is selected.
+    } else if (event->button() == Qt::LeftButton && isGroupTriangle(event->position().toPoint())) {
+        const QModelIndex group = indexAt(event->position().toPoint());
+        setExpanded(group, !isExpanded(group));
+        event->accept();
+    } else {
+        QTreeView::mousePressEvent(event);
+    }
+}
+
+void CollectionOutline::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QPoint position = event->position().toPoint();
+    const QModelIndex index = indexAt(position);
+    if (index.isValid() && CollectionTreeModel::node(index)->isGroup) {
+        setExpanded(index, !isExpanded(index));
+        event->accept();
+    } else {
+        QTreeView::mouseDoubleClickEvent(event);
+    }
+}
+
+void CollectionOutline::prepareSelectionForMenu(const QPoint& position)
+{
+    const QModelIndex index = indexAt(position);
+    if (!index.isValid() || CollectionTreeModel::node(index)->isGroup) {
+        selectNodes({});
+    } else if (!m_selection->isSelected(index)) {
+        selectNodes({CollectionTreeModel::node(index)});
+    }
+}
+
+void CollectionOutline::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        const QRect row = visualRect(currentIndex());
+        Q_EMIT menuRequested(viewport()->mapToGlobal(row.isValid() ? row.bottomLeft() : QPoint(0, 0)));
+    } else {
+        prepareSelectionForMenu(event->pos());
+        Q_EMIT menuRequested(event->globalPos());
+    }
+    event->accept();
+}
+
+} // namespace mosaro::organisation

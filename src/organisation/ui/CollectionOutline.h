@@ -1,0 +1,86 @@
+#pragma once
+
+#include "organisation/TreeWalk.h"
+
+#include <QTreeView>
+#include <functional>
+
+namespace mosaro::organisation {
+
+class CollectionTreeModel;
+class LegalSelectionModel;
+class MRLibraryImageAndTextCell;
+
+/// The tree view of the collections, in terms of nodes. Blocking its signals is how code changes the
+/// selection or the expansion without anyone being told.
+class CollectionOutline : public QTreeView {
+    Q_OBJECT
+
+public:
+    CollectionOutline(CollectionTreeModel& model, std::function<qint64(const CollectionNode&)> badge,
+                      QWidget* parent = nullptr);
+    ~CollectionOutline() override;
+
+    /// Whether files may be dropped on a node; null stands for the space outside of all rows.
+    void setFileDropRule(std::function<bool(const CollectionNode*)> rule)
+    {
+        m_acceptsFiles = std::move(rule);
+    }
+
+    [[nodiscard]] NodeList selectedNodes() const;
+    void selectNodes(const NodeList& nodes);
+    /// What cannot be seen is not selected.
+    void deselectHidden();
+
+    [[nodiscard]] bool isNodeExpanded(const CollectionNode& node) const;
+    void setNodeExpanded(const CollectionNode& node, bool expanded);
+    void scrollToNode(const CollectionNode& node);
+
+    void editNode(const CollectionNode& node);
+    /// Takes an edited title over and closes the editor.
+    void endEditing();
+
+Q_SIGNALS:
+    void selectionDidChange();
+    void nodeExpanded(const mosaro::organisation::CollectionNode* node);
+    void nodeCollapsed(const mosaro::organisation::CollectionNode* node);
+    void renameRequested();
+    void menuRequested(const QPoint& globalPosition);
+    void filesDropped(const QStringList& paths, const mosaro::organisation::CollectionNode* node);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override;
+    void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                                       const QEvent* event) const override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void prepareSelectionForMenu(const QPoint& position);
+    [[nodiscard]] bool isGroupTriangle(const QPoint& position) const;
+    void paintRowGround(QPainter& painter, const QRect& row, const QModelIndex& index) const;
+    void setDropTarget(const QModelIndex& index, bool onEmptyArea);
+    void considerDrop(QDropEvent& event, const QPoint& position);
+
+    CollectionTreeModel& m_model;
+    LegalSelectionModel* m_selection;
+    MRLibraryImageAndTextCell* m_cell;
+    std::function<bool(const CollectionNode*)> m_acceptsFiles;
+    QPersistentModelIndex m_dropTarget;
+    bool m_dropOnEmptyArea = false;
+};
+
+/// Local files that a drag from elsewhere carries; empty for a drag from within the program.
+[[nodiscard]] QStringList draggedFiles(const QDropEvent& event);
+
+} // namespace mosaro::organisation

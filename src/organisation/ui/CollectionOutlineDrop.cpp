@@ -1,0 +1,76 @@
+// Files dropped onto the collection tree.
+#include "organisation/ui/CollectionOutline.h"
+#include "organisation/ui/CollectionTreeModel.h"
+
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QUrl>
+
+namespace mosaro::organisation {
+
+QStringList draggedFiles(const QDropEvent& event)
+{
+    QStringList paths;
+    if (event.source()) {
+        return paths;
+    }
+    const QList<QUrl> urls = event.mimeData()->urls();
+    for (const QUrl& url : urls) {
+        if (url.isLocalFile()) {
+            paths.append(url.toLocalFile());
+        }
+    }
+    return paths;
+}
+
+void CollectionOutline::setDropTarget(const QModelIndex& index, bool onEmptyArea)
+{
+    m_dropTarget = index;
+    m_dropOnEmptyArea = onEmptyArea;
+    viewport()->update();
+}
+
+void CollectionOutline::considerDrop(QDropEvent& event, const QPoint& position)
+{
+    const QModelIndex index = indexAt(position);
+    const CollectionNode* node = index.isValid() ? CollectionTreeModel::node(index) : nullptr;
+    if (!draggedFiles(event).isEmpty() && m_acceptsFiles && m_acceptsFiles(node)) {
+        setDropTarget(index, !index.isValid());
+        event.setDropAction(Qt::CopyAction);
+        event.accept();
+    } else {
+        setDropTarget({}, false);
+        event.ignore();
+    }
+}
+
+void CollectionOutline::dragEnterEvent(QDragEnterEvent* event)
+{
+    // Accepted as a whole; the move events answer for each place.
+    event->setAccepted(!draggedFiles(*event).isEmpty());
+}
+
+void CollectionOutline::dragMoveEvent(QDragMoveEvent* event)
+{
+    endEditing();
+    considerDrop(*event, event->position().toPoint());
+}
+
+void CollectionOutline::dragLeaveEvent(QDragLeaveEvent* event)
+{
+    setDropTarget({}, false);
+    event->accept();
+}
+
+void CollectionOutline::dropEvent(QDropEvent* event)
+{
+    considerDrop(*event, event->position().toPoint());
+    const bool accepted = m_dropTarget.isValid() || m_dropOnEmptyArea;
+    const CollectionNode* node = m_dropTarget.isValid() ? CollectionTreeModel::node(m_dropTarget) : nullptr;
+    setDropTarget({}, false);
+    if (accepted) {
+        Q_EMIT filesDropped(draggedFiles(*event), node);
+    }
+}
+
+} // namespace mosaro::organisation

@@ -1,0 +1,373 @@
+#include "organisation/ui/MRLibraryCollectionSource.h"
+
+#include "base/Notifications.h"
+#include "base/PreferenceKeys.h"
+#include "organisation/CollectionNames.h"
+#include "organisation/ui/CollectionMenu.h"
+#include "organisation/ui/CollectionOutline.h"
+#include "organisation/ui/ImportPanel.h"
+#include "store/RecordReference.h"
+
+#include <QtDebug>
+
+namespace mosaro::organisation {
+
+namespace {
+
+ImportSessionEnvironment sessionEnvironment(const SidebarEnvironment& environment)
+{
+    return {.library = environment.library,
+            .defaults = environment.defaults,
+            .utilities = environment.utilities,
+            .prompts = environment.prompts,
+            .platform = environment.platform,
+            .classification = environment.classification,
+            .isCopyImageToLib = environment.isCopyImageToLib,
+            .activateApplication = environment.activateApplication,
+            .analyse = {}};
+}
+
+void showDatabaseError(const QString& reason)
+{
+    qWarning("database error: %ls", qUtf16Printable(reason));
+}
+
+} // namespace
+
+MRLibraryCollectionSource::MRLibraryCollectionSource(const SidebarEnvironment& environment, QWidget& sidebar,
+                                                     std::function<void()> selectLibrary)
+    : m_environment(environment), m_selectLibrary(std::move(selectLibrary)), m_counts(environment.library),
+      m_memory(environment.library.state()), m_model(m_tree),
+      m_outline(new CollectionOutline(
+          m_model, [this](const CollectionNode& node) { return badge(node); }, &sidebar)),
+      m_navigator(*m_outline, m_tree, m_memory, [this] { selectNothing(); }),
+      m_session(sessionEnvironment(environment)),
+      m_ways(*this, environment.prompts, environment.classification),
+      m_menu(new CollectionMenu([this](SidebarCommand command) { return validate(command); },
+                                [this] { return renamableTitle(); }, &sidebar))
+{
+    new ImportPanel(m_session, sidebar, environment.utilities, environment.platform.revealer.get());
+    connectTree();
+    observeBus();
+}
+
+MRLibraryCollectionSource::~MRLibraryCollectionSource()
+{
+    // The tree view is the sidebar's child and may outlive the model by a moment.
+    m_outline->disconnect(this);
+    delete m_outline;
+}
+
+void MRLibraryCollectionSource::connectTree()
+{
+    connect(m_outline, &CollectionOutline::selectionDidChange, this,
+            &MRLibraryCollectionSource::outlineViewSelectionDidChange);
+    connect(m_outline, &CollectionOutline::nodeExpanded, this,
+            [this](const CollectionNode* node) { m_memory.willExpand(*node); });
+    connect(m_outline, &CollectionOutline::nodeCollapsed, this,
+            [this](const CollectionNode* node) { itemWillCollapse(*node); });
+    connect(m_outline, &CollectionOutline::renameRequested, this, &MRLibraryCollectionSource::editCollection);
+    connect(m_outline, &CollectionOutline::menuRequested, m_menu,
+            [this](const QPoint& position) { m_menu->popup(position); });
+    connect(
+        m_outline, &CollectionOutline::filesDropped, this,
+        [this](const QStringList& paths, const CollectionNode* node) { m_ways.importDropped(paths, node); });
+    connect(&m_model, &CollectionTreeModel::titleEdited, this, &MRLibraryCollectionSource::rename);
+    connect(m_menu, &CollectionMenu::willOpen, this, [this] { m_outline->setFocus(); });
+    connect(m_menu, &CollectionMenu::chosen, this, &MRLibraryCollectionSource::run);
+    m_outline->setFileDropRule([this](const CollectionNode* node) {
+        const bool busy = isBusy() || (m_environment.isWindowBusy && m_environment.isWindowBusy());
+        return !busy && m_environment.library.isOpenedDatabase() && ImportWays::isDropTarget(node);
+    });
+}
+
+void MRLibraryCollectionSource::observeBus()
+{
+    base::NotificationBus& bus = m_environment.utilities.bus();
+    bus.observe(base::MOSARO_NOTI_SHOW_PROCESS_BADGE_ON_DOCK, this,
+                [this](const QVariant&) { m_session.updateBadgeSetting(); });
+    bus.observe(base::MOSARO_NOTI_RECENT_DAYS_CHANGED, this,
+                [this](const QVariant& days) { updateNotificationToRecent(days); });
+    bus.observe(base::MOSARO_NOTI_REQUEST_STOP_IMPORT, this,
+                [this](const QVariant&) { requestStopMediaImport(); });
+    bus.observe(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, this,
+                [this](const QVariant& paths) { m_ways.requestDraggedFileToImport(paths); });
+    bus.observe(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX, this, [this](const QVariant&) { importMedia(); });
+    bus.observe(base::MOSARO_NOTI_RELOAD_CURRENT_SELECTION, this, [this](const QVariant&) {
+        if (!selectedNodes().empty()) {
+            updateSelection();
+        }
+    });
+    bus.observe(base::MOSARO_NOTI_SCROLL_TO_TOP, this, [this](const QVariant&) { scrollToTop(); });
+}
+
+void MRLibraryCollectionSource::reload()
+{
+    m_counts.clear();
+    store::StoreContext* context = m_environment.library.context();
+    if (m_tree.isEmpty() && context) {
+        m_model.rebuild([this, context] {
+            if (const auto made = m_tree.makeLibrary(*context); !made) {
+                showDatabaseError(made.reason());
+            }
+        });
+        m_environment.utilities.postNotification(base::MOSARO_NOTI_COLLECTION_SOURCE_CHANGED);
+        m_navigator.restoreOutlineViewStatus();
+    }
+    m_outline->viewport()->update();
+}
+
+void MRLibraryCollectionSource::updateSelection()
+{
+    m_navigator.updateSelection();
+}
+
+std::vector<store::SelectionElement> MRLibraryCollectionSource::selectedCollection() const
+{
+    store::StoreContext* context = m_environment.library.context();
+    std::vector<store::SelectionElement> elements;
+    for (const CollectionNode* node : selectedNodes()) {
+        store::SelectionElement element;
+        element.id = node->id;
+        element.type = node->type;
+        element.title = node->title;
+        if (node->isUserNode()) {
+            element.shape = store::SelectionElement::Shape::CollectionNode;
+            element.record = context
+                                 ? store::referencedRow(*context, store::Collections::info(), node->object)
+                                 : store::kUnsavedRow;
+        }
+        elements.push_back(std::move(element));
+    }
+    return elements;
+}
+
+QMenu& MRLibraryCollectionSource::contextualMenu()
+{
+    return *m_menu;
+}
+
+QWidget& MRLibraryCollectionSource::contentView()
+{
+    return *m_outline;
+}
+
+NodeList MRLibraryCollectionSource::selectedNodes() const
+{
+    return m_outline->selectedNodes();
+}
+
+void MRLibraryCollectionSource::selectNode(const CollectionNode& node)
+{
+    m_outline->selectNodes({&node});
+}
+
+NodeList MRLibraryCollectionSource::selectedCollectionPath() const
+{
+    const NodeList selected = selectedNodes();
+    return selected.size() == 1 ? pathBelowGroup(*selected.front()) : NodeList();
+}
+
+void MRLibraryCollectionSource::findCollectionItem(const QString& id)
+{
+    m_navigator.findCollectionItem(id);
+}
+
+void MRLibraryCollectionSource::updateLibrary()
+{
+    m_navigator.selectAllItems();
+}
+
+void MRLibraryCollectionSource::outlineViewSelectionDidChange()
+{
+    store::StoreContext* context = m_environment.library.context();
+    if (!context) {
+        return;
+    }
+    const NodeList selected = selectedNodes();
+    m_memory.rememberSelection(selected);
+    m_selectedMedia = SelectionPipeline(*context, m_environment.defaults)
+                          .selectedMedia(selected, QDateTime::currentDateTime());
+    m_selectLibrary();
+}
+
+void MRLibraryCollectionSource::itemWillCollapse(const CollectionNode& node)
+{
+    if (const CollectionNode* heir = selectionAfterCollapse(selectedNodes())) {
+        selectNode(*heir);
+    }
+    m_memory.willCollapse(node);
+    m_outline->deselectHidden();
+}
+
+void MRLibraryCollectionSource::selectNothing()
+{
+    m_selectedMedia = {};
+    m_selectLibrary();
+}
+
+void MRLibraryCollectionSource::makeUserCollections()
+{
+    m_counts.clear();
+    m_model.rebuild([this] {
+        if (const auto made = m_tree.makeUserCollections(*m_environment.library.context()); !made) {
+            showDatabaseError(made.reason());
+        }
+    });
+    m_environment.utilities.postNotification(base::MOSARO_NOTI_COLLECTION_SOURCE_CHANGED);
+}
+
+void MRLibraryCollectionSource::rebuildAround(const QString& id)
+{
+    makeUserCollections();
+    m_memory.addSelected(id);
+    m_navigator.restoreOutlineViewStatus();
+}
+
+NodeList MRLibraryCollectionSource::siblingsBelow(const CollectionNode* parent) const
+{
+    const CollectionNode* container = parent ? parent : m_tree.userGroup();
+    return container ? childList(*container) : NodeList();
+}
+
+void MRLibraryCollectionSource::addCollectionItem(int tag)
+{
+    m_outline->endEditing();
+    const auto kind = newItemKind(tag);
+    const auto place = placeForNewItem(selectedNodes());
+    if (!kind || !place) {
+        return;
+    }
+    NewCollection item;
+    item.type = kind->type;
+    item.title = availableCollectionName(kind->name, siblingsBelow(place->parent));
+    (void)addItem(item, place->parent, true);
+}
+
+const CollectionNode* MRLibraryCollectionSource::addCollectionWithName(const QString& name, bool onRoot)
+{
+    m_outline->endEditing();
+    const NodeList selected = selectedNodes();
+    const CollectionNode* parent = onRoot || selected.empty() ? nullptr : selected.front();
+    if (parent && parent->type != store::kTypeFolder) {
+        return nullptr;
+    }
+    NewCollection item;
+    item.title = availableCollectionName(name, siblingsBelow(parent));
+    if (!addItem(item, parent, false)) {
+        return nullptr;
+    }
+    const NodeList now = selectedNodes();
+    return now.empty() ? nullptr : now.front();
+}
+
+bool MRLibraryCollectionSource::addItem(const NewCollection& item, const CollectionNode* parent,
+                                        bool changeEditMode)
+{
+    if (!m_environment.library.isOpenedDatabase()) {
+        return false;
+    }
+    const QString parentID = parent ? parent->id : QString::fromLatin1(kYourCollectionsGroupID);
+    const auto made = CollectionCommands(*m_environment.library.context()).addItem(item, parent);
+    if (!made) {
+        showDatabaseError(made.reason());
+        return false;
+    }
+    rebuildAround(made.value());
+    m_navigator.findCollectionNode(made.value(), parentID);
+    if (changeEditMode) {
+        editCollection();
+    }
+    return true;
+}
+
+void MRLibraryCollectionSource::editCollection()
+{
+    const NodeList selected = selectedNodes();
+    if (!selected.empty() && selected.front()->isUserNode()) {
+        m_outline->editNode(*selected.front());
+    }
+}
+
+void MRLibraryCollectionSource::rename(const QString& id, const QString& title)
+{
+    const CollectionNode* node = m_tree.node(id);
+    if (!node || !m_environment.library.isOpenedDatabase()) {
+        return;
+    }
+    if (const auto renamed = CollectionCommands(*m_environment.library.context()).rename(*node, title);
+        !renamed) {
+        showDatabaseError(renamed.reason());
+        return;
+    }
+    rebuildAround(id);
+}
+
+void MRLibraryCollectionSource::importMedia()
+{
+    m_ways.importMedia();
+}
+
+bool MRLibraryCollectionSource::addMediaItem(std::vector<importing::ImportItem> items,
+                                             const CollectionNode& withItem, bool fromInternalSource)
+{
+    store::StoreContext* context = m_environment.library.context();
+    const auto collection =
+        context ? store::unarchivedReference<store::Collections>(*context, withItem.object) : nullptr;
+    return m_session.addMediaItem(std::move(items), collection, fromInternalSource);
+}
+
+bool MRLibraryCollectionSource::validate(SidebarCommand command) const
+{
+    const bool busy = isBusy() || (m_environment.isWindowBusy && m_environment.isWindowBusy());
+    const QWidget* focus = m_outline->window()->focusWidget();
+    const bool hasKeyboard = focus && (focus == m_outline || m_outline->isAncestorOf(focus));
+    return !busy && m_environment.library.isOpenedDatabase() && hasKeyboard && m_outline->isVisible() &&
+           isCommandPossible(command, selectedNodes());
+}
+
+QString MRLibraryCollectionSource::renamableTitle() const
+{
+    const NodeList selected = selectedNodes();
+    return selected.size() == 1 && selected.front()->isUserNode() ? selected.front()->title : QString();
+}
+
+void MRLibraryCollectionSource::run(SidebarCommand command)
+{
+    switch (command) {
+    case SidebarCommand::NewCollection:
+    case SidebarCommand::NewFolder:
+        addCollectionItem(int(command));
+        break;
+    case SidebarCommand::Import:
+        importMedia();
+        break;
+    case SidebarCommand::Edit:
+        editCollection();
+        break;
+    }
+}
+
+void MRLibraryCollectionSource::updateNotificationToRecent(const QVariant& days)
+{
+    const NodeList selected = selectedNodes();
+    if (days.canConvert<qint64>() && m_environment.library.isOpenedDatabase() && selected.size() == 1 &&
+        selected.front()->type == kTypeRecent) {
+        updateSelection();
+    }
+}
+
+void MRLibraryCollectionSource::scrollToTop()
+{
+    const bool busy = m_environment.isWindowBusy && m_environment.isWindowBusy();
+    if (!busy && m_outline->hasFocus()) {
+        m_outline->scrollToTop();
+    }
+}
+
+qint64 MRLibraryCollectionSource::badge(const CollectionNode& node)
+{
+    return m_environment.defaults.boolean(base::PREFS_GENERAL_SHOW_ITEM_COUNTS) ? m_counts.count(node) : 0;
+}
+
+} // namespace mosaro::organisation

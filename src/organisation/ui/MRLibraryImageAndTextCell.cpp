@@ -1,0 +1,154 @@
+#include "organisation/ui/MRLibraryImageAndTextCell.h"
+
+#include "base/Text.h"
+#include "kit/Look.h"
+#include "kit/Paint.h"
+#include "organisation/CollectionTree.h"
+#include "organisation/ui/CollectionTreeModel.h"
+
+#include <QLineEdit>
+#include <QPainter>
+
+namespace mosaro::organisation {
+
+namespace {
+
+constexpr int kImageSize = 18;
+constexpr int kImageGap = 6;
+constexpr int kRightMargin = 14;
+constexpr int kGroupGap = 8; ///< Above a group's heading.
+constexpr int kDotSize = 8;
+constexpr int kBadgeMinimum = 20;
+constexpr double kTitleSize = 13;
+constexpr double kHeadingSize = 11;
+constexpr double kBadgeSize = 11;
+
+QRect imageRect(const QRect& row)
+{
+    return {row.left(), row.top() + (row.height() - kImageSize) / 2, kImageSize, kImageSize};
+}
+
+QRect titleRect(const QRect& row)
+{
+    return row.adjusted(kImageSize + kImageGap, 0, -kRightMargin, 0);
+}
+
+QColor imageTint(int type)
+{
+    switch (type) {
+    case store::kTypeFolder:
+        return kit::color::amber;
+    case store::kTypeSmartCollection:
+        return kit::color::blue;
+    default:
+        return kit::color::text2;
+    }
+}
+
+} // namespace
+
+MRLibraryImageAndTextCell::MRLibraryImageAndTextCell(std::function<qint64(const CollectionNode&)> badge,
+                                                     QObject* parent)
+    : QStyledItemDelegate(parent), m_badge(std::move(badge))
+{
+}
+
+void MRLibraryImageAndTextCell::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                      const QModelIndex& index) const
+{
+    const CollectionNode& node = *CollectionTreeModel::node(index);
+    painter->save();
+    if (node.isGroup) {
+        paintGroup(*painter, option.rect, node);
+    } else {
+        paintNode(*painter, option.rect, node, option.state.testFlag(QStyle::State_Selected));
+    }
+    painter->restore();
+}
+
+void MRLibraryImageAndTextCell::paintGroup(QPainter& painter, const QRect& rect,
+                                           const CollectionNode& node) const
+{
+    QFont font = kit::font(kHeadingSize, QFont::Bold);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, 0.6);
+    const QRect line = rect.adjusted(kIndentation, kGroupGap, -kRightMargin, 0);
+    painter.setFont(font);
+    painter.setPen(kit::color::text3);
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
+                     QFontMetrics(font).elidedText(node.title, Qt::ElideRight, line.width()));
+}
+
+void MRLibraryImageAndTextCell::paintNode(QPainter& painter, const QRect& rect, const CollectionNode& node,
+                                          bool selected) const
+{
+    image(node.type).paint(&painter, imageRect(rect));
+
+    QRect line = titleRect(rect);
+    line.setRight(line.right() - paintBadge(painter, line, m_badge(node)));
+    const bool hasDot = kit::labelColor(node.label).isValid();
+    const int dotSpace = hasDot ? kDotSize + kit::metric::gap : 0;
+
+    const QFont font = kit::font(kTitleSize);
+    const QFontMetrics metrics(font);
+    const QString title = metrics.elidedText(node.title, Qt::ElideRight, line.width() - dotSpace);
+    painter.setFont(font);
+    painter.setPen(selected ? QColor(Qt::white) : kit::color::text);
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, title);
+    if (hasDot) {
+        const QRectF dot(line.left() + metrics.horizontalAdvance(title) + kit::metric::gap,
+                         rect.top() + (rect.height() - kDotSize) / 2.0, kDotSize, kDotSize);
+        kit::paint::labelDot(painter, dot, node.label);
+    }
+}
+
+int MRLibraryImageAndTextCell::paintBadge(QPainter& painter, const QRect& rect, qint64 count) const
+{
+    if (count <= 0) {
+        return 0;
+    }
+    const QFont font = kit::font(kBadgeSize, QFont::Light);
+    const QString text = QString::number(count);
+    const int width = qMax(kBadgeMinimum, QFontMetrics(font).horizontalAdvance(text));
+    painter.setFont(font);
+    painter.setPen(kit::color::text2);
+    painter.drawText(QRect(rect.right() - width + 1, rect.top(), width, rect.height()),
+                     Qt::AlignRight | Qt::AlignVCenter, text);
+    return width + kit::metric::gap;
+}
+
+const QIcon& MRLibraryImageAndTextCell::image(int type) const
+{
+    auto known = m_images.find(type);
+    if (known == m_images.end()) {
+        const QString name = sidebarImageName(type);
+        known = m_images.insert(type, name.isEmpty() ? QIcon() : kit::icon(name, imageTint(type)));
+    }
+    return *known;
+}
+
+QSize MRLibraryImageAndTextCell::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const
+{
+    const CollectionNode* node = CollectionTreeModel::node(index);
+    const int gap = node && node->isGroup ? kGroupGap : 0;
+    return {kit::metric::tabRowHeight, kit::metric::rowHeight + gap};
+}
+
+QWidget* MRLibraryImageAndTextCell::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                                 const QModelIndex& index) const
+{
+    auto* field = new QLineEdit(parent);
+    field->setFont(kit::font(kTitleSize));
+    field->setAccessibleName(base::text("Accessible.Collection.Name"));
+    field->setText(index.data(Qt::EditRole).toString());
+    m_editor = field;
+    return field;
+}
+
+void MRLibraryImageAndTextCell::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                                     const QModelIndex&) const
+{
+    // The field's own margin lies left of the title, so that the text does not jump.
+    editor->setGeometry(titleRect(option.rect).adjusted(-kImageGap, 0, kit::metric::gap, 0));
+}
+
+} // namespace mosaro::organisation
