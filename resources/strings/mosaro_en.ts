@@ -5,7 +5,7 @@
   <name></name>
   <message id="About.Copyright">
     <source></source>
-    <translation>© %1 The Mosaro developers. All rights reserved.</translation>
+    <translation>© %1 The Mosaro developers</translation>
   </message>
   <message id="About.Developer.Info">
     <source></source>
@@ -21,7 +21,7 @@
   </message>
   <message id="About.Document.Info">
     <source></source>
-    <translation>Guide, icons and sounds drawn and recorded for Mosaro</translation>
+    <translation>Guide, icons and sounds made for Mosaro</translation>
   </message>
   <message id="About.Special.Thanks">
     <source></source>

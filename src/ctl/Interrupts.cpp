@@ -1,0 +1,54 @@
+#include "ctl/Interrupts.h"
+
+#include <QSocketNotifier>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstdint>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+namespace mosaro::ctl {
+
+namespace {
+
+std::atomic<int> g_descriptor{-1};
+
+/// Only what a signal handler may do.
+void onSignal(int number)
+{
+    const int savedError = errno;
+    const std::uint64_t one = 1;
+    const auto written = ::write(g_descriptor.load(), &one, sizeof one);
+    static_cast<void>(written);
+    std::signal(number, SIG_DFL);
+    errno = savedError;
+}
+
+} // namespace
+
+Interrupts::Interrupts(QObject* parent)
+    : QObject(parent), m_descriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
+      m_notifier(std::make_unique<QSocketNotifier>(m_descriptor, QSocketNotifier::Read))
+{
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
+        std::uint64_t count = 0;
+        if (::read(m_descriptor, &count, sizeof count) == sizeof count) {
+            Q_EMIT interrupted();
+        }
+    });
+    g_descriptor.store(m_descriptor);
+    std::signal(SIGINT, onSignal);
+    std::signal(SIGTERM, onSignal);
+}
+
+Interrupts::~Interrupts()
+{
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
+    g_descriptor.store(-1);
+    m_notifier.reset();
+    ::close(m_descriptor);
+}
+
+} // namespace mosaro::ctl

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "base/Result.h"
+#include "ctl/Session.h"
+#include "store/Collections.h"
+#include "store/Query.h"
+
+#include <QCommandLineParser>
+#include <memory>
+#include <optional>
+
+namespace mosaro::ctl {
+
+/// The user collections of a title; more than one may have it. None is a failure.
+[[nodiscard]] base::Result<std::vector<std::shared_ptr<store::Collections>>>
+collectionsOfTitle(store::StoreContext& context, const QString& title);
+
+/// The items of the collections of a title.
+[[nodiscard]] base::Result<store::Predicate> inCollection(store::StoreContext& context, const QString& title);
+/// The items that carry a tag.
+[[nodiscard]] base::Result<store::Predicate> withTag(store::StoreContext& context, const QString& title);
+
+/// A media kind that an item may have, from the text of an option.
+[[nodiscard]] std::optional<int> kindFromText(const QString& text);
+/// All kinds as "4 Screen, 5 Phone …", for reasons of failure.
+[[nodiscard]] QString kindsInWords();
+/// The number of a sort key's name.
+[[nodiscard]] std::optional<int> sortKeyFromText(const QString& text);
+[[nodiscard]] QString sortKeysInWords();
+
+} // namespace mosaro::ctl
