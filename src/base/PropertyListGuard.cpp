@@ -165,21 +165,26 @@ private:
     std::vector<Measure> m_measures;
 };
 
+bool isContainer(QStringView name)
+{
+    return name == QLatin1String("array") || name == QLatin1String("dict");
+}
+
 Verdict walkXml(const QByteArray& data)
 {
     QXmlStreamReader reader(data);
-    int depth = 0;
+    int containers = 0;
     quint64 nodes = 0;
     while (!reader.atEnd()) {
         const auto token = reader.readNext();
         if (token == QXmlStreamReader::StartElement) {
             if (nodes == 0 && reader.name() != QLatin1String("plist"))
                 return Verdict::Damaged;
-            // One level for "plist", one for a value within the innermost container.
-            if (++depth > kPropertyListDepth + 2 || ++nodes > kMaximumNodes)
+            containers += isContainer(reader.name()) ? 1 : 0;
+            if (containers > kPropertyListDepth || ++nodes > kMaximumNodes)
                 return Verdict::Oversized;
         } else if (token == QXmlStreamReader::EndElement) {
-            --depth;
+            containers -= isContainer(reader.name()) ? 1 : 0;
         }
     }
     return reader.hasError() || nodes < 2 ? Verdict::Damaged : Verdict::Fine;

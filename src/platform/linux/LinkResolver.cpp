@@ -43,7 +43,7 @@ QString LinkResolver::resolve(const QString& path) const
     for (int step = 0; step < kMaximumSteps; ++step) {
         if (file.isSymLink()) {
             const QString target = file.canonicalFilePath();
-            if (target.isEmpty())
+            if (target.isEmpty() || !QFileInfo::exists(target))
                 return {};
             file.setFile(target);
         }
