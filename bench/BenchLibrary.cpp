@@ -1,0 +1,80 @@
+#include "bench/BenchLibrary.h"
+
+#include "bench/LibraryGenerator.h"
+
+#include <QAbstractEventDispatcher>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QMap>
+#include <cstdio>
+
+namespace mosaro::bench {
+
+BenchLibrary::BenchLibrary() : m_platform(platform::makeLinuxPlatform(false))
+{
+    m_defaults = std::make_unique<base::ZNUserDefaults>(m_dir.filePath(QStringLiteral("preferences.ini")));
+    m_defaults->initialize();
+    m_manager.setUp(*m_defaults, *m_platform.bookmarks, m_dir.filePath(QStringLiteral("support")));
+}
+
+bool BenchLibrary::create()
+{
+    const bool created = m_manager.createLibaryAtPath(m_dir.filePath(QStringLiteral("Bench.mrlibrary")));
+    if (!created)
+        std::fprintf(stderr, "%s\n", qPrintable(m_manager.lastError()));
+    return created;
+}
+
+bool BenchLibrary::open(const QString& packagePath)
+{
+    const bool opened = m_manager.validateDatabaseAtURL(packagePath);
+    if (!opened)
+        std::fprintf(stderr, "%s\n", qPrintable(m_manager.lastError()));
+    return opened;
+}
+
+QString generatedLibrary(int items)
+{
+    static QTemporaryDir folder;
+    static QMap<int, QString> made;
+    if (!made.contains(items)) {
+        const QString path = folder.filePath(QStringLiteral("Items%1.mrlibrary").arg(items));
+        const auto outcome = generateLibrary(path, items, 1);
+        if (!outcome)
+            std::fprintf(stderr, "%s\n", qPrintable(outcome.reason()));
+        made.insert(items, outcome ? path : QString());
+    }
+    return made.value(items);
+}
+
+double peakMemoryMegabytes()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith("VmHWM:"))
+            return line.mid(6).simplified().split(' ').first().toDouble() / 1024.0;
+    }
+    return 0;
+}
+
+void resetPeakMemory()
+{
+    QFile refs(QStringLiteral("/proc/self/clear_refs"));
+    if (refs.open(QIODevice::WriteOnly))
+        refs.write("5");
+}
+
+LongestTurn::LongestTurn()
+{
+    static QElapsedTimer clock;
+    clock.start();
+    auto* dispatcher = QAbstractEventDispatcher::instance();
+    m_awake = clock.nsecsElapsed();
+    connect(dispatcher, &QAbstractEventDispatcher::awake, this, [this] { m_awake = clock.nsecsElapsed(); });
+    connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this,
+            [this] { m_longest = std::max(m_longest, double(clock.nsecsElapsed() - m_awake) / 1e6); });
+}
+
+} // namespace mosaro::bench
