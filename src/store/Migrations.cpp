@@ -50,6 +50,9 @@ CREATE TABLE CollectionTagList (id INTEGER PRIMARY KEY AUTOINCREMENT,
     tags INTEGER REFERENCES Tags (id) ON DELETE CASCADE);
 )";
 
+// One for each order of a list, so that a whole library is put in order by reading along the index; one for
+// each key that records are looked up by. The further columns spare reading the rows: the sum of sizes, the
+// order of a search for titles.
 constexpr auto kFirstIndexes = R"(
 CREATE INDEX Collections_collectionID ON Collections (collectionID);
 CREATE INDEX Tags_tagID ON Tags (tagID);
@@ -61,14 +64,14 @@ CREATE INDEX Media_mediaPID ON Media (mediaPID, mediaFileSize);
 CREATE INDEX Media_mediaKind ON Media (mediaKind, mediaFileSize);
 CREATE INDEX Media_collections ON Media (collections, mediaFileSize);
 
-CREATE INDEX Media_mediaTitle ON Media (mediaTitle COLLATE FINDER);
+CREATE INDEX Media_mediaTitle ON Media (mediaTitle COLLATE FINDER, id, mediaDateImported, mediaFileSize);
 CREATE INDEX Media_mediaFileSize ON Media (mediaFileSize);
 CREATE INDEX Media_mediaRating ON Media (mediaRating);
 CREATE INDEX Media_mediaWidth ON Media (mediaWidth);
 CREATE INDEX Media_mediaHeight ON Media (mediaHeight);
 CREATE INDEX Media_mediaDateCreated ON Media (mediaDateCreated);
 CREATE INDEX Media_mediaDateModified ON Media (mediaDateModified);
-CREATE INDEX Media_mediaDateImported ON Media (mediaDateImported);
+CREATE INDEX Media_mediaDateImported ON Media (mediaDateImported, id, mediaFileSize);
 CREATE INDEX Media_mediaDateLastOpened ON Media (mediaDateLastOpened);
 
 CREATE INDEX MediaTagList_media ON MediaTagList (media);

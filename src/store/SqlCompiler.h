@@ -39,7 +39,7 @@ private:
     void addOrdering(const AttributeInfo& attribute, const Predicate& predicate);
     void addTextTest(const AttributeInfo& attribute, const Predicate& predicate);
     void addList(const AttributeInfo& attribute, const Predicate& predicate);
-    void addOrder(const std::vector<SortOrder>& order);
+    void addOrder(const Query& query);
     [[nodiscard]] QByteArray operand(const AttributeInfo& attribute, Fold fold) const;
     void addValue(const AttributeInfo& attribute, const QVariant& value, Fold fold);
     [[nodiscard]] const AttributeInfo* attribute(QLatin1String name);
