@@ -1,0 +1,339 @@
+#include "base/NotificationBus.h"
+#include "base/Notifications.h"
+#include "base/PreferenceKeys.h"
+#include "base/Text.h"
+#include "browser/ui/EmptyPlaces.h"
+#include "browser/ui/MRBrowserView.h"
+#include "browser/ui/MRMediaBrowserView.h"
+#include "browser/ui/StatusRow.h"
+#include "kit/Look.h"
+#include "support/TemporaryLibrary.h"
+
+#include <QAbstractButton>
+#include <QDragEnterEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMimeData>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QtTest>
+
+using namespace mosaro;
+using namespace mosaro::browser;
+using Shape = store::SelectionElement::Shape;
+
+namespace {
+
+/// The browser over a library with one collection of items named by number, newest last.
+struct Bench {
+    test::TemporaryLibrary library;
+    base::NotificationBus bus;
+    bool busy = false;
+    std::shared_ptr<store::Collections> collection = library.addCollection(QStringLiteral("Shop"));
+    store::MediaSet media;
+    std::unique_ptr<MRBrowserView> view;
+
+    explicit Bench(int items)
+    {
+        for (int number = 0; number < items; ++number) {
+            const auto added = library.addMedia(QString::number(number), collection);
+            added->setMediaDateImported(QDateTime(QDate(2024, 1, 1), QTime(0, 0)).addSecs(number * 60));
+            media.ids.push_back(added->rowId());
+            media.totalFileSize += added->mediaFileSize();
+        }
+        (void)library.context().save();
+        view = std::make_unique<MRBrowserView>(BrowserEnvironment{library.manager(), library.defaults(),
+                                                                  library.prompts(), [this] { return busy; },
+                                                                  [] { return 0; }, bus});
+        view->resize(900, 600);
+        view->show();
+        view->activateWindow();
+        grid().setFocus();
+    }
+    MRMediaBrowserView& grid() { return *view->findChild<MRMediaBrowserView*>(); }
+    EmptyPlaces& places() { return *view->findChild<EmptyPlaces*>(); }
+    QString countLine() { return view->findChild<StatusRow*>()->findChild<QLabel*>()->text(); }
+    QSlider& slider() { return *view->findChild<QSlider*>(); }
+
+    store::SelectionElement collectionNode() const
+    {
+        return {Shape::CollectionNode, collection->collectionID(), 10000, collection->title(),
+                collection->rowId()};
+    }
+    /// As the window does when the sidebar's selection changed.
+    void select(const SelectedCollections& selected, const store::MediaSet& set)
+    {
+        view->setSelectedCollections(selected);
+        view->setMedia(set);
+        view->setTotalFileSize(set.totalFileSize);
+        view->sort();
+    }
+    void selectShop() { select({collectionNode()}, media); }
+    QString titleAt(int index) { return grid().model()->title(index); }
+};
+
+} // namespace
+
+class TestBrowserView : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void showsASelection();
+    void sortsAndKeepsTheFirstSelected();
+    void ratingKeepsOrResorts();
+    void zoomFollowsTheSelection();
+    void emptyPlaces();
+    void dropsIntoUserCollectionsOnly();
+    void preferencesChangeTheCells();
+    void scrollsToTopWhenAsked();
+    void findsAnItem();
+    void contextMenuCommandsWork();
+    void worksWithoutLibrary();
+};
+
+void TestBrowserView::initTestCase()
+{
+    base::installTexts();
+    kit::installLook(*qApp);
+}
+
+void TestBrowserView::showsASelection()
+{
+    Bench bench(5);
+    QSignalSpy changes(bench.view.get(), &MRBrowserView::selectionChanged);
+    bench.selectShop();
+    QVERIFY(changes.count() > 0);
+    QCOMPARE(bench.view->itemCount(), 5);
+    QCOMPARE(bench.titleAt(0), QStringLiteral("4")); // newest import first
+    QCOMPARE(bench.countLine(), QStringLiteral("5 items, 5 KB"));
+    bench.view->selectAll();
+    QCOMPARE(bench.view->selectedCount(), 5);
+    QCOMPARE(bench.countLine(), QStringLiteral("5 of 5 selected"));
+    bench.view->selectNone();
+    QCOMPARE(bench.countLine(), QStringLiteral("5 items, 5 KB"));
+    bench.view->selectAll();
+    bench.selectShop(); // a rebuilt list has no selection
+    QCOMPARE(bench.view->selectedCount(), 0);
+}
+
+void TestBrowserView::sortsAndKeepsTheFirstSelected()
+{
+    Bench bench(6);
+    bench.selectShop();
+    QSignalSpy sorted(bench.view.get(), &MRBrowserView::sortChanged);
+    bench.grid().setSelectionIndexes(kit::GridSelection({1, 3}));
+    bench.view->sortMedia(23);
+    QCOMPARE(bench.view->currentSortKey(), 0);
+    QVERIFY(!bench.view->currentAscending());
+    bench.view->ascendOrDescendMedia(33);
+    QVERIFY(bench.view->currentAscending());
+    QCOMPARE(sorted.count(), 2);
+    QCOMPARE(bench.titleAt(0), QStringLiteral("0"));
+    QCOMPARE(bench.view->selectedCount(), 1); // of several only the first
+    QCOMPARE(bench.titleAt(bench.grid().selectionIndexes().first()), QStringLiteral("4"));
+    bench.view->sortMedia(32); // no sort command
+    bench.view->sortMedia(22);
+    QCOMPARE(sorted.count(), 2);
+    QVERIFY(bench.library.reopen());
+    bench.selectShop();
+    QCOMPARE(bench.view->currentSortKey(), 0);
+    QVERIFY(bench.view->currentAscending());
+}
+
+void TestBrowserView::ratingKeepsOrResorts()
+{
+    Bench bench(6);
+    bench.selectShop();
+    bench.grid().setSelectionIndexes(kit::GridSelection({2, 4}));
+    bench.view->ratingImages(3);
+    QCOMPARE(bench.grid().selectionIndexes(), kit::GridSelection({2, 4}));
+    bench.view->sortMedia(25);
+    QCOMPARE(bench.titleAt(0).toInt() >= 1 && bench.titleAt(0).toInt() <= 3, true);
+    bench.grid().setSelectionIndexes(kit::GridSelection({5, 5}));
+    const QString last = bench.titleAt(5);
+    bench.view->ratingImages(5); // goes to the top, and stays selected
+    QCOMPARE(bench.titleAt(0), last);
+    QCOMPARE(bench.grid().selectionIndexes(), kit::GridSelection({0, 0}));
+}
+
+void TestBrowserView::zoomFollowsTheSelection()
+{
+    Bench bench(3);
+    const store::SelectionElement system{Shape::SystemNode, QStringLiteral("1"), 1, QStringLiteral("All"), 0};
+    bench.selectShop();
+    QCOMPARE(bench.slider().value(), 400);
+    bench.slider().setValue(600);
+    QCOMPARE(bench.grid().zoomValue(), 0.6);
+    QCOMPARE(bench.collection->zoomValue(), 0.6);
+    bench.select({system}, bench.media);
+    QCOMPARE(bench.slider().value(), 400);
+    bench.selectShop();
+    QCOMPARE(bench.slider().value(), 600);
+    bench.view->zoomBy(10);
+    QCOMPARE(bench.grid().zoomValue(), kLargestZoom);
+    bench.view->zoomBy(0.1);
+    QCOMPARE(bench.grid().zoomValue(), kSmallestZoom);
+    Q_EMIT bench.grid().magnified(0.05);
+    QCOMPARE(bench.slider().value(), 450);
+    QCOMPARE(bench.collection->zoomValue(), 0.45);
+}
+
+void TestBrowserView::emptyPlaces()
+{
+    Bench bench(1);
+    int requests = 0;
+    bench.bus.observe(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX, this,
+                      [&requests](const QVariant&) { ++requests; });
+    bench.select({bench.collectionNode()}, {});
+    QVERIFY(bench.places().showsDropZone());
+    QVERIFY(bench.countLine().isEmpty());
+    QVERIFY(!bench.slider().isVisible());
+    bench.grid().findChild<QPushButton*>()->click();
+    QCOMPARE(requests, 1);
+    bench.selectShop();
+    QVERIFY(!bench.places().showsDropZone());
+    QVERIFY(bench.slider().isVisible());
+    bench.select({}, {});
+    QVERIFY(!bench.places().showsDropZone());
+    QCOMPARE(bench.places().guide(), base::text("Basic.No.Collection.Selected"));
+    bench.bus.removeObserver(this);
+}
+
+void TestBrowserView::dropsIntoUserCollectionsOnly()
+{
+    Bench bench(2);
+    QStringList imported;
+    bench.bus.observe(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, this,
+                      [&imported](const QVariant& value) { imported = value.toStringList(); });
+    QMimeData data;
+    data.setUrls(
+        {QUrl::fromLocalFile(QStringLiteral("/tmp/a b.png")), QUrl(QStringLiteral("https://x.org/y.png"))});
+    const auto drop = [&bench, &imported](const QMimeData& dropped) {
+        imported.clear();
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(bench.grid().viewport(), &enter);
+        QDropEvent event({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+        event.ignore();
+        QCoreApplication::sendEvent(bench.grid().viewport(), &event);
+        return event.isAccepted();
+    };
+    bench.selectShop();
+    QVERIFY(drop(data));
+    QCOMPARE(imported, QStringList{QStringLiteral("/tmp/a b.png")});
+    bench.select({bench.collectionNode()}, {}); // an empty one takes them as well
+    QVERIFY(drop(data));
+    bench.busy = true;
+    QVERIFY(!drop(data));
+    bench.busy = false;
+    QMimeData text;
+    text.setText(QStringLiteral("no files"));
+    QVERIFY(!drop(text));
+    store::SelectionElement folder = bench.collectionNode();
+    folder.type = store::kTypeFolder;
+    bench.select({folder}, bench.media);
+    QVERIFY(!drop(data));
+    bench.library.manager().closeDatabase();
+    QVERIFY(!drop(data));
+    bench.bus.removeObserver(this);
+}
+
+void TestBrowserView::preferencesChangeTheCells()
+{
+    Bench bench(3);
+    bench.selectShop();
+    const QSize titled = bench.grid().metrics().cell;
+    QCOMPARE(bench.grid().metrics().spacing, QSize(20, 20));
+    bench.library.defaults().updateUserDefaultsWithValue(base::PREFS_GENERAL_SHOW_TITLE_IN_BROWSER, false,
+                                                         base::MOSARO_NOTI_SHOW_TITLE_OPTIONS_CHANGED, {},
+                                                         bench.bus);
+    QCOMPARE(bench.grid().metrics().spacing, QSize(15, 10));
+    QVERIFY(bench.grid().metrics().cell.height() < titled.height());
+    bench.library.defaults().updateUserDefaultsWithValue(base::PREFS_GENERAL_SHOW_TITLE_IN_BROWSER, true,
+                                                         base::MOSARO_NOTI_SHOW_TITLE_OPTIONS_CHANGED, {},
+                                                         bench.bus);
+    QCOMPARE(bench.grid().metrics().cell, titled);
+}
+
+void TestBrowserView::scrollsToTopWhenAsked()
+{
+    Bench bench(60);
+    bench.selectShop();
+    QVERIFY(QTest::qWaitForWindowActive(bench.view.get()));
+    bench.grid().setFocus();
+    QScrollBar* bar = bench.grid().verticalScrollBar();
+    bar->setValue(bar->maximum());
+    QVERIFY(bar->value() > 0);
+    bench.busy = true;
+    bench.bus.post(base::MOSARO_NOTI_SCROLL_TO_TOP);
+    QVERIFY(bar->value() > 0);
+    bench.busy = false;
+    bench.bus.post(base::MOSARO_NOTI_SCROLL_TO_TOP);
+    QCOMPARE(bar->value(), 0);
+}
+
+void TestBrowserView::findsAnItem()
+{
+    Bench bench(40);
+    bench.selectShop();
+    bench.view->findMediaItem(bench.library.context().object<store::Media>(bench.media.ids[0])->mediaID());
+    QCOMPARE(bench.titleAt(bench.grid().selectionIndexes().first()), QStringLiteral("0"));
+    bench.view->findMediaItem(QStringLiteral("none"));
+    QCOMPARE(bench.view->selectedCount(), 1);
+}
+
+void TestBrowserView::contextMenuCommandsWork()
+{
+    Bench bench(4);
+    bench.selectShop();
+    bench.grid().setSelectionIndexes(kit::GridSelection({1, 1}));
+    Q_EMIT bench.grid().contextMenuRequested(1, bench.grid().mapToGlobal(QPoint(50, 50)));
+    auto* menu = bench.view->findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(menu != nullptr);
+    QList<QAction*> entries;
+    QStringList checked;
+    for (QAction* top : menu->actions()) {
+        entries.append(top->menu() != nullptr ? top->menu()->actions() : QList{top});
+    }
+    for (const QAction* entry : std::as_const(entries)) {
+        checked.append(entry->isChecked() ? QStringList{entry->text()} : QStringList());
+    }
+    QCOMPARE(checked, (QStringList{base::text("Basic.None"), base::text("CX.Sort.Date.Imported"),
+                                   base::text("CX.Sort.Descending")}));
+    const auto trigger = [&entries](const QString& text) {
+        for (QAction* entry : std::as_const(entries)) {
+            if (entry->text() == text) {
+                entry->trigger();
+            }
+        }
+    };
+    trigger(QStringLiteral("★★★"));
+    QCOMPARE(bench.library.context().object<store::Media>(bench.media.ids[2])->mediaRating(), 3);
+    trigger(base::text("CX.Sort.Ascending"));
+    QCOMPARE(bench.titleAt(0), QStringLiteral("0"));
+    trigger(base::text("Basic.Select.All"));
+    QCOMPARE(bench.view->selectedCount(), 4);
+    menu->close();
+}
+
+void TestBrowserView::worksWithoutLibrary()
+{
+    Bench bench(3);
+    bench.selectShop();
+    bench.view->selectAll();
+    bench.library.manager().closeDatabase();
+    bench.view->ratingImages(2);
+    bench.view->sortMedia(23);
+    bench.view->ascendOrDescendMedia(34);
+    bench.view->zoomBy(1.2);
+    bench.view->reload();
+    bench.view->keepSelection();
+    QCOMPARE(bench.view->currentCollectionID(), QString());
+    bench.select({}, {});
+    QCOMPARE(bench.view->itemCount(), 0);
+    bench.view->grab(); // paints
+}
+
+QTEST_MAIN(TestBrowserView)
+#include "tst_mrbrowserview_ui.moc"
