@@ -28,9 +28,8 @@ public:
     /// True when this process is the first. When false the first has been asked to raise itself.
     [[nodiscard]] bool claim();
 
-public Q_SLOTS:
     /// Called over the bus by a second start.
-    void Raise() { Q_EMIT raiseRequested(); }
+    Q_INVOKABLE void Raise() { Q_EMIT raiseRequested(); }
 
 Q_SIGNALS:
     void raiseRequested();

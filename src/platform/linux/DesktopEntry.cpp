@@ -7,7 +7,7 @@ namespace mosaro::platform {
 
 namespace {
 
-constexpr qint64 kMaximumBytes = 64 * 1024;
+constexpr qint64 kMaximumBytes = 64LL * 1024;
 
 } // namespace
 

@@ -50,7 +50,7 @@ Platform makeLinuxPlatform(bool desktop)
 
 QString userFullName()
 {
-    std::vector<char> buffer(16 * 1024);
+    std::vector<char> buffer(size_t{16} * 1024);
     passwd entry{};
     passwd* found = nullptr;
     if (getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found) == 0 && found != nullptr)

@@ -21,7 +21,7 @@ bool SingleInstance::claim()
     if (!bus.isConnected())
         return true;
     // The object stands before the name is known, so that no call is lost.
-    bus.registerObject(kObject, this, QDBusConnection::ExportAllSlots);
+    bus.registerObject(kObject, this, QDBusConnection::ExportAllInvokables);
     if (bus.registerService(kService))
         return true;
     bus.unregisterObject(kObject);
