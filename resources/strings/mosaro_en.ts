@@ -535,6 +535,10 @@
     <source></source>
     <translation>There is no command “%1”. See: mosaroctl --help</translation>
   </message>
+  <message id="Failure.Ctl.Unverified">
+    <source></source>
+    <translation>The records of the library could not be read. Try again; if it stays so, bring back the library from a backup.</translation>
+  </message>
   <message id="Failure.Ctl.Usage">
     <source></source>
     <translation>%1. See: mosaroctl %2 --help</translation>
@@ -781,7 +785,7 @@
   </message>
   <message id="File.Import">
     <source></source>
-    <translation>Import…</translation>
+    <translation>&amp;Import…</translation>
   </message>
   <message id="File.New.Collection">
     <source></source>
@@ -1357,7 +1361,7 @@
   </message>
   <message id="View.Inspector">
     <source></source>
-    <translation>&amp;Inspector</translation>
+    <translation>Ins&amp;pector</translation>
   </message>
   <message id="View.Show.Filter.Inspector">
     <source></source>

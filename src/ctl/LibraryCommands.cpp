@@ -91,6 +91,9 @@ int verify(Session& session, const QCommandLineParser& line)
     }
     const store::LibraryPackage& package = session.library().package();
     const auto report = store::verifyLibrary(session.context(), package);
+    if (!report.isComplete) {
+        return session.fail(text("Failure.Ctl.Unverified"));
+    }
     const QStringList removed =
         line.isSet(QStringLiteral("repair")) ? store::repairLibrary(report, package) : QStringList();
     Findings findings(session);

@@ -34,10 +34,8 @@ void drawFrame(QImage& image, const QColor& color, int width)
     painter.fillRect(image.width() - width, 0, width, image.height(), color);
 }
 
-QImage resized(const QImage& image, QSize size)
+QImage enlarged(const QImage& image, QSize size)
 {
-    if (image.size() == size)
-        return image;
     ensureImageLibrary();
     const QImage pixels = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
     const VipsPtr source(vips_image_new_from_memory(pixels.constBits(),
@@ -49,7 +47,23 @@ QImage resized(const QImage& image, QSize size)
                                                           : QImage::Format_RGB32);
 }
 
+// Averaging is best for making pictures smaller, a wide filter for making them larger.
+QImage resized(const QImage& image, QSize size)
+{
+    if (image.size() == size)
+        return image;
+    const bool enlarges = size.width() > image.width() || size.height() > image.height();
+    return enlarges ? enlarged(image, size) : shrunk(image, size);
+}
+
 } // namespace
+
+QImage shrunk(const QImage& image, QSize size)
+{
+    return image
+        .convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32)
+        .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
 
 // In whole numbers throughout: the exact rectangle is widened to whole pixels without rounding errors.
 QRect fillSourceRect(QSize source, QSize target)

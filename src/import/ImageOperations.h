@@ -31,6 +31,9 @@ enum class FileType { Tiff = 0, Bmp = 1, Gif = 2, Jpeg = 3, Png = 4 };
                                                         const std::optional<QColor>& withBorderColor,
                                                         bool sizeToFit);
 
+/// Scaled down to the size, stretched as needed. Each pixel is the mean of the area it covers.
+[[nodiscard]] QImage shrunk(const QImage& image, QSize size);
+
 /// The picture at its own size in the middle of a transparent square of kSmallCanvas.
 [[nodiscard]] QImage imageOnSmallCanvas(const QImage& image);
 

@@ -8,28 +8,50 @@ namespace mosaro::importing {
 
 namespace {
 
-// Four channel sums for each cell of one row of the grid.
-using Sums = std::vector<std::array<quint64, 4>>;
-
+/// How much of a pixel along one edge lies in a cell, in units of 1/side of a pixel.
 struct Share {
+    int pixel;
     int cell;
-    quint64 weight;
+    quint32 weight;
 };
 
-/// For every pixel along an edge of `length` the cells it covers, in units of 1/side of a pixel.
-std::vector<std::vector<Share>> sharesAlong(int length, int side)
+std::vector<Share> sharesAlong(int length, int side)
 {
-    std::vector<std::vector<Share>> shares(static_cast<std::size_t>(length));
+    std::vector<Share> shares;
     for (int pixel = 0; pixel < length; ++pixel) {
         const qint64 begin = qint64(pixel) * side;
         const qint64 end = begin + side;
         for (qint64 cell = begin / length; cell * length < end; ++cell) {
             const qint64 covered = std::min(end, (cell + 1) * length) - std::max(begin, cell * length);
-            shares[static_cast<std::size_t>(pixel)].push_back(
-                {static_cast<int>(cell), static_cast<quint64>(covered)});
+            shares.push_back({pixel, static_cast<int>(cell), static_cast<quint32>(covered)});
         }
     }
     return shares;
+}
+
+/// Four channel sums for each cell across. 32 bits hold the sum of a row up to 160,000 pixels long for 100
+/// cells.
+using RowSums = std::vector<std::array<quint32, 4>>;
+
+void sumRow(const uchar* line, const std::vector<Share>& columns, RowSums& sums)
+{
+    for (std::size_t index = 0; index < columns.size();) {
+        // Summed in registers from one cell to the next: this is the inner loop over all pixels.
+        const int cell = columns[index].cell;
+        quint32 red = 0;
+        quint32 green = 0;
+        quint32 blue = 0;
+        quint32 alpha = 0;
+        for (; index < columns.size() && columns[index].cell == cell; ++index) {
+            const uchar* pixel = line + qsizetype(columns[index].pixel) * 4;
+            const quint32 weight = columns[index].weight;
+            red += weight * pixel[0];
+            green += weight * pixel[1];
+            blue += weight * pixel[2];
+            alpha += weight * pixel[3];
+        }
+        sums[static_cast<std::size_t>(cell)] = {red, green, blue, alpha};
+    }
 }
 
 } // namespace
@@ -39,27 +61,19 @@ QImage sampledToGrid(const QImage& image, int side)
     if (image.isNull() || side < 1)
         return {};
     const QImage pixels = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
-    const auto columns = sharesAlong(pixels.width(), side);
-    const auto rows = sharesAlong(pixels.height(), side);
     const auto cells = static_cast<std::size_t>(side);
-    std::vector<Sums> grid(cells, Sums(cells));
-    for (int y = 0; y < pixels.height(); ++y) {
-        Sums row(cells);
-        const uchar* pixel = pixels.constScanLine(y);
-        for (const auto& shares : columns) {
-            for (const Share& share : shares) {
-                auto& sum = row[static_cast<std::size_t>(share.cell)];
-                for (std::size_t channel = 0; channel < 4; ++channel)
-                    sum[channel] += share.weight * pixel[channel];
-            }
-            pixel += 4;
-        }
-        for (const Share& share : rows[static_cast<std::size_t>(y)]) {
-            Sums& target = grid[static_cast<std::size_t>(share.cell)];
-            for (std::size_t cell = 0; cell < cells; ++cell) {
-                for (std::size_t channel = 0; channel < 4; ++channel)
-                    target[cell][channel] += share.weight * row[cell][channel];
-            }
+    const std::vector<Share> columns = sharesAlong(pixels.width(), side);
+    std::vector<std::vector<std::array<quint64, 4>>> grid(cells, std::vector<std::array<quint64, 4>>(cells));
+    RowSums row(cells);
+    int summed = -1;
+    for (const Share& share : sharesAlong(pixels.height(), side)) {
+        if (share.pixel != summed)
+            sumRow(pixels.constScanLine(share.pixel), columns, row);
+        summed = share.pixel;
+        auto& target = grid[static_cast<std::size_t>(share.cell)];
+        for (std::size_t cell = 0; cell < cells; ++cell) {
+            for (std::size_t channel = 0; channel < 4; ++channel)
+                target[cell][channel] += quint64(share.weight) * row[cell][channel];
         }
     }
 

@@ -53,12 +53,6 @@ VipsPtr icc(VipsImage* image, const char* fallbackProfile)
     });
 }
 
-bool hasUsefulProfile(VipsImage* image)
-{
-    const QString name = vipsProfileName(image);
-    return !name.isEmpty() && !name.startsWith(QLatin1String("sRGB"));
-}
-
 /// Odd pictures (many bands, unknown meaning): the first three bands as they are.
 VipsPtr firstBands(VipsImage* image)
 {
@@ -75,7 +69,7 @@ VipsPtr convertedToSrgb(VipsImage* image)
 {
     const bool cmyk = image->Type == VIPS_INTERPRETATION_CMYK;
     VipsPtr result;
-    if (hasUsefulProfile(image))
+    if (hasForeignProfile(image))
         result = icc(image, nullptr);
     if (!result && cmyk)
         result = icc(image, "cmyk");
@@ -125,7 +119,7 @@ VipsPtr vipsResizeTo(VipsImage* image, QSize size)
 VipsPtr vipsToSrgb(VipsImage* image)
 {
     VipsPtr result = image->Type == VIPS_INTERPRETATION_sRGB && image->BandFmt == VIPS_FORMAT_UCHAR &&
-                             !hasUsefulProfile(image)
+                             !hasForeignProfile(image)
                          ? vipsShare(image)
                          : convertedToSrgb(image);
     if (result && result->BandFmt != VIPS_FORMAT_UCHAR)
@@ -136,6 +130,13 @@ VipsPtr vipsToSrgb(VipsImage* image)
     if (result && result->Bands < 3)
         result = firstBands(result.get());
     return result;
+}
+
+// sRGB goes under several names that all begin so.
+bool hasForeignProfile(VipsImage* image)
+{
+    const QString name = vipsProfileName(image);
+    return !name.isEmpty() && !name.startsWith(QLatin1String("sRGB"));
 }
 
 QString vipsProfileName(VipsImage* image)
@@ -165,14 +166,13 @@ QImage vipsToQImage(VipsImage* srgb, bool premultiplied)
     const QImage::Format withAlpha =
         premultiplied ? QImage::Format_RGBA8888_Premultiplied : QImage::Format_RGBA8888;
     std::size_t size = 0;
-    const std::unique_ptr<void, decltype(&g_free)> pixels(vips_image_write_to_memory(srgb, &size), g_free);
+    void* pixels = vips_image_write_to_memory(srgb, &size);
     if (!pixels) {
         vips_error_clear();
         return {};
     }
-    QImage image = QImage(static_cast<const uchar*>(pixels.get()), srgb->Xsize, srgb->Ysize,
-                          qsizetype(srgb->Xsize) * srgb->Bands, alpha ? withAlpha : QImage::Format_RGB888)
-                       .copy();
+    QImage image(static_cast<uchar*>(pixels), srgb->Xsize, srgb->Ysize, qsizetype(srgb->Xsize) * srgb->Bands,
+                 alpha ? withAlpha : QImage::Format_RGB888, g_free, pixels);
     // The filter's overshoot may lift a colour above its own alpha.
     if (alpha && premultiplied)
         clampToAlpha(image);

@@ -44,6 +44,9 @@ template <class Operation>
 /// Description of the embedded colour profile, or empty.
 [[nodiscard]] QString vipsProfileName(VipsImage* image);
 
+/// Whether an embedded profile says other colours than sRGB.
+[[nodiscard]] bool hasForeignProfile(VipsImage* image);
+
 /// Pixels as a QImage; `premultiplied` says how the four-band pixels are to be read. Null on failure.
 [[nodiscard]] QImage vipsToQImage(VipsImage* srgb, bool premultiplied);
 

@@ -102,6 +102,13 @@ void MosaroStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
         drawSpinBox(*spin, *painter, widget);
         return;
     }
+    const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+    if (button != nullptr && control == CC_ToolButton &&
+        button->features.testFlag(QStyleOptionToolButton::HasMenu) &&
+        !button->features.testFlag(QStyleOptionToolButton::MenuButtonPopup)) {
+        drawMenuButton(*button, *painter, widget);
+        return;
+    }
     QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 

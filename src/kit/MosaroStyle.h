@@ -6,6 +6,7 @@ class QStyleOptionComboBox;
 class QStyleOptionMenuItem;
 class QStyleOptionSlider;
 class QStyleOptionSpinBox;
+class QStyleOptionToolButton;
 
 namespace mosaro::kit {
 
@@ -36,6 +37,8 @@ public:
                                          const QWidget* widget) const override;
     [[nodiscard]] QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                        SubControl sub, const QWidget* widget) const override;
+    [[nodiscard]] QRect subElementRect(SubElement element, const QStyleOption* option,
+                                       const QWidget* widget) const override;
     void polish(QWidget* widget) override;
     using QProxyStyle::polish;
 
@@ -53,6 +56,7 @@ private:
     void drawSlider(const QStyleOptionSlider& slider, QPainter& painter, const QWidget* widget) const;
     void drawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget) const;
     void drawComboBox(const QStyleOptionComboBox& combo, QPainter& painter, const QWidget* widget) const;
+    void drawMenuButton(const QStyleOptionToolButton& button, QPainter& painter, const QWidget* widget) const;
     void drawSpinBox(const QStyleOptionSpinBox& spin, QPainter& painter, const QWidget* widget) const;
 };
 

@@ -14,6 +14,8 @@ inline constexpr int kMenuItemHeight = 24;
 inline constexpr int kMenuMargin = 5;
 inline constexpr int kMenuCheckColumn = 22;
 inline constexpr int kSliderHandle = 14;
+inline constexpr int kMenuArrow = 14;
+inline constexpr int kFieldPadding = 4;
 inline const QColor outline{0x3E, 0x3F, 0x44};
 inline const QColor handle{0xCF, 0xCF, 0xCF};
 inline const QColor groove{0x3B, 0x3C, 0x40};

@@ -59,6 +59,21 @@ void MosaroStyle::drawComboBox(const QStyleOptionComboBox& combo, QPainter& pain
     }
 }
 
+void MosaroStyle::drawMenuButton(const QStyleOptionToolButton& button, QPainter& painter,
+                                 const QWidget* widget) const
+{
+    proxy()->drawPrimitive(PE_PanelButtonTool, &button, &painter, widget);
+    QStyleOptionToolButton label(button);
+    const QRect words = button.rect.adjusted(3, 2, -look::kMenuArrow, -2);
+    label.rect = visualRect(button.direction, button.rect, words);
+    label.features.setFlag(QStyleOptionToolButton::HasMenu, false);
+    proxy()->drawControl(CE_ToolButtonLabel, &label, &painter, widget);
+    const QRect arrow(button.rect.right() - look::kMenuArrow, button.rect.top(), look::kMenuArrow - 2,
+                      button.rect.height());
+    paint::chevron(painter, visualRect(button.direction, button.rect, arrow), paint::Direction::Down,
+                   color::text3, 6);
+}
+
 void MosaroStyle::drawSpinBox(const QStyleOptionSpinBox& spin, QPainter& painter, const QWidget* widget) const
 {
     if (spin.frame) {

@@ -128,7 +128,8 @@ void MosaroStyle::drawMenuItem(const QStyleOptionMenuItem& item, QPainter& paint
     const QRect place = visualRect(item.direction, item.rect, words);
     drawItemText(&painter, place, flags | Qt::AlignLeading, palette, enabled, item.text.section(u'\t', 0, 0),
                  QPalette::ButtonText);
-    palette.setColor(QPalette::ButtonText, color::text3);
+    const bool lit = enabled && item.state.testFlag(State_Selected);
+    palette.setColor(QPalette::ButtonText, lit ? color::text2 : color::text3);
     drawItemText(&painter, place, flags | Qt::AlignTrailing, palette, enabled, item.text.section(u'\t', 1),
                  QPalette::ButtonText);
     if (isSubMenu) {

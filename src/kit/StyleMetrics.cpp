@@ -134,6 +134,12 @@ QSize MosaroStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
         return {result.width(), qMax(result.height(), metric::rowHeight)};
     case CT_MenuBarItem:
         return {size.width() + 2 * 9, qMax(size.height() + 8, 28)};
+    case CT_ToolButton: {
+        const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+        const bool opensMenu =
+            button != nullptr && button->features.testFlag(QStyleOptionToolButton::HasMenu);
+        return {result.width() + (opensMenu ? look::kMenuArrow : 0), result.height()};
+    }
     case CT_HeaderSection:
         return {result.width(), qMax(result.height(), metric::rowHeight)};
     case CT_MenuItem:
@@ -143,6 +149,23 @@ QSize MosaroStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
         return result;
     default:
         return result;
+    }
+}
+
+QRect MosaroStyle::subElementRect(SubElement element, const QStyleOption* option, const QWidget* widget) const
+{
+    const QRect rect = QProxyStyle::subElementRect(element, option, widget);
+    switch (element) {
+    case SE_LineEditContents: {
+        const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+        const bool framed = frame != nullptr && frame->lineWidth > 0;
+        return framed ? rect.adjusted(look::kFieldPadding, 0, -look::kFieldPadding, 0) : rect;
+    }
+    case SE_PushButtonFocusRect:
+    case SE_ToolButtonLayoutItem:
+        return option->rect;
+    default:
+        return rect;
     }
 }
 

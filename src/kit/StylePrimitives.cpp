@@ -90,6 +90,26 @@ void drawBranch(const QStyleOption& option, QPainter& painter)
     paint::chevron(painter, option.rect, open ? paint::Direction::Down : closedWay, tint);
 }
 
+/// A row that is selected is one plate, however many columns it has.
+void drawRowPlate(const QStyleOption& option, QPainter& painter, const QColor& fill)
+{
+    QRectF plate(option.rect);
+    if (const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(&option)) {
+        const bool mirrored = option.direction == Qt::RightToLeft;
+        const auto position = item->viewItemPosition;
+        const bool opensOn =
+            position == QStyleOptionViewItem::Beginning || position == QStyleOptionViewItem::Middle;
+        const bool opensBack =
+            position == QStyleOptionViewItem::End || position == QStyleOptionViewItem::Middle;
+        plate.adjust((mirrored ? opensOn : opensBack) ? -metric::radius : 0, 0,
+                     (mirrored ? opensBack : opensOn) ? metric::radius : 0, 0);
+    }
+    painter.save();
+    painter.setClipRect(option.rect, Qt::IntersectClip);
+    paint::panel(painter, plate, fill, {}, metric::radius);
+    painter.restore();
+}
+
 void drawItemFocus(const QStyleOption& option, QPainter& painter)
 {
     if (!option.state.testFlag(QStyle::State_Selected)) {
@@ -163,9 +183,6 @@ bool MosaroStyle::drawFramePrimitive(PrimitiveElement element, const QStyleOptio
             paint::focusRing(painter, option.rect);
         }
         return true;
-    case PE_FrameGroupBox:
-        paint::panel(painter, option.rect, QColor(255, 255, 255, 6), color::fieldBorder, metric::sheetRadius);
-        return true;
     case PE_PanelMenu:
         paint::panel(painter, option.rect, color::raised, look::outline, metric::sheetRadius);
         return true;
@@ -175,6 +192,7 @@ bool MosaroStyle::drawFramePrimitive(PrimitiveElement element, const QStyleOptio
         paint::panel(painter, option.rect, color::raisedStrong, look::outline, 0);
         return true;
     case PE_PanelScrollAreaCorner:
+    case PE_FrameGroupBox:
     case PE_FrameStatusBarItem:
     case PE_FrameTabBarBase:
     case PE_FrameDockWidget:
@@ -212,10 +230,9 @@ bool MosaroStyle::drawItemPrimitive(PrimitiveElement element, const QStyleOption
         }
         if (option.state.testFlag(State_Selected)) {
             const bool focused = option.state.testFlag(State_HasFocus) || option.state.testFlag(State_Active);
-            paint::panel(painter, option.rect, focused ? look::selectionFocused : look::selection, {},
-                         metric::radius);
+            drawRowPlate(option, painter, focused ? look::selectionFocused : look::selection);
         } else if (look::isHovered(option)) {
-            paint::panel(painter, option.rect, look::hover, {}, metric::radius);
+            drawRowPlate(option, painter, look::hover);
         }
         return true;
     }

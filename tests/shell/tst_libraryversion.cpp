@@ -1,3 +1,4 @@
+#include "base/Text.h"
 #include "shell/AccessFolders.h"
 #include "shell/LibraryVersion.h"
 #include "store/AccessList.h"
@@ -22,6 +23,7 @@ class LibraryVersionTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { mosaro::base::installTexts(); }
     void copyMode_data();
     void copyMode();
     void versionRecord_data();

@@ -1,3 +1,4 @@
+#include "base/Text.h"
 #include "store/CollectionTagList.h"
 #include "store/ColorList.h"
 #include "store/MediaTagList.h"
@@ -6,6 +7,8 @@
 
 #include <QtTest>
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <csignal>
+#include <sys/resource.h>
 
 using namespace mosaro::store;
 using namespace mosaro::test;
@@ -35,6 +38,7 @@ class TestRecords : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { mosaro::base::installTexts(); }
     void keepsEveryKindOfValue();
     void oneRowIsOneObject();
     void relationsHoldUnsavedRecords();
@@ -45,6 +49,7 @@ private Q_SLOTS:
     void droppingUnsavedRecords();
     void newRecordsOfARemovedOwnerGoWithIt();
     void failedSaveKeepsEverythingPending();
+    void fullDiskKeepsEverythingPending();
     void rollbackForgets();
     void closedContextLeavesEmptyShells();
     void references();
@@ -306,6 +311,29 @@ void TestRecords::failedSaveKeepsEverythingPending()
     QVERIFY(library.reopen());
     QCOMPARE(library.context().first<Collections>(Predicate::all())->title(), QStringLiteral("renamed"));
     QCOMPARE(library.context().first<ColorList>(Predicate::all())->media()->collections()->mediaCount(), 1);
+}
+
+void TestRecords::fullDiskKeepsEverythingPending()
+{
+    TemporaryLibrary library;
+    const auto collection = library.addCollection(QStringLiteral("c"));
+    const auto media = library.addMedia(QStringLiteral("m"), collection);
+    media->setMediaNotes(QString(3000000, u'n'));
+    // No file may grow beyond a megabyte: what a disk without room does to a write.
+    rlimit before;
+    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit small{1024 * 1024, before.rlim_max};
+    ::signal(SIGXFSZ, SIG_IGN);
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const auto refused = library.context().save();
+    const auto refusedAgain = library.context().save();
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &before), 0);
+    QVERIFY(!refused.ok() && !refusedAgain.ok());
+    QVERIFY(media->isDirty());
+    QCOMPARE(media->mediaNotes().size(), 3000000);
+    QVERIFY(library.context().save().ok());
+    QVERIFY(library.reopen());
+    QCOMPARE(library.context().first<Media>(Predicate::all())->mediaNotes().size(), 3000000);
 }
 
 void TestRecords::rollbackForgets()

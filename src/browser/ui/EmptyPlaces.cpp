@@ -27,6 +27,8 @@ QLabel* makeLabel(QWidget* parent, const QString& text, const QFont& font, const
     QPalette palette = label->palette();
     palette.setColor(QPalette::WindowText, color);
     label->setPalette(palette);
+    // The grid below would pass its own role on.
+    label->setForegroundRole(QPalette::WindowText);
     return label;
 }
 

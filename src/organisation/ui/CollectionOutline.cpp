@@ -110,6 +110,12 @@ void CollectionOutline::endEditing()
     }
 }
 
+void CollectionOutline::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint)
+{
+    // No hint: Tab ends the editing and does not go on to the next title.
+    QTreeView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
 QModelIndex CollectionOutline::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
     const QModelIndex before = currentIndex();

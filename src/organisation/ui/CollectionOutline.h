@@ -49,6 +49,7 @@ Q_SIGNALS:
     void filesDropped(const QStringList& paths, const mosaro::organisation::CollectionNode* node);
 
 protected:
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void paintEvent(QPaintEvent* event) override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                  const QModelIndex& index) const override;

@@ -24,7 +24,7 @@ ImportSessionEnvironment sessionEnvironment(const SidebarEnvironment& environmen
             .classification = environment.classification,
             .isCopyImageToLib = environment.isCopyImageToLib,
             .activateApplication = environment.activateApplication,
-            .analyse = {}};
+            .analyse = environment.analyse};
 }
 
 void showDatabaseError(const QString& reason)

@@ -15,7 +15,9 @@ class ZNUtilities;
 } // namespace mosaro::base
 namespace mosaro::importing {
 class MediaClassification;
-}
+struct AnalysisRequest;
+struct AnalysisResult;
+} // namespace mosaro::importing
 namespace mosaro::platform {
 struct Platform;
 }
@@ -37,6 +39,8 @@ struct SidebarEnvironment {
     std::function<bool()> isWindowBusy;     ///< isBusy of the main window's controller.
     std::function<bool()> isCopyImageToLib; ///< The library's copy mode.
     std::function<void()> activateApplication;
+    /// Null: the real one.
+    std::function<importing::AnalysisResult(const importing::AnalysisRequest&)> analyse = {};
 };
 
 /// The sidebar of the main window: holder of its sources (here: the collection tree) and its foot with the

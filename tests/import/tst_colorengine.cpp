@@ -1,0 +1,120 @@
+#include "import/ColorEngine.h"
+
+#include "support/Pictures.h"
+
+#include <QPainter>
+#include <QtTest>
+
+using namespace mosaro;
+using importing::DominantColor;
+using importing::ZNColorEngine;
+
+namespace {
+
+/// One pixel for each cell of the middle grid, row by row; the rest keeps `field`.
+QImage cells(const QColor& field, const QList<std::pair<QColor, int>>& marks)
+{
+    QImage image = test::plain({10, 10}, field);
+    int cell = 0;
+    for (const auto& [color, count] : marks) {
+        for (int i = 0; i < count; ++i, ++cell)
+            image.setPixelColor(cell % 10, cell / 10, color);
+    }
+    return image;
+}
+
+QString described(const std::vector<DominantColor>& colors)
+{
+    QStringList lines;
+    for (const DominantColor& color : colors)
+        lines << QStringLiteral("%1,%2,%3 %4")
+                     .arg(qRound(color.color.red * 255))
+                     .arg(qRound(color.color.green * 255))
+                     .arg(qRound(color.color.blue * 255))
+                     .arg(static_cast<double>(color.percent), 0, 'f', 3);
+    return lines.join(QStringLiteral("; "));
+}
+
+class tst_ColorEngine : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void colors_data()
+    {
+        QTest::addColumn<QImage>("image");
+        QTest::addColumn<QString>("colors");
+        // A cell reaches from two below its red to the red itself; zeros and what is below them count
+        // together.
+        QTest::newRow("one colour") << cells(QColor(100, 100, 100), {}) << QStringLiteral("98,98,98 1.000");
+        QTest::newRow("black") << cells(Qt::black, {}) << QStringLiteral("0,0,0 1.000");
+        QTest::newRow("backdrop drops out")
+            << cells(QColor(255, 0, 0), {{Qt::white, 16}}) << QStringLiteral("253,253,253 0.021");
+        QTest::newRow("half and half, first seen first")
+            << cells(QColor(200, 200, 200), {{QColor(100, 100, 100), 50}})
+            << QStringLiteral("98,98,98 0.500; 198,198,198 0.500");
+        // All votes of the second cloud lie within 60 of the first one's best vote, or the nearest that does
+        // not.
+        QTest::newRow("clouds within reach are one")
+            << cells(QColor(100, 100, 156), {{QColor(100, 100, 100), 60}})
+            << QStringLiteral("98,98,98 1.000");
+        QTest::newRow("clouds one step out of reach are two")
+            << cells(QColor(100, 100, 157), {{QColor(100, 100, 100), 60}})
+            << QStringLiteral("98,98,98 0.600; 98,98,159 0.400");
+        QTest::newRow("clouds reach less far up in red")
+            << cells(QColor(158, 100, 100), {{QColor(100, 100, 100), 60}})
+            << QStringLiteral("98,98,98 1.000");
+        QTest::newRow("not cut off above 255") << cells(QColor(100, 100, 255), {{QColor(100, 100, 197), 60}})
+                                               << QStringLiteral("98,98,195 0.600; 98,98,256 0.400");
+        QTest::newRow("backdrop at exactly 94 percent")
+            << cells(QColor(100, 100, 100), {{QColor(200, 200, 200), 6}})
+            << QStringLiteral("198,198,198 0.060");
+        QTest::newRow("backdrop below 94 percent")
+            << cells(QColor(100, 100, 100), {{QColor(200, 200, 200), 7}})
+            << QStringLiteral("98,98,98 0.930; 198,198,198 0.070");
+    }
+    void colors()
+    {
+        QFETCH(QImage, image);
+        QFETCH(QString, colors);
+        QCOMPARE(described(ZNColorEngine(image, 1).results()), colors);
+        // The size of the picture does not matter, only what falls into a cell.
+        QCOMPARE(described(ZNColorEngine(image.scaled(460, 360), 1).results()), colors);
+    }
+
+    void transparencyVotesForBlack()
+    {
+        QImage image = cells(QColor(200, 200, 200), {}).convertToFormat(QImage::Format_ARGB32);
+        for (int cell = 0; cell < 20; ++cell)
+            image.setPixelColor(cell % 10, cell / 10, Qt::transparent);
+        // 27 votes of each black cell agree, one of each gray cell.
+        QCOMPARE(described(ZNColorEngine(image, 1).results()),
+                 QStringLiteral("0,0,0 0.871; 198,198,198 0.129"));
+    }
+
+    void detailChoosesTheGrid()
+    {
+        const QImage image = test::quarters({400, 400});
+        QCOMPARE(ZNColorEngine(image, 0).results().size(), std::size_t(4));
+        QCOMPARE(ZNColorEngine(image, 1).results().size(), std::size_t(4));
+        QCOMPARE(ZNColorEngine(image, 2).results().size(), std::size_t(4));
+    }
+
+    void resultsRepeatAndFall()
+    {
+        const QImage image = test::noise({460, 360}, 7);
+        const auto first = ZNColorEngine(image, 1).results();
+        QCOMPARE(described(first), described(ZNColorEngine(image, 1).results()));
+        float sum = 0;
+        for (std::size_t i = 0; i < first.size(); ++i) {
+            QVERIFY(i == 0 || first[i - 1].percent >= first[i].percent);
+            sum += first[i].percent;
+        }
+        QVERIFY(qAbs(sum - 1) < 0.001F);
+        QVERIFY(ZNColorEngine(QImage(), 1).results().empty());
+    }
+};
+
+} // namespace
+
+QTEST_GUILESS_MAIN(tst_ColorEngine)
+#include "tst_colorengine.moc"

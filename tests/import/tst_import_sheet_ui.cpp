@@ -1,0 +1,178 @@
+#include "base/Text.h"
+#include "import/ui/FailedPathDelegate.h"
+#include "import/ui/ImportSheet.h"
+#include "import/ui/MRFileErrorView.h"
+#include "import/ui/PreviewWell.h"
+#include "kit/Look.h"
+
+#include <QApplication>
+#include <QBuffer>
+#include <QClipboard>
+#include <QListView>
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace mosaro;
+using importing::ImportProgress;
+using importing::MRFileErrorView;
+
+namespace {
+
+QByteArray pictureBytes(QSize size, const QColor& fill)
+{
+    QImage image(size, QImage::Format_ARGB32);
+    image.fill(fill);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+std::vector<importing::FailedPath> failedPaths(int count)
+{
+    std::vector<importing::FailedPath> failed;
+    for (int i = 0; i < count; ++i) {
+        failed.push_back(
+            {QStringLiteral("/pictures/%1/file-%1.png").arg(i), QStringLiteral("Reason\n%1").arg(i)});
+    }
+    return failed;
+}
+
+} // namespace
+
+class TestImportSheet : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        base::installTexts();
+        kit::installLook(*qApp);
+    }
+
+    void percent_data()
+    {
+        QTest::addColumn<int>("index");
+        QTest::addColumn<int>("total");
+        QTest::addColumn<int>("percent");
+        QTest::newRow("whole numbers only") << 1 << 3 << 33;
+        QTest::newRow("last") << 3 << 3 << 100;
+        QTest::newRow("first of many") << 1 << 1000 << 0;
+        QTest::newRow("none") << 0 << 0 << 0;
+    }
+    void percent()
+    {
+        QFETCH(int, index);
+        QFETCH(int, total);
+        importing::ImportSheet sheet;
+        sheet.resetProgress(total);
+        QCOMPARE(sheet.percent(), 0);
+        sheet.showProgress({QStringLiteral("/a/name.png"), index, total, {}, {}});
+        QTEST(sheet.percent(), "percent");
+        QVERIFY(sheet.text().contains(QStringLiteral("name.png")));
+        QVERIFY(!sheet.text().contains(QStringLiteral("/a")));
+    }
+
+    void longNamesStayWithinTheSheet()
+    {
+        importing::ImportSheet sheet;
+        const int width = sheet.sizeHint().width();
+        sheet.showProgress({QString(400, u'w') + QStringLiteral(".png"), 1, 2, {}, {}});
+        QCOMPARE(sheet.sizeHint().width(), width);
+    }
+
+    void previewIsDecodedToFit()
+    {
+        importing::ImportSheet sheet;
+        auto* well = sheet.findChild<importing::PreviewWell*>();
+        auto* swatches = sheet.findChild<importing::SwatchRow*>();
+        ImportProgress progress{
+            QStringLiteral("a.png"), 1, 2, pictureBytes(QSize(460, 360), Qt::red), {{1, 0, 0, 1}}};
+        sheet.showProgress(progress);
+        QVERIFY(!well->picture().isNull());
+        QVERIFY(well->picture().width() <= 230 * well->devicePixelRatio());
+        QCOMPARE(swatches->colors().size(), size_t(4));
+        QCOMPARE(swatches->colors()[0], QColor(Qt::red));
+        QVERIFY(!swatches->colors()[1].isValid());
+
+        progress = {QStringLiteral("failed.png"), 2, 2, {}, {}};
+        sheet.showProgress(progress);
+        QVERIFY(!well->picture().isNull());
+        sheet.resetProgress(4);
+        QVERIFY(well->picture().isNull());
+    }
+
+    void bytesThatAreNoPicture_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("text") << QByteArray("not a picture");
+        QTest::newRow("cut off") << pictureBytes(QSize(100, 100), Qt::blue).left(30);
+        QTest::newRow("too large") << pictureBytes(QSize(8000, 1), Qt::blue);
+    }
+    void bytesThatAreNoPicture()
+    {
+        QFETCH(QByteArray, bytes);
+        importing::PreviewWell well;
+        well.setPreview(pictureBytes(QSize(10, 10), Qt::green));
+        QCOMPARE(well.picture().size(), QSize(10, 10));
+        well.setPreview(bytes);
+        QVERIFY(well.picture().isNull());
+        QVERIFY(!well.grab().isNull());
+    }
+
+    void stopIsAskedOnce()
+    {
+        importing::ImportSheet sheet;
+        QSignalSpy stop(&sheet, &importing::ImportSheet::stopRequested);
+        auto* button = sheet.findChild<QPushButton*>();
+        button->click();
+        button->click();
+        QCOMPARE(stop.count(), 1);
+        QVERIFY(!button->isEnabled());
+        sheet.resetProgress(3);
+        QVERIFY(button->isEnabled());
+    }
+
+    void failedFiles()
+    {
+        QVERIFY(MRFileErrorView::showFailedPaths({}, {}) == nullptr);
+        QVERIFY(MRFileErrorView::current() == nullptr);
+        QStringList revealed;
+        const auto reveal = [&revealed](const QString& path) { revealed << path; };
+        QPointer<MRFileErrorView> view = MRFileErrorView::showFailedPaths(failedPaths(10'000), reveal);
+        QCOMPARE(view->count(), 10'000);
+        auto* list = view->findChild<QListView*>();
+        QVERIFY(list->hasFocus() || view->focusWidget() == list);
+
+        view->revealCurrent();
+        QTest::keyClick(list, Qt::Key_End);
+        view->revealCurrent();
+        QCOMPARE(revealed, QStringList({QStringLiteral("/pictures/0/file-0.png"),
+                                        QStringLiteral("/pictures/9999/file-9999.png")}));
+
+        list->scrollToTop();
+        const QRect row = list->visualRect(list->model()->index(1, 0));
+        const QPoint button = importing::FailedPathDelegate::buttonRect(row).center();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, button);
+        QCOMPARE(revealed.last(), QStringLiteral("/pictures/1/file-1.png"));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row.topLeft() + QPoint(60, 10));
+        QCOMPARE(revealed.size(), 3);
+
+        view->copyList();
+        const QStringList lines = QGuiApplication::clipboard()->text().split(u'\n', Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), 10'000);
+        QCOMPARE(lines.first(), QStringLiteral("/pictures/0/file-0.png\tReason 0"));
+
+        QCOMPARE(MRFileErrorView::showFailedPaths(failedPaths(2), reveal), view.data());
+        QCOMPARE(view->count(), 2);
+        QTest::keyClick(view.data(), Qt::Key_Escape);
+        QTRY_VERIFY(view.isNull());
+        QVERIFY(MRFileErrorView::current() == nullptr);
+    }
+};
+
+QTEST_MAIN(TestImportSheet)
+#include "tst_import_sheet_ui.moc"

@@ -1,0 +1,337 @@
+#include "import/ImportFixture.h"
+
+#include <QRandomGenerator>
+#include <QSemaphore>
+#include <QThread>
+#include <atomic>
+#include <sqlite3.h>
+#include <stdexcept>
+#include <sys/stat.h>
+
+using namespace mosaro;
+using namespace mosaro::importing;
+using test::ImportFixture;
+using test::sampleAnalysis;
+
+namespace {
+
+int numberOf(const AnalysisRequest& request)
+{
+    return QFileInfo(request.path).completeBaseName().toInt();
+}
+
+/// From now on the store refuses items of that title, as a disk that fails would.
+void poisonStore(const QString& path, const char* title)
+{
+    sqlite3* store = nullptr;
+    const QByteArray sql =
+        QByteArray("CREATE TRIGGER poison BEFORE INSERT ON Media WHEN NEW.mediaTitle = '") + title +
+        "' BEGIN SELECT RAISE(ABORT, 'no more room'); END";
+    const bool isMade = sqlite3_open(path.toUtf8().constData(), &store) == SQLITE_OK &&
+                        sqlite3_exec(store, sql.constData(), nullptr, nullptr, nullptr) == SQLITE_OK;
+    sqlite3_close(store);
+    QVERIFY(isMade);
+}
+
+} // namespace
+
+class ImportRunTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { base::installTexts(); }
+
+    void commitsInListOrderWhateverComesFirst()
+    {
+        ImportFixture fixture;
+        const QStringList files = fixture.makeFiles(40);
+        std::atomic<int> together{0};
+        std::atomic<int> most{0};
+        fixture.analyse = [&](const AnalysisRequest& request) {
+            const int now = ++together;
+            for (int seen = most; now > seen && !most.compare_exchange_weak(seen, now);) {
+            }
+            // Each takes its own time, so that results come out of turn.
+            QThread::usleep(QRandomGenerator(quint32(numberOf(request))).bounded(8000));
+            --together;
+            return sampleAnalysis(request);
+        };
+        const ImportReport report = fixture.import(files);
+        QCOMPARE(report.imported.size(), 40);
+        QCOMPARE(report.tried, 40);
+        QVERIFY(report.failed.empty());
+        QStringList expected;
+        for (const QString& file : files) {
+            expected.append(QFileInfo(file).completeBaseName());
+        }
+        QCOMPARE(fixture.titles(report.imported), expected);
+        QVERIFY2(most > 1, "several files are analysed at once");
+        QVERIFY(most <= fixture.parallel);
+        QCOMPARE(fixture.itemFolders().size(), 40);
+        QVERIFY(!fixture.hasStagingDirectory());
+    }
+
+    void goesNoFurtherAheadThanItsWindow()
+    {
+        ImportFixture fixture;
+        fixture.parallel = 2;
+        QSemaphore gate;
+        std::atomic<int> begun{0};
+        int begunBehindTheFirst = 0;
+        fixture.analyse = [&](const AnalysisRequest& request) {
+            ++begun;
+            if (numberOf(request) == 1) {
+                gate.acquire();
+                begunBehindTheFirst = begun;
+            }
+            return sampleAnalysis(request);
+        };
+        const auto run = fixture.makeRun();
+        QSignalSpy finished(run.get(), &ImportRun::finished);
+        run->start(ImportItem::fromPaths(fixture.makeFiles(30)));
+        QTRY_COMPARE(begun.load(), 6); // Two for each thread, and two more.
+        gate.release();
+        QVERIFY(finished.wait());
+        QCOMPARE(finished[0][0].value<ImportReport>().imported.size(), 30);
+        QCOMPARE(begunBehindTheFirst, 6);
+    }
+
+    void stopsAtTheItemThatIsNext()
+    {
+        ImportFixture fixture;
+        QSemaphore gate;
+        fixture.analyse = [&gate](const AnalysisRequest& request) {
+            if (numberOf(request) >= 3) {
+                gate.acquire();
+            }
+            return sampleAnalysis(request);
+        };
+        const auto run = fixture.makeRun();
+        connect(run.get(), &ImportRun::progressed, run.get(), [&](const ImportProgress& progress) {
+            if (progress.index == 2) {
+                run->requestStop();
+                gate.release(100);
+            }
+        });
+        const ImportReport report = ImportFixture::finish(*run, ImportItem::fromPaths(fixture.makeFiles(10)));
+        QVERIFY(report.stopped);
+        QCOMPARE(report.tried, 3);
+        QCOMPARE(report.imported.size(), 2);
+        QVERIFY(report.failed.empty());
+        QCOMPARE(fixture.recordCount(), 2);
+        QCOMPARE(fixture.itemFolders().size(), 2);
+        QVERIFY(!fixture.hasStagingDirectory());
+        QVERIFY(!run->isRunning());
+    }
+
+    void honoursAStopBeforeTheFirstItem()
+    {
+        ImportFixture fixture;
+        const auto run = fixture.makeRun();
+        QSignalSpy finished(run.get(), &ImportRun::finished);
+        run->start(ImportItem::fromPaths(fixture.makeFiles(5)));
+        run->requestStop();
+        QVERIFY(finished.wait());
+        const auto report = finished[0][0].value<ImportReport>();
+        QVERIFY(report.stopped);
+        QCOMPARE(report.tried, 1);
+        QCOMPARE(fixture.recordCount(), 0);
+        QCOMPARE(fixture.itemFolders(), QStringList());
+    }
+
+    void endsCleanlyWhenDestroyed_data()
+    {
+        QTest::addColumn<int>("committed");
+        QTest::newRow("while the first is analysed") << 0;
+        QTest::newRow("in the middle") << 5;
+    }
+    void endsCleanlyWhenDestroyed()
+    {
+        QFETCH(int, committed);
+        ImportFixture fixture;
+        QSemaphore gate;
+        std::atomic<int> waiting{0};
+        fixture.analyse = [&](const AnalysisRequest& request) {
+            if (numberOf(request) > committed) {
+                ++waiting;
+                gate.acquire();
+            }
+            return sampleAnalysis(request);
+        };
+        auto run = fixture.makeRun();
+        run->start(ImportItem::fromPaths(fixture.makeFiles(30)));
+        QTRY_COMPARE(fixture.recordCount(), committed);
+        QTRY_COMPARE(waiting.load(), fixture.parallel);
+        gate.release(1000);
+        run.reset();
+        QCOMPARE(fixture.recordCount(), committed);
+        QCOMPARE(fixture.itemFolders().size(), committed);
+        QVERIFY(!fixture.hasStagingDirectory());
+    }
+
+    void putsFailuresOnTheListAndGoesOn()
+    {
+        ImportFixture fixture;
+        QStringList files = fixture.makeFiles(6);
+        QVERIFY(QDir().mkpath(fixture.library.folder() + QStringLiteral("/in/album.png")));
+        QVERIFY(::mkfifo((fixture.library.folder() + QStringLiteral("/in/pipe.png")).toUtf8().constData(),
+                         0600) == 0);
+        files.append(fixture.library.folder() + QStringLiteral("/in"));
+        fixture.analyse = [](const AnalysisRequest& request) {
+            AnalysisResult result = sampleAnalysis(request);
+            switch (numberOf(request)) {
+            case 2:
+                result.outcome = base::Failure{QStringLiteral("It is torn.")};
+                break;
+            case 4:
+                throw std::runtime_error("decoder in tears");
+            case 5:
+                result.preview.clear();
+                break;
+            default:
+                break;
+            }
+            return result;
+        };
+        const ImportReport report = fixture.import(files);
+        QCOMPARE(fixture.titles(report.imported),
+                 QStringList({QStringLiteral("01"), QStringLiteral("03"), QStringLiteral("06")}));
+        QCOMPARE(report.tried, 8);
+        QStringList failed;
+        for (const FailedPath& path : report.failed) {
+            failed.append(QFileInfo(path.path).fileName());
+            QVERIFY(!path.reason.isEmpty());
+        }
+        QCOMPARE(failed,
+                 QStringList({QStringLiteral("02.png"), QStringLiteral("04.png"), QStringLiteral("05.png"),
+                              QStringLiteral("album.png"), QStringLiteral("pipe.png")}));
+        QCOMPARE(report.failed[0].reason, QStringLiteral("It is torn."));
+        QVERIFY(report.failed[1].reason.contains(QStringLiteral("decoder in tears")));
+        QCOMPARE(fixture.itemFolders().size(), 3);
+    }
+
+    void losesAndHalvesNothingWhenASaveFails()
+    {
+        ImportFixture fixture;
+        const QStringList files = fixture.makeFiles(4);
+        for (const QString& file : files) {
+            fixture.index.entries[file].tags = {QStringLiteral("shared"), QFileInfo(file).baseName()};
+        }
+        poisonStore(fixture.library.package().dbPath(), "02");
+        const ImportReport report = fixture.import(files);
+        QCOMPARE(fixture.titles(report.imported),
+                 QStringList({QStringLiteral("01"), QStringLiteral("03"), QStringLiteral("04")}));
+        QCOMPARE(report.failed.size(), size_t(1));
+        QCOMPARE(report.failed[0].path, files[1]);
+        QVERIFY(!report.failed[0].reason.isEmpty());
+        QCOMPARE(fixture.itemFolders().size(), 3);
+        QVERIFY(!fixture.library.context().hasChanges());
+        QVERIFY(fixture.library.reopen());
+        QCOMPARE(fixture.recordCount(), 3);
+        QCOMPARE(fixture.recordCount(store::Tags::info()),
+                 4); // "shared", and one for each item that is there.
+        QVERIFY(QFileInfo::exists(files[1]));
+    }
+
+    void removesDateFoldersThatItEmptied()
+    {
+        ImportFixture fixture;
+        poisonStore(fixture.library.package().dbPath(), "01");
+        QCOMPARE(fixture.import(fixture.makeFiles(1)).failed.size(), size_t(1));
+        QCOMPARE(QDir(fixture.library.package().masterDirPath())
+                     .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList());
+    }
+
+    void passesOverFilesThatAreGone()
+    {
+        ImportFixture fixture;
+        fixture.parallel = 1;
+        const QStringList files = fixture.makeFiles(3);
+        std::vector<ImportItem> items = ImportItem::fromPaths(files);
+        items.push_back({files[0], {}, MediaKind::Unset, true}); // A record needs a kind.
+        fixture.analyse = [&files](const AnalysisRequest& request) {
+            QFile::remove(files[1]);
+            return sampleAnalysis(request);
+        };
+        const auto run = fixture.makeRun();
+        QList<int> indexes;
+        connect(run.get(), &ImportRun::progressed, run.get(),
+                [&indexes](const ImportProgress& progress) { indexes.append(progress.index); });
+        const ImportReport report = ImportFixture::finish(*run, items);
+        QCOMPARE(fixture.titles(report.imported), QStringList({QStringLiteral("01"), QStringLiteral("03")}));
+        QVERIFY(report.failed.empty());
+        QCOMPARE(report.tried, 3);
+        QVERIFY(!indexes.contains(2));
+        QCOMPARE(indexes.last(), 3);
+    }
+
+    void reportsProgressOfTheLastItemAndNotMoreThanFrames()
+    {
+        ImportFixture fixture;
+        const auto run = fixture.makeRun();
+        QList<ImportProgress> seen;
+        QElapsedTimer time;
+        connect(run.get(), &ImportRun::progressed, run.get(),
+                [&seen](const ImportProgress& progress) { seen.append(progress); });
+        time.start();
+        ImportFixture::finish(*run, ImportItem::fromPaths(fixture.makeFiles(70)));
+        QCOMPARE(seen.last().index, 70);
+        QCOMPARE(seen.last().percent(), 100);
+        QCOMPARE(seen.last().preview, QByteArray("preview of 70.png"));
+        QCOMPARE(seen.last().colors.size(), size_t(1));
+        QVERIFY(seen.size() <= time.elapsed() / 16 + 2);
+        for (qsizetype i = 1; i < seen.size(); ++i) {
+            QVERIFY(seen[i - 1].index < seen[i].index);
+        }
+    }
+
+    void roundsPercentDown()
+    {
+        QCOMPARE((ImportProgress{{}, 1, 3, {}, {}}).percent(), 33);
+        QCOMPARE((ImportProgress{{}, 2, 3, {}, {}}).percent(), 66);
+        QCOMPARE((ImportProgress{{}, 0, 0, {}, {}}).percent(), 0);
+    }
+
+    void finishesAtOnceWithNothingToDo()
+    {
+        ImportFixture fixture;
+        const ImportReport report =
+            fixture.import(QStringList{fixture.makeFile(QStringLiteral("notes.txt"))});
+        QCOMPARE(report.tried, 0);
+        QCOMPARE(report.skipped.size(), size_t(1));
+        QCOMPARE(fixture.import(QStringList()).tried, 0);
+        QVERIFY(!fixture.hasStagingDirectory());
+    }
+
+    void removesWhatAnInterruptedRunLeft()
+    {
+        ImportFixture fixture;
+        const QString remains =
+            fixture.library.package().stagingDirPath() + QStringLiteral("/OLD.mritem/Originals/x");
+        test::writeFile(remains, "x");
+        QCOMPARE(fixture.import(fixture.makeFiles(2)).imported.size(), 2);
+        QVERIFY(!QFileInfo::exists(remains));
+        QVERIFY(!fixture.hasStagingDirectory());
+    }
+
+    void keepsTheEventLoopTurning()
+    {
+        ImportFixture fixture;
+        fixture.parallel = 2;
+        const auto run = fixture.makeRun();
+        QElapsedTimer turn;
+        qint64 longest = 0;
+        QTimer pulse;
+        connect(&pulse, &QTimer::timeout, this, [&] { longest = std::max(longest, turn.restart()); });
+        turn.start();
+        pulse.start(0);
+        ImportFixture::finish(*run, ImportItem::fromPaths(fixture.makeFiles(99)));
+        // Commits come in slices of some milliseconds; all of them in one turn would take far longer than
+        // this.
+        QVERIFY2(longest < 250, qPrintable(QString::number(longest)));
+    }
+};
+
+QTEST_GUILESS_MAIN(ImportRunTest)
+#include "tst_importrun.moc"

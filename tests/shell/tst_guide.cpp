@@ -1,0 +1,225 @@
+#include "base/Text.h"
+#include "kit/Look.h"
+#include "shell/About.h"
+#include "shell/Guide.h"
+#include "shell/GuidePage.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace mosaro;
+using shell::Guide;
+using shell::GuideButtons;
+using shell::GuidePage;
+
+namespace {
+
+void setReducedMotion(bool reduced)
+{
+    qputenv("MOSARO_REDUCED_MOTION", reduced ? "1" : "0");
+}
+
+QPushButton* visibleButton(const Guide& guide, const QString& text)
+{
+    for (QPushButton* button : guide.findChildren<QPushButton*>()) {
+        if (button->text() == text && !button->isHidden()) {
+            return button;
+        }
+    }
+    return nullptr;
+}
+
+shell::AboutFacts facts()
+{
+    return {QStringLiteral("1.2.3"), QStringLiteral("45"), QStringLiteral("Maria Muster"), 2026};
+}
+
+} // namespace
+
+class TestGuide : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        base::installTexts();
+        kit::installLook(*qApp);
+    }
+    void init() { setReducedMotion(true); }
+
+    void buttonsOfEachPage_data()
+    {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<bool>("previous");
+        QTest::addColumn<bool>("next");
+        QTest::addColumn<bool>("done");
+        QTest::newRow("first") << 1 << false << true << false;
+        for (int page = 2; page <= 6; ++page) {
+            QTest::addRow("page %d", page) << page << true << true << false;
+        }
+        QTest::newRow("seventh") << 7 << false << false << true;
+        QTest::newRow("last") << 8 << false << false << false;
+    }
+    void buttonsOfEachPage()
+    {
+        QFETCH(int, page);
+        QFETCH(bool, previous);
+        QFETCH(bool, next);
+        QFETCH(bool, done);
+        QCOMPARE(GuideButtons::onPage(page), (GuideButtons{previous, next, done}));
+    }
+
+    void everyPageHasTextAndADrawing()
+    {
+        for (int index = 1; index <= GuidePage::kLast; ++index) {
+            const GuidePage page(index);
+            QVERIFY(page.hasArtwork());
+            QVERIFY(!page.title().isEmpty() && !page.title().startsWith(QLatin1String("Guide.")));
+            QCOMPARE(page.subtitle().isEmpty(), index == GuidePage::kLast);
+            QVERIFY(!page.subtitle().startsWith(QLatin1String("Guide.")));
+        }
+    }
+
+    void navigation_data()
+    {
+        QTest::addColumn<bool>("reduced");
+        QTest::newRow("at once") << true;
+        QTest::newRow("with motion, faster than it") << false;
+    }
+    void navigation()
+    {
+        QFETCH(bool, reduced);
+        setReducedMotion(reduced);
+        Guide guide;
+        guide.resize(1000, 700);
+        guide.show();
+        guide.naviagateGuidePage(Guide::Back);
+        QCOMPARE(guide.guideIndex(), 1);
+        guide.showLastGuide();
+        QCOMPARE(guide.guideIndex(), 1);
+        for (int i = 0; i < 10; ++i) {
+            guide.naviagateGuidePage(Guide::On);
+        }
+        QCOMPARE(guide.guideIndex(), 7);
+        guide.naviagateGuidePage(Guide::Back);
+        QCOMPARE(guide.guideIndex(), 6);
+        guide.naviagateGuidePage(Guide::On);
+        visibleButton(guide, base::text("Basic.Start"))->click();
+        QCOMPARE(guide.guideIndex(), 8);
+        guide.naviagateGuidePage(Guide::Back);
+        QCOMPARE(guide.guideIndex(), 8);
+
+        QSignalSpy finished(&guide, &Guide::finished);
+        QPushButton* go = visibleButton(guide, base::text("Basic.Lets.Go"));
+        QVERIFY(go != nullptr);
+        go->click();
+        go->click();
+        QTRY_COMPARE(finished.count(), 1);
+        QTRY_COMPARE(guide.findChildren<GuidePage*>().size(), 1);
+    }
+
+    void keyboard()
+    {
+        Guide guide;
+        guide.resize(1000, 700);
+        guide.show();
+        QSignalSpy finished(&guide, &Guide::finished);
+        QTest::keyClick(&guide, Qt::Key_Right);
+        QTest::keyClick(&guide, Qt::Key_Return);
+        QCOMPARE(guide.guideIndex(), 3);
+        QTest::keyClick(&guide, Qt::Key_Left);
+        QCOMPARE(guide.guideIndex(), 2);
+        QTest::keyClick(&guide, Qt::Key_Escape);
+        QCOMPARE(guide.guideIndex(), 2);
+        for (int i = 0; i < 6; ++i) {
+            QTest::keyClick(&guide, Qt::Key_Return);
+        }
+        QCOMPARE(guide.guideIndex(), 8);
+        QCOMPARE(finished.count(), 0);
+        QTest::keyClick(&guide, Qt::Key_Return);
+        QCOMPARE(finished.count(), 1);
+    }
+
+    void guideFitsASmallWindow()
+    {
+        Guide guide;
+        guide.resize(500, 360);
+        guide.show();
+        for (const QPushButton* button : guide.findChildren<QPushButton*>()) {
+            if (!button->isHidden()) {
+                QVERIFY(guide.rect().contains(QRect(button->mapTo(&guide, QPoint(0, 0)), button->size())));
+            }
+        }
+    }
+
+    void aboutStandsStillWithReducedMotion()
+    {
+        shell::About about(facts());
+        QCOMPARE(about.textFieldOffset(), 300 + 253);
+        QCOMPARE(about.labelAlpha(), 0.0);
+        QCOMPARE(about.specialThanksWidth(), 0);
+        QSignalSpy ended(&about, &shell::About::creditsEnded);
+        about.showWindow();
+        QTRY_COMPARE(ended.count(), 1);
+        QCOMPARE(about.textFieldOffset(), 0);
+        QCOMPARE(about.labelAlpha(), 1.0);
+        QCOMPARE(about.specialThanksAlpha(), 1.0);
+        QCOMPARE(about.specialThanksWidth(), 331);
+        about.showWindow();
+        QCOMPARE(ended.count(), 1);
+    }
+
+    void aboutPlaysItsCredits()
+    {
+        setReducedMotion(false);
+        if (kit::motion(100) == 0) {
+            QSKIP("This desktop asks for reduced motion");
+        }
+        shell::About about(facts());
+        QSignalSpy ended(&about, &shell::About::creditsEnded);
+        int leftmost = about.textFieldOffset();
+        const auto watch = [&about, &leftmost] { leftmost = qMin(leftmost, about.textFieldOffset()); };
+        QTimer sampler;
+        connect(&sampler, &QTimer::timeout, this, watch);
+        sampler.start(5);
+        about.showWindow();
+        QCOMPARE(about.labelAlpha(), 0.0);
+        QVERIFY(ended.wait(20'000));
+        QVERIFY2(leftmost < 0 && leftmost >= -5, qPrintable(QString::number(leftmost)));
+        QCOMPARE(about.textFieldOffset(), 0);
+        QCOMPARE(about.specialThanksWidth(), 331);
+        QCOMPARE(about.specialThanksAlpha(), 1.0);
+    }
+
+    void aboutTellsTheFacts()
+    {
+        const shell::About about(facts());
+        QStringList texts;
+        for (const QLabel* label : about.findChildren<QLabel*>()) {
+            texts << label->text();
+        }
+        QVERIFY(texts.contains(QStringLiteral("Version 1.2.3 (45)")));
+        QVERIFY(texts.contains(QStringLiteral("Special thanks to Maria Muster")));
+        QVERIFY(texts.filter(QStringLiteral("2026")).size() == 1);
+    }
+
+    void eachShowingOfAboutIsNew()
+    {
+        QPointer<shell::About> first = &shell::About::sharedController();
+        QCOMPARE(&shell::About::sharedController(), first.data());
+        first->showWindow();
+        QVERIFY(first->isAnimated());
+        first->close();
+        QTRY_VERIFY(first.isNull());
+        shell::About& second = shell::About::sharedController();
+        QVERIFY(!second.isAnimated());
+        second.close();
+    }
+};
+
+QTEST_MAIN(TestGuide)
+#include "tst_guide.moc"
