@@ -12,9 +12,9 @@ struct LaunchOptions {
     bool chooseLibrary = false;
     bool help = false;
     bool version = false;
-    QString library;     ///< Absolute path of a package to open, or empty.
-    QString snapshot;    ///< Absolute path of the picture to save; not empty: snapshot mode.
-    QStringList imports; ///< Absolute paths that the snapshot mode imports.
+    QString library = {};     ///< Absolute path of a package to open, or empty.
+    QString snapshot = {};    ///< Absolute path of the picture to save; not empty: snapshot mode.
+    QStringList imports = {}; ///< Absolute paths that the snapshot mode imports.
 };
 
 /// Reads the arguments, the program's name first. Unknown options and options without their value are

@@ -23,10 +23,10 @@ struct JpegOptions {
     bool progressive = false;
     bool cmyk = false;
     bool gray = false;
-    int orientation = 1; ///< EXIF's number.
-    double dpi = 0;      ///< 0: not said.
-    QString profile;     ///< "p3", "srgb" or a path; the colours are converted to it.
-    QString software;
+    int orientation = 1;  ///< EXIF's number.
+    double dpi = 0;       ///< 0: not said.
+    QString profile = {}; ///< "p3", "srgb" or a path; the colours are converted to it.
+    QString software = {};
     int quality = 95;
 };
 bool writeJpeg(const QString& path, const QImage& image, const JpegOptions& options = {});
@@ -37,8 +37,8 @@ struct PngOptions {
     bool gray = false;
     bool sixteenBit = false;
     double dpi = 0;
-    QString profile;
-    QString software;
+    QString profile = {};
+    QString software = {};
 };
 bool writePng(const QString& path, const QImage& image, const PngOptions& options = {});
 
