@@ -16,9 +16,8 @@ namespace mosaro::base {
 template <class Container, class Key>
 void sortedArray(Container& items, Key key)
 {
-    std::stable_sort(items.begin(), items.end(), [&key](const auto& a, const auto& b) {
-        return finderStyleCompare(key(a), key(b)) < 0;
-    });
+    std::stable_sort(items.begin(), items.end(),
+                     [&key](const auto& a, const auto& b) { return finderStyleCompare(key(a), key(b)) < 0; });
 }
 
 } // namespace mosaro::base
