@@ -95,10 +95,6 @@
     <source></source>
     <translation>Back</translation>
   </message>
-  <message id="Basic.Cancel">
-    <source></source>
-    <translation>Cancel</translation>
-  </message>
   <message id="Basic.Choose">
     <source></source>
     <translation>Choose</translation>
@@ -789,11 +785,11 @@
   </message>
   <message id="File.New.Collection">
     <source></source>
-    <translation>New Collection</translation>
+    <translation>&amp;New Collection</translation>
   </message>
   <message id="File.New.Folder">
     <source></source>
-    <translation>New Folder</translation>
+    <translation>New &amp;Folder</translation>
   </message>
   <message id="File.New.SmartCollection">
     <source></source>
@@ -1349,7 +1345,7 @@
   </message>
   <message id="View.Colors">
     <source></source>
-    <translation>C&amp;olors</translation>
+    <translation>Colo&amp;rs</translation>
   </message>
   <message id="View.Enter.Full.Screen">
     <source></source>
@@ -1401,7 +1397,7 @@
   </message>
   <message id="Window.Minimize">
     <source></source>
-    <translation>M&amp;inimize</translation>
+    <translation>Mi&amp;nimize</translation>
   </message>
   <message id="Window.Mosaro">
     <source></source>

@@ -62,6 +62,17 @@ std::optional<int> answerOnCommandLine(const base::Result<shell::LaunchOptions>&
 int main(int argc, char** argv)
 {
     const bool windowPossible = hasDisplay() || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    shell::LaunchOptions options;
+    {
+        // What needs no window is answered without one, so that a broken display is no hindrance.
+        QCoreApplication application(argc, argv);
+        base::installTexts();
+        const auto parsed = shell::parseLaunchOptions(QCoreApplication::arguments());
+        if (const std::optional<int> status = answerOnCommandLine(parsed, windowPossible)) {
+            return *status;
+        }
+        options = parsed.value();
+    }
     if (!windowPossible) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
@@ -69,13 +80,8 @@ int main(int argc, char** argv)
     nameApplication(application);
     QApplication::setQuitOnLastWindowClosed(false);
     base::installTexts();
-
-    const base::Result<shell::LaunchOptions> options = shell::parseLaunchOptions(application.arguments());
-    if (const std::optional<int> status = answerOnCommandLine(options, windowPossible)) {
-        return *status;
-    }
     importing::setUpImageLibrary(argv[0]);
     kit::installLook(application);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/org.mosaro.Mosaro.svg")));
-    return shell::Application(platform::makeLinuxPlatform(true), options.value()).run();
+    return shell::Application(platform::makeLinuxPlatform(true), std::move(options)).run();
 }

@@ -97,6 +97,7 @@ void AppDelegate::openDatabase()
         return;
     }
     m_loadingPanel->closeLoadingView();
+    Q_EMIT libraryOpened();
     startUserDefinedBookmarks();
     showMRWindowWithLibrary(m_environment.library.libraryDirPath());
 }

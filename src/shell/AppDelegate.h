@@ -45,6 +45,8 @@ public:
     void setOpenAddress(std::function<void(const QUrl&)> open) { m_openAddress = std::move(open); }
 
 Q_SIGNALS:
+    /// A library is open and about to be shown.
+    void libraryOpened();
     /// A library is shown in the main window.
     void libraryShown();
 

@@ -4,8 +4,8 @@
 #include "base/Text.h"
 #include "base/ZNUtilities.h"
 #include "browser/ui/MRBrowserView.h"
+#include "import/ImportRun.h"
 #include "organisation/CollectionCommands.h"
-#include "organisation/ImportSession.h"
 #include "organisation/ui/MRLibraryView.h"
 #include "shell/AppDelegate.h"
 #include "store/Media.h"
@@ -37,15 +37,36 @@ Snapshot::Snapshot(AppDelegate& delegate, QString picturePath, QStringList impor
 {
     m_timer.setInterval(kLookTime);
     connect(&m_timer, &QTimer::timeout, this, &Snapshot::lookAgain);
+    if (!m_imports.isEmpty()) {
+        connect(&m_delegate, &AppDelegate::libraryOpened, this, &Snapshot::makeCollection);
+    }
     connect(&m_delegate, &AppDelegate::libraryShown, this, &Snapshot::libraryShown, Qt::QueuedConnection);
     base::ZNUtilities::sharedManager().bus().observe(base::MOSARO_NOTI_COMPLETED_MEDIA_IMPORTED, this,
                                                      [this](const QVariant&) { importCompleted(); });
+}
+
+/// Before the sidebar reads the library, so that it finds the collection there.
+void Snapshot::makeCollection()
+{
+    organisation::NewCollection samples;
+    samples.title = base::text("Lib.Samples");
+    store::StoreContext& context = *store::ZNDBManager::sharedManager().context();
+    const auto made = organisation::CollectionCommands(context).addItem(samples, nullptr);
+    if (made) {
+        m_collectionID = made.value();
+    } else {
+        QTextStream(stderr) << made.reason() << Qt::endl;
+    }
 }
 
 void Snapshot::libraryShown()
 {
     m_delegate.sharedController().window().resize(kPictureSize);
     if (!m_imports.isEmpty()) {
+        if (m_collectionID.isEmpty()) {
+            finish(1);
+            return;
+        }
         importFiles();
     }
     m_timer.start();
@@ -53,27 +74,14 @@ void Snapshot::libraryShown()
 
 void Snapshot::importFiles()
 {
-    store::StoreContext* context = store::ZNDBManager::sharedManager().context();
-    organisation::NewCollection samples;
-    samples.title = base::text("Lib.Samples");
-    const auto made = organisation::CollectionCommands(*context).addItem(samples, nullptr);
-    if (!made) {
-        QTextStream(stderr) << made.reason() << Qt::endl;
-        finish(1);
-        return;
-    }
-    m_collectionID = made.value();
     organisation::MRLibraryView* sidebar = m_delegate.sharedController().libraryView();
-    sidebar->readLibrary();
     sidebar->findCollectionItem(m_collectionID);
-    if (auto* session = sidebar->findChild<organisation::ImportSession*>()) {
-        connect(session, &organisation::ImportSession::failed, this,
-                [](const std::vector<importing::FailedPath>& paths) {
-                    for (const importing::FailedPath& failed : paths) {
-                        tell(base::text("Message.Snapshot.Failed", failed.path, failed.reason));
-                    }
-                });
-    }
+    connect(sidebar, &organisation::MRLibraryView::importFailed, this,
+            [](const std::vector<importing::FailedPath>& paths) {
+                for (const importing::FailedPath& failed : paths) {
+                    tell(base::text("Message.Snapshot.Failed", failed.path, failed.reason));
+                }
+            });
     m_waitsForImport = true;
     base::ZNUtilities::sharedManager().postNotification(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE,
                                                         m_imports);

@@ -23,6 +23,7 @@ public:
     [[nodiscard]] int status() const { return m_status; }
 
 private:
+    void makeCollection();
     void libraryShown();
     void importFiles();
     void importCompleted();

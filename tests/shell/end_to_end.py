@@ -35,16 +35,18 @@ class EndToEnd(unittest.TestCase):
         self.addCleanup(self.folder.cleanup)
         self.root = pathlib.Path(self.folder.name)
         self.home = self.root / "home"
+        self.runtime = self.root / "runtime"
         self.home.mkdir()
+        self.runtime.mkdir(mode=0o700)
         self.picture = self.root / "out.png"
 
     def environment(self, **more):
         kept = {name: os.environ[name] for name in ("PATH", "ASAN_OPTIONS", "LD_LIBRARY_PATH") if name in os.environ}
-        return kept | {"HOME": str(self.home), "LC_ALL": "C.UTF-8", "TZ": "UTC",
+        return kept | {"HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.runtime), "LC_ALL": "C.UTF-8", "TZ": "UTC",
                        "DBUS_SESSION_BUS_ADDRESS": "disabled:"} | more
 
     def run_program(self, program, *arguments):
-        return subprocess.run([program, *map(str, arguments)], env=self.environment(), timeout=120,
+        return subprocess.run([program, *map(str, arguments)], env=self.environment(), timeout=60,
                               capture_output=True, text=True)
 
     def write(self, name, data):

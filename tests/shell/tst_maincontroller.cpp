@@ -108,7 +108,8 @@ void MainControllerTest::findsMediaInItsCollection()
     const auto wanted = m_library->addMedia(QStringLiteral("b"), collection);
     open();
     m_controller->findMedia(wanted->mediaID(), collection->collectionID());
-    QTRY_COMPARE(m_controller->browserView()->currentCollectionID(), collection->collectionID());
+    QTRY_COMPARE(m_controller->browserView()->currentCollectionID(),
+                 collection->collectionID() + QStringLiteral("+Collection"));
     QTRY_COMPARE(m_controller->browserView()->selectedCount(), 1);
 }
 
@@ -199,7 +200,9 @@ void MainControllerTest::copyModeFollowsTheRecord()
 
 void MainControllerTest::menusFollowTheWindow()
 {
+    const auto collection = m_library->addCollection(QStringLiteral("Sorted"));
     open();
+    m_controller->libraryView()->findCollectionItem(collection->collectionID());
     QAction* sort = m_shell->menus.item(MenuId::BrowserView, 9);
     QVERIFY(sort->isEnabled());
     m_controller->browserView()->sortMedia(23);

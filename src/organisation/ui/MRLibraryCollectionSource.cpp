@@ -47,6 +47,7 @@ MRLibraryCollectionSource::MRLibraryCollectionSource(const SidebarEnvironment& e
                                 [this] { return renamableTitle(); }, &sidebar))
 {
     new ImportPanel(m_session, sidebar, environment.utilities, environment.platform.revealer.get());
+    connect(&m_session, &ImportSession::failed, this, &MRLibraryCollectionSource::importFailed);
     connectTree();
     observeBus();
 }

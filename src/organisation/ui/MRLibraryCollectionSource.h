@@ -59,6 +59,9 @@ public:
     /// Whether a command of a menu is possible now.
     [[nodiscard]] bool validate(SidebarCommand command) const;
 
+Q_SIGNALS:
+    void importFailed(const std::vector<mosaro::importing::FailedPath>& paths);
+
 private:
     void connectTree();
     void observeBus();

@@ -47,6 +47,7 @@ MRLibraryView::MRLibraryView(SidebarEnvironment environment, QWidget* parent)
     column->addWidget(&d->installed->contentView());
     column->addWidget(new SidebarFoot(d->installed->contextualMenu(), this));
     setFocusProxy(&d->installed->contentView());
+    connect(&d->collections, &MRLibraryCollectionSource::importFailed, this, &MRLibraryView::importFailed);
 
     base::NotificationBus& bus = environment.utilities.bus();
     bus.observe(base::MOSARO_NOTI_COMPLETED_MEDIA_IMPORTED, this, [this](const QVariant&) { readLibrary(); });

@@ -17,6 +17,7 @@ namespace mosaro::importing {
 class MediaClassification;
 struct AnalysisRequest;
 struct AnalysisResult;
+struct FailedPath;
 } // namespace mosaro::importing
 namespace mosaro::platform {
 struct Platform;
@@ -76,6 +77,8 @@ public:
 Q_SIGNALS:
     /// The set of selected items changed, or was read again: the window runs selectLibrary.
     void selectionChanged();
+    /// Last word of an import that left files out.
+    void importFailed(const std::vector<mosaro::importing::FailedPath>& paths);
 
 private:
     class Private;
