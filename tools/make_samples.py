@@ -163,7 +163,7 @@ PICTURES = [
     ("Pixel island.bmp", bmp, drawings.pixel_island),
     ("Deco fan.tga", tga, drawings.deco),
     ("Monstera.png", transparent_png, drawings.leaf),
-    ("夜の山.png", deep_png, drawings.night_mountain),
+    ("Ночная гора.png", deep_png, drawings.night_mountain),
     ("Étoile.png", transparent_png, drawings.star),
     ("Spectrum band.png", png, drawings.band),
     ("Record sleeve.jpg", jpeg, drawings.record),
