@@ -97,10 +97,9 @@ void ItemList::read(const std::vector<store::RowId>& rows)
 /// Those of the rows that have a tag, ascending.
 std::vector<store::RowId> ItemList::taggedRows(const std::vector<store::RowId>& rows) const
 {
-    QVariantList values(rows.begin(), rows.end());
+    const QVariantList values(rows.begin(), rows.end());
     store::Query query;
-    query.predicate =
-        store::Predicate::compare(QLatin1String("media"), store::Comparison::In, std::move(values));
+    query.predicate = store::Predicate::compare(QLatin1String("media"), store::Comparison::In, values);
     const auto links = m_library.context()->fetch<store::MediaTagList>(query);
     std::vector<store::RowId> tagged;
     if (links) {

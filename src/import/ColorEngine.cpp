@@ -62,7 +62,7 @@ private:
 
     int& slotOf(std::uint32_t key)
     {
-        std::size_t slot = (key * 2654435761U) & (m_slots.size() - 1);
+        std::size_t slot = std::uint32_t(key * 2654435761U) & (m_slots.size() - 1);
         while (m_slots[slot] >= 0 && pack(m_votes[static_cast<std::size_t>(m_slots[slot])].color) != key)
             slot = (slot + 1) & (m_slots.size() - 1);
         return m_slots[slot];

@@ -24,7 +24,7 @@ namespace {
 
 constexpr qsizetype kLongestFileName = 255;
 constexpr qsizetype kRoomForSuffix = 16;
-constexpr size_t kBufferSize = 256 * 1024;
+constexpr size_t kBufferSize = size_t(256) * 1024;
 
 /// A file descriptor that closes itself.
 class Descriptor {

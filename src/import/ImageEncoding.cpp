@@ -91,6 +91,7 @@ QByteArray PNGRepresentation(const QImage& image)
     QByteArray bytes;
     bytes.reserve(pixels.sizeInBytes() / 3);
     std::vector<png_bytep> rows;
+    rows.reserve(static_cast<std::size_t>(pixels.height()));
     for (int y = 0; y < pixels.height(); ++y)
         rows.push_back(pixels.scanLine(y));
     const bool done = info && writeInterlaced(png, info, pixels, rows.data(), &bytes);

@@ -76,7 +76,7 @@ std::vector<QRgb> readPalette(QIODevice& file, const QByteArray& head)
     const int bits = static_cast<uchar>(head.at(7));
     const int entryBytes = (bits + 7) / 8;
     const QByteArray data = file.read(qint64(count) * entryBytes);
-    std::vector<QRgb> palette(static_cast<std::size_t>(first + count), qRgb(0, 0, 0));
+    std::vector<QRgb> palette(std::size_t(first) + std::size_t(count), qRgb(0, 0, 0));
     if (entryBytes < 2 || entryBytes > 4 || data.size() < qsizetype(count) * entryBytes)
         return {};
     for (int entry = 0; entry < count; ++entry) {
@@ -94,7 +94,7 @@ QImage readTga(QIODevice& file)
     if (!header || !file.seek(0))
         return {};
     const QByteArray head = file.read(18);
-    const int kind = head.at(2);
+    const int kind = static_cast<uchar>(head.at(2));
     const int bits = static_cast<uchar>(head.at(16));
     const int descriptor = static_cast<uchar>(head.at(17));
     file.skip(static_cast<uchar>(head.at(0)));

@@ -33,7 +33,7 @@ void startImageLibrary(const char* programName)
     TIFFSetErrorHandler(nullptr);
     TIFFSetWarningHandler(nullptr);
     const qint64 bytes = analysisLimits().maxPixelsWithoutStreaming * 4;
-    QImageReader::setAllocationLimit(static_cast<int>(bytes / (1024 * 1024)) + 1);
+    QImageReader::setAllocationLimit(static_cast<int>(bytes >> 20) + 1);
 }
 
 std::once_flag& startedOnce()

@@ -38,7 +38,7 @@ QImage decoded(const QByteArray& bytes, QSize room)
 
 PreviewWell::PreviewWell(QWidget* parent) : QWidget(parent)
 {
-    setFixedSize(sizeHint());
+    setFixedSize(PreviewWell::sizeHint());
 }
 
 void PreviewWell::setPreview(const QByteArray& bytes)
@@ -74,7 +74,7 @@ void PreviewWell::paintEvent(QPaintEvent*)
 
 SwatchRow::SwatchRow(QWidget* parent) : QWidget(parent)
 {
-    setFixedSize(sizeHint());
+    setFixedSize(SwatchRow::sizeHint());
 }
 
 QSize SwatchRow::sizeHint() const
