@@ -177,7 +177,7 @@
   </message>
   <message id="Basic.No.Collection.Selected">
     <source></source>
-    <translation>No collection selected</translation>
+    <translation>Select a collection in the sidebar to see its pictures</translation>
   </message>
   <message id="Basic.No.Color.Selected">
     <source></source>
@@ -189,7 +189,7 @@
   </message>
   <message id="Basic.No.Media">
     <source></source>
-    <translation>No items</translation>
+    <translation>No pictures here yet. Import some into one of your collections.</translation>
   </message>
   <message id="Basic.No.Tag.Selected">
     <source></source>
@@ -499,6 +499,10 @@
     <source></source>
     <translation>There is no library at %1. Make one with: mosaroctl create PATH</translation>
   </message>
+  <message id="Failure.Ctl.NoOperands">
+    <source></source>
+    <translation>This command takes nothing after its options</translation>
+  </message>
   <message id="Failure.Ctl.NoTag">
     <source></source>
     <translation>There is no tag “%1”. See: mosaroctl tags</translation>
@@ -671,6 +675,10 @@
     <source></source>
     <translation>“%1” is not a Mosaro library. Choose a folder whose name ends in “.mrlibrary”.</translation>
   </message>
+  <message id="Failure.Library.NotReadable">
+    <source></source>
+    <translation>“%1” may not be read. Ask for permission, or choose another library.</translation>
+  </message>
   <message id="Failure.Library.NotRemembered">
     <source></source>
     <translation>“%1” could not be noted as the library to open next time. Check that your preferences may be written.</translation>
@@ -829,7 +837,7 @@
   </message>
   <message id="Guide.Subtitle7">
     <source></source>
-    <translation>Copies are kept safe inside the library; references leave your files where they are. You choose for each library.</translation>
+    <translation>What you import is copied into the library. The files on your disk stay where they are, as they are.</translation>
   </message>
   <message id="Guide.Title1">
     <source></source>

@@ -25,6 +25,7 @@ CollectionOutline::CollectionOutline(CollectionTreeModel& model,
     setIndentation(MRLibraryImageAndTextCell::kIndentation);
     setRootIsDecorated(false); // Groups draw their triangle themselves, in the column of their children's.
     setExpandsOnDoubleClick(false);
+    setAnimated(false); // Clicks would be lost while the rows move.
     setSelectionMode(ExtendedSelection);
     setEditTriggers(DoubleClicked);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -97,6 +98,7 @@ void CollectionOutline::scrollToNode(const CollectionNode& node)
 void CollectionOutline::editNode(const CollectionNode& node)
 {
     const QModelIndex index = m_model.index(node);
+    endEditing();
     m_selection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
     scrollTo(index);
     edit(index);
@@ -114,6 +116,13 @@ void CollectionOutline::closeEditor(QWidget* editor, QAbstractItemDelegate::EndE
 {
     // No hint: Tab ends the editing and does not go on to the next title.
     QTreeView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    // A new title makes the tree anew, and with it the focus comes here. When a click elsewhere ended the
+    // editing, the keyboard is to stay where it went.
+    const QPointer<QWidget> focus = window()->focusWidget();
+    m_cell->applyCommitted(m_model);
+    if (focus && focus != this) {
+        focus->setFocus();
+    }
 }
 
 QModelIndex CollectionOutline::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)

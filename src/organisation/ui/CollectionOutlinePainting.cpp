@@ -55,7 +55,8 @@ void CollectionOutline::drawRow(QPainter* painter, const QStyleOptionViewItem& o
 
 void CollectionOutline::paintRowGround(QPainter& painter, const QRect& row, const QModelIndex& index) const
 {
-    const QRectF plate = QRectF(row).adjusted(kGroundMargin, 0, -kGroundMargin, 0);
+    const QRectF plate = QRectF(row).adjusted(kGroundMargin, MRLibraryImageAndTextCell::kRowSpacing / 2.0,
+                                              -kGroundMargin, -MRLibraryImageAndTextCell::kRowSpacing / 2.0);
     if (m_selection->isSelected(index)) {
         const qreal tint = hasFocus() || state() == EditingState ? kFocusedTint : kQuietTint;
         kit::paint::panel(painter, plate, kit::paint::mixed(kit::color::sidebar, kit::color::amber, tint), {},
@@ -80,7 +81,8 @@ void CollectionOutline::drawBranches(QPainter* painter, const QRect& rect, const
     const QRect cell = visualRect(index);
     const int right = node.isGroup ? column : rect.right() + 1;
     // A heading stands at the bottom of its taller row.
-    const int middle = cell.bottom() + 1 - kit::metric::rowHeight / 2;
+    const int middle =
+        cell.bottom() + 1 - (kit::metric::rowHeight + MRLibraryImageAndTextCell::kRowSpacing) / 2;
     const QRect triangle(right - (column + kTriangleSize) / 2, middle - kTriangleSize / 2, kTriangleSize,
                          kTriangleSize);
     disclosureIcon(isExpanded(index), m_selection->isSelected(index)).paint(painter, triangle);

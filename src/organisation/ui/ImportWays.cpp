@@ -79,7 +79,8 @@ void ImportWays::importInto(const CollectionNode& node, const QStringList& paths
 void ImportWays::requestDraggedFileToImport(const QVariant& value)
 {
     const CollectionNode* target = onlySelected();
-    if (!target || target->type != store::kTypeCollection || !value.canConvert<QVariantList>()) {
+    const bool isList = value.typeId() == QMetaType::QStringList || value.typeId() == QMetaType::QVariantList;
+    if (!target || target->type != store::kTypeCollection || !isList) {
         return;
     }
     std::vector<ImportItem> items;

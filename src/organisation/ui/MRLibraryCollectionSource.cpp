@@ -210,12 +210,17 @@ void MRLibraryCollectionSource::selectNothing()
 void MRLibraryCollectionSource::makeUserCollections()
 {
     m_counts.clear();
-    m_model.rebuild([this] {
-        if (const auto made = m_tree.makeUserCollections(*m_environment.library.context()); !made) {
+    bool isMade = false;
+    m_model.rebuild([this, &isMade] {
+        const auto made = m_tree.makeUserCollections(*m_environment.library.context());
+        isMade = made.ok();
+        if (!isMade) {
             showDatabaseError(made.reason());
         }
     });
-    m_environment.utilities.postNotification(base::MOSARO_NOTI_COLLECTION_SOURCE_CHANGED);
+    if (isMade) {
+        m_environment.utilities.postNotification(base::MOSARO_NOTI_COLLECTION_SOURCE_CHANGED);
+    }
 }
 
 void MRLibraryCollectionSource::rebuildAround(const QString& id)

@@ -8,6 +8,7 @@
 
 #include <QLineEdit>
 #include <QPainter>
+#include <utility>
 
 namespace mosaro::organisation {
 
@@ -130,7 +131,7 @@ QSize MRLibraryImageAndTextCell::sizeHint(const QStyleOptionViewItem&, const QMo
 {
     const CollectionNode* node = CollectionTreeModel::node(index);
     const int gap = node && node->isGroup ? kGroupGap : 0;
-    return {kit::metric::tabRowHeight, kit::metric::rowHeight + gap};
+    return {kit::metric::tabRowHeight, kit::metric::rowHeight + kRowSpacing + gap};
 }
 
 QWidget* MRLibraryImageAndTextCell::createEditor(QWidget* parent, const QStyleOptionViewItem&,
@@ -142,6 +143,23 @@ QWidget* MRLibraryImageAndTextCell::createEditor(QWidget* parent, const QStyleOp
     field->setText(index.data(Qt::EditRole).toString());
     m_editor = field;
     return field;
+}
+
+void MRLibraryImageAndTextCell::setModelData(QWidget* editor, QAbstractItemModel*,
+                                             const QModelIndex& index) const
+{
+    if (const auto* field = qobject_cast<const QLineEdit*>(editor)) {
+        m_edited = index;
+        m_title = field->text();
+    }
+}
+
+void MRLibraryImageAndTextCell::applyCommitted(QAbstractItemModel& model)
+{
+    const QModelIndex edited = std::exchange(m_edited, {});
+    if (edited.isValid()) {
+        model.setData(edited, m_title, Qt::EditRole);
+    }
 }
 
 void MRLibraryImageAndTextCell::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QIcon>
+#include <QPersistentModelIndex>
 #include <QPointer>
 #include <QStyledItemDelegate>
 #include <functional>
@@ -21,6 +22,7 @@ public:
 
     /// Width left of a top row, where its disclosure triangle is; also the step of each level.
     static constexpr int kIndentation = 18;
+    static constexpr int kRowSpacing = 2;
 
     /// The open title editor, or null.
     [[nodiscard]] QWidget* editor() const { return m_editor; }
@@ -32,6 +34,10 @@ public:
                                         const QModelIndex& index) const override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
+    /// Only notes the title: setting it makes the tree anew, which no open editor may live to see.
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    /// Sets the noted title, if there is one; to be called when the editor is closed.
+    void applyCommitted(QAbstractItemModel& model);
 
 private:
     void paintGroup(QPainter& painter, const QRect& rect, const CollectionNode& node) const;
@@ -43,6 +49,8 @@ private:
     std::function<qint64(const CollectionNode&)> m_badge;
     mutable QHash<int, QIcon> m_images;
     mutable QPointer<QWidget> m_editor;
+    mutable QPersistentModelIndex m_edited; ///< Valid while a title is noted.
+    mutable QString m_title;
 };
 
 } // namespace mosaro::organisation
