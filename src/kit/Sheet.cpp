@@ -4,11 +4,12 @@
 #include "kit/Look.h"
 #include "kit/Paint.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QPainter>
-#include <QPointer>
+#include <algorithm>
 
 namespace mosaro::kit {
 
@@ -84,13 +85,9 @@ bool Sheet::eventFilter(QObject* watched, QEvent* event)
         place();
     } else if (watched == m_content && event->type() == QEvent::LayoutRequest) {
         place();
-    } else if (isVisible() &&
-               (event->type() == QEvent::Shortcut || event->type() == QEvent::ShortcutOverride)) {
+    } else if (isVisible() && event->type() == QEvent::Shortcut) {
         // Menu commands of the window below must not run by their keys.
-        auto* widget = qobject_cast<QWidget*>(watched);
-        const bool below =
-            widget != nullptr && widget->window() == &m_window && widget != this && !isAncestorOf(widget);
-        if (below && event->type() == QEvent::Shortcut) {
+        if (QApplication::activeWindow() == &m_window && !ownsShortcutOf(*watched)) {
             return true;
         }
     } else if (isVisible() && event->type() == QEvent::FocusIn) {
@@ -101,6 +98,19 @@ bool Sheet::eventFilter(QObject* watched, QEvent* event)
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+bool Sheet::ownsShortcutOf(const QObject& receiver) const
+{
+    const auto isInside = [this](const QObject* object) {
+        const auto* widget = qobject_cast<const QWidget*>(object);
+        return widget != nullptr && (widget == this || isAncestorOf(widget));
+    };
+    if (const auto* action = qobject_cast<const QAction*>(&receiver)) {
+        const QList<QObject*> places = action->associatedObjects();
+        return std::any_of(places.begin(), places.end(), isInside);
+    }
+    return isInside(&receiver) || isInside(receiver.parent());
 }
 
 void Sheet::paintEvent(QPaintEvent*)

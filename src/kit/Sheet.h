@@ -34,6 +34,8 @@ protected:
 
 private:
     void place();
+    /// Whether a shortcut, an action or a widget that has a key belongs to what the sheet shows.
+    [[nodiscard]] bool ownsShortcutOf(const QObject& receiver) const;
 
     QWidget& m_window;
     QPointer<QWidget> m_content;

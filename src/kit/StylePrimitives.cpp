@@ -44,15 +44,22 @@ void drawPushButton(const QStyleOption& option, QPainter& painter)
 {
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
     const QRectF rect(option.rect);
+    const bool focused = look::showsKeyboardFocus(option);
     if (button != nullptr && button->features.testFlag(QStyleOptionButton::Flat)) {
         if (look::isHovered(option) || look::isPressed(option)) {
             paint::panel(painter, rect, look::hover, {}, metric::radius);
         }
     } else if (button != nullptr && button->features.testFlag(QStyleOptionButton::DefaultButton)) {
-        paint::panel(painter, rect, look::buttonFill(option, color::amber), {}, metric::radius);
+        // Blue on amber could not be told apart: a gap lies between the ring and the plate.
+        const qreal gap = focused ? metric::focusRing + 1 : 0;
+        paint::panel(painter, rect.adjusted(gap, gap, -gap, -gap), look::buttonFill(option, color::amber), {},
+                     metric::radius - gap / 2);
     } else {
         const QColor base = look::isOn(option) ? color::raisedStrong.lighter(125) : color::raisedStrong;
         paint::panel(painter, rect, look::buttonFill(option, base), look::outline, metric::radius);
+    }
+    if (focused) {
+        paint::focusRing(painter, rect);
     }
 }
 

@@ -7,6 +7,8 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalSpy>
@@ -81,10 +83,17 @@ private Q_SLOTS:
         Window window;
         QShortcut shortcut(QKeySequence(Qt::CTRL | Qt::Key_D), &window);
         QSignalSpy triggered(&shortcut, &QShortcut::activated);
+        QMenuBar bar(&window);
+        QAction* command = bar.addMenu(QStringLiteral("File"))->addAction(QStringLiteral("Import"));
+        command->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_I));
+        bar.show();
+        QSignalSpy commanded(command, &QAction::triggered);
         kit::Sheet sheet(window);
         QLineEdit* first = nullptr;
         QPushButton* second = nullptr;
         sheet.setContent(contentWith(first, second));
+        QSignalSpy clicked(second, &QPushButton::clicked);
+        second->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_J));
         sheet.showSheet();
         QCOMPARE(window.focusWidget(), first);
         QTest::keyClick(first, Qt::Key_Tab);
@@ -96,10 +105,16 @@ private Q_SLOTS:
         window.field->setFocus();
         QVERIFY(!window.field->hasFocus());
         QTest::keyClick(first, Qt::Key_D, Qt::ControlModifier);
+        QTest::keyClick(first, Qt::Key_I, Qt::ControlModifier);
+        QTest::keyClick(first, Qt::Key_J, Qt::ControlModifier);
         QCOMPARE(triggered.count(), 0);
+        QCOMPARE(commanded.count(), 0);
+        QTRY_COMPARE(clicked.count(), 1);
         sheet.endSheet();
         QTest::keyClick(&window, Qt::Key_D, Qt::ControlModifier);
+        QTest::keyClick(&window, Qt::Key_I, Qt::ControlModifier);
         QCOMPARE(triggered.count(), 1);
+        QCOMPARE(commanded.count(), 1);
     }
 
     void keepsTheMouse()
