@@ -10,13 +10,11 @@
 #include <QGraphicsOpacityEffect>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QParallelAnimationGroup>
 #include <QPointer>
 #include <QPropertyAnimation>
 #include <QSequentialAnimationGroup>
-#include <QWindow>
 
 namespace mosaro::shell {
 
@@ -74,7 +72,8 @@ About& About::sharedController()
     return *window;
 }
 
-About::About(const AboutFacts& facts) : QWidget(nullptr, Qt::Window)
+About::About(const AboutFacts& facts)
+    : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint)
 {
     setWindowTitle(base::text("About.Title"));
     setFixedSize(kWindow);
@@ -225,10 +224,7 @@ void About::paintEvent(QPaintEvent*)
 
 void About::mousePressEvent(QMouseEvent* event)
 {
-    // The whole window is its own handle.
-    if (event->button() == Qt::LeftButton && windowHandle() != nullptr) {
-        windowHandle()->startSystemMove();
-    }
+    moveByBackground(*this, *event);
 }
 
 void About::keyPressEvent(QKeyEvent* event)

@@ -157,7 +157,6 @@ void AppDelegate::showChooseLibraryWindow()
 void AppDelegate::chooseLibAction(bool create)
 {
     store::ZNDBManager& library = m_environment.library;
-    const QString before = library.lastError();
     const bool opened = create ? library.createDatabase() : library.chooseDatabase();
     if (opened) {
         m_chooserWindow->hide();
@@ -165,8 +164,8 @@ void AppDelegate::chooseLibAction(bool create)
         showMRWindowWithLibrary(library.libraryDirPath());
         return;
     }
-    // A failed creation has told of itself already, and a cancelled panel leaves the reason as it was.
-    if (!create && library.lastError() != before) {
+    // A failed creation has told of itself already, and a cancelled panel has no reason.
+    if (!create && !library.lastError().isEmpty()) {
         library.closeDatabase();
         m_environment.utilities.alertWithMessageText(base::text("Basic.Alert"), base::text("Basic.OK"), {},
                                                      library.lastError());
@@ -202,6 +201,10 @@ void AppDelegate::applicationShouldHandleReopen()
     if (m_loadingPanel->isVisible()) {
         return;
     }
+    if (QWidget* question = QApplication::activeModalWidget()) {
+        activate(*question);
+        return;
+    }
     switch (reopenStep(standing())) {
     case ShowStep::Nothing:
         // The desktop brings an application that was started again to the front; here it is done by hand.
@@ -233,6 +236,7 @@ void AppDelegate::showMosaro()
         openDatabaseAfterDelay();
         break;
     case ShowStep::RaiseWindow:
+    case ShowStep::Nothing:
         m_controller->bringToFront();
         break;
     default:
@@ -293,6 +297,8 @@ void AppDelegate::performMenuItem(const MenuRow& row)
         return showHelpAddress(HelpTopic::ReleaseNotes);
     case Command::Feedback:
         return showHelpAddress(HelpTopic::Feedback);
+    case Command::FollowTwitter:
+        return showHelpAddress(HelpTopic::Social);
     case Command::Website:
         return showHelpAddress(HelpTopic::Website);
     default:

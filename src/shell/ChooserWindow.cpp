@@ -7,10 +7,8 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
-#include <QWindow>
 
 namespace mosaro::shell {
 
@@ -83,9 +81,7 @@ void ChooserWindow::closeEvent(QCloseEvent* event)
 
 void ChooserWindow::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton && windowHandle() != nullptr) {
-        windowHandle()->startSystemMove();
-    }
+    moveByBackground(*this, *event);
 }
 
 void ChooserWindow::paintEvent(QPaintEvent*)

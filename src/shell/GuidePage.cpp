@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kTextBlock = 112;
 constexpr int kTitleHeight = 34;
+constexpr qreal kBalanceStep = 8;
 
 QString titleOf(int index)
 {
@@ -27,6 +28,24 @@ QString subtitleOf(int index)
                                      "Guide.Subtitle4", "Guide.Subtitle5", "Guide.Subtitle6",
                                      "Guide.Subtitle7"};
     return index == GuidePage::kLast ? QString() : base::text(keys.at(size_t(index) - 1));
+}
+
+/// The least width in which the text takes no more lines than in the given one: its lines are of like length
+/// then.
+qreal balancedWidth(const QFontMetricsF& metrics, const QString& text, qreal width)
+{
+    const auto needed = [&](qreal inWidth) {
+        return metrics.boundingRect(QRectF(0, 0, inWidth, 0), Qt::TextWordWrap, text).size();
+    };
+    const qreal height = needed(width).height();
+    const auto fits = [&](qreal less) {
+        const QSizeF size = needed(less);
+        return size.height() <= height && size.width() <= less;
+    };
+    while (fits(width - kBalanceStep)) {
+        width -= kBalanceStep;
+    }
+    return width;
 }
 
 } // namespace
@@ -58,9 +77,10 @@ void GuidePage::paintEvent(QPaintEvent*)
     painter.setFont(kit::font(22, QFont::DemiBold));
     painter.setPen(kit::color::text);
     painter.drawText(title, Qt::AlignCenter, m_title);
-    const QRectF subtitle(width() * 0.1, title.bottom() + kit::metric::gap, width() * 0.8,
-                          kTextBlock - kTitleHeight - kit::metric::gap);
     painter.setFont(kit::font(14));
+    const qreal across = balancedWidth(QFontMetricsF(painter.font()), m_subtitle, width() * 0.8);
+    const QRectF subtitle((width() - across) / 2, title.bottom() + kit::metric::gap, across,
+                          kTextBlock - kTitleHeight - kit::metric::gap);
     painter.setPen(kit::color::text2);
     painter.drawText(subtitle, Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, m_subtitle);
 }

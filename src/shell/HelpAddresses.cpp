@@ -11,6 +11,8 @@ QUrl helpAddress(HelpTopic topic, const QString& version)
         return QUrl(QStringLiteral("https://mosaro.example/help"));
     case HelpTopic::ReleaseNotes:
         return QUrl(QStringLiteral("https://mosaro.example/release-notes"));
+    case HelpTopic::Social:
+        return QUrl(QStringLiteral("https://social.mosaro.example/@mosaro"));
     case HelpTopic::Website:
         return QUrl(QStringLiteral("https://mosaro.example/"));
     case HelpTopic::Feedback: {

@@ -5,7 +5,7 @@
 
 namespace mosaro::shell {
 
-enum class HelpTopic { Help, ReleaseNotes, Feedback, Website };
+enum class HelpTopic { Help, ReleaseNotes, Feedback, Social, Website };
 
 /// The one table of outside addresses. Feedback is a mail with the version in its subject.
 [[nodiscard]] QUrl helpAddress(HelpTopic topic, const QString& version);

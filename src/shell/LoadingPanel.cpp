@@ -47,6 +47,11 @@ void LoadingPanel::closeLoadingView()
     hide();
 }
 
+void LoadingPanel::mousePressEvent(QMouseEvent* event)
+{
+    moveByBackground(*this, *event);
+}
+
 void LoadingPanel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

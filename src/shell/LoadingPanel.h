@@ -20,6 +20,7 @@ public:
     void closeLoadingView();
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -78,7 +78,9 @@ void MRController::showWindow()
                                                 *m_mrBrowerView);
         connectPanes();
     }
-    hideSidebar(m_environment.defaults.boolean(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR), false);
+    if (m_environment.defaults.contains(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR)) {
+        hideSidebar(m_environment.defaults.boolean(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR), false);
+    }
 }
 
 void MRController::connectPanes()
@@ -86,6 +88,8 @@ void MRController::connectPanes()
     connect(m_mrLibraryView, &organisation::MRLibraryView::selectionChanged, this,
             &MRController::selectLibrary);
     connect(m_window.get(), &MainWindow::becameKey, m_mrBrowerView, [this] { m_mrBrowerView->reload(); });
+    connect(m_window.get(), &MainWindow::headDoubleClicked, this,
+            [this] { m_environment.utilities.postNotification(base::MOSARO_NOTI_SCROLL_TO_TOP); });
     connect(m_window.get(), &MainWindow::resized, m_mrBrowerView, [this] { m_mrBrowerView->sizeToFit(); });
     connect(m_splitView, &SplitView::panesAdjusted, m_mrBrowerView, [this] { m_mrBrowerView->sizeToFit(); });
 }

@@ -4,6 +4,8 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QMenuBar>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QWindowStateChangeEvent>
 
@@ -30,6 +32,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     setWindowTitle(QStringLiteral("Mosaro"));
     setObjectName(QStringLiteral("MainWindow"));
     setMinimumSize(kMinimumSize);
+    menuBar()->installEventFilter(this);
 }
 
 MainWindow::~MainWindow() = default;
@@ -86,6 +89,17 @@ void MainWindow::changeEvent(QEvent* event)
             Q_EMIT fullScreenChanged(isFullScreen());
         }
     }
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == menuBar() && event->type() == QEvent::MouseButtonDblClick) {
+        const auto* click = static_cast<QMouseEvent*>(event);
+        if (click->button() == Qt::LeftButton && menuBar()->actionAt(click->pos()) == nullptr) {
+            Q_EMIT headDoubleClicked();
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 } // namespace mosaro::shell

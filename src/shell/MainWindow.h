@@ -26,11 +26,14 @@ Q_SIGNALS:
     void becameKey();
     void resized();
     void fullScreenChanged(bool fullScreen);
+    /// A double click on the empty part of the window's head.
+    void headDoubleClicked();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     QMenu* createPopupMenu() override { return nullptr; }
 
 private:

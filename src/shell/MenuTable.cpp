@@ -66,7 +66,7 @@ constexpr std::array kRows{
     MenuRow{Help, 1, Separator, nullptr},
     MenuRow{Help, 2, Item, "Help.ReleaseNotes", C::ReleaseNotes},
     MenuRow{Help, 3, Item, "Help.Feedback", C::Feedback},
-    MenuRow{Help, 4, Item, "Help.Twitter", C::FollowTwitter, O::Social},
+    MenuRow{Help, 4, Item, "Help.Twitter", C::FollowTwitter},
     MenuRow{Help, 5, Item, "Help.WebSite", C::Website},
 
     MenuRow{BrowserView, 0, Header, "CX.Rating", C::None, O::Browser, 100},

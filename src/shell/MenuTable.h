@@ -24,8 +24,7 @@ enum class MenuOwner {
     Export,
     Window,
     Mini,
-    TextFields,
-    Social
+    TextFields
 };
 
 enum class Command {

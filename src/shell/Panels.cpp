@@ -2,8 +2,10 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QWidget>
+#include <QWindow>
 
 namespace mosaro::shell {
 
@@ -17,6 +19,13 @@ void centreOnScreen(QWidget& window)
         QRect frame({}, window.size());
         frame.moveCenter(screen->availableGeometry().center());
         window.move(frame.topLeft());
+    }
+}
+
+void moveByBackground(QWidget& window, const QMouseEvent& press)
+{
+    if (press.button() == Qt::LeftButton && window.windowHandle() != nullptr) {
+        window.windowHandle()->startSystemMove();
     }
 }
 

@@ -39,6 +39,7 @@ bool ZNDBManager::chooseDatabase()
     request.directory = panelDirectory();
     request.suffixes = {QLatin1String(kPackageSuffix)};
     request.packages = true;
+    m_lastError.clear();
     const QStringList chosen = m_prompts->openPanel(request);
     if (chosen.isEmpty())
         return false;
