@@ -100,7 +100,9 @@ Result<void> writePropertyListFile(const QString& path, const QVariant& value, P
     if (!data)
         return inFile(path, data.reason());
     QSaveFile file(path);
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(data.value()) == data.value().size();
+    // A commit does not notice that the last bytes found no room, and would put an empty file in its place.
+    const bool written =
+        file.open(QIODevice::WriteOnly) && file.write(data.value()) == data.value().size() && file.flush();
     if (!written || !file.commit())
         return inFile(path, file.errorString());
     return {};

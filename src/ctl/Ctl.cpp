@@ -35,6 +35,16 @@ qsizetype commandPosition(const QStringList& arguments)
     return -1;
 }
 
+/// What the parser found, without the full stop: the sentence goes on.
+QString faultOf(const QCommandLineParser& line)
+{
+    QString fault = line.errorText();
+    while (fault.endsWith(u'.')) {
+        fault.chop(1);
+    }
+    return fault;
+}
+
 int complain(const Environment& environment, const QString& reason)
 {
     environment.err << "mosaroctl: " << oneLine(reason) << Qt::endl;
@@ -52,7 +62,7 @@ int runWithoutCommand(const QStringList& arguments, const Environment& environme
     QCommandLineParser line;
     addOptions(line, generalOptions());
     if (!parse(line, arguments)) {
-        return complain(environment, text("Failure.Ctl.General", line.errorText()));
+        return complain(environment, text("Failure.Ctl.General", faultOf(line)));
     }
     if (line.isSet(QStringLiteral("version"))) {
         environment.out << "mosaroctl " << base::ZNUserDefaults::applicationVersion() << Qt::endl;
@@ -82,12 +92,13 @@ int runCommand(const Command& command, const QStringList& arguments, const Envir
     }
     Session session(environment, line.value(QStringLiteral("library")), line.isSet(QStringLiteral("json")));
     if (!isParsed) {
-        return session.wrongUsage(line.errorText(), command.name);
+        return session.wrongUsage(faultOf(line), command.name);
     }
     if (!hasRightOperands(command, line.positionalArguments().size())) {
-        const QString expected =
-            *command.operands ? QString(QLatin1String(command.operands)) : text("Basic.None");
-        return session.wrongUsage(text("Failure.Ctl.Operands", expected), command.name);
+        return session.wrongUsage(*command.operands
+                                      ? text("Failure.Ctl.Operands", QLatin1String(command.operands))
+                                      : text("Failure.Ctl.NoOperands"),
+                                  command.name);
     }
     return command.perform(session, line);
 }

@@ -92,7 +92,8 @@ int verify(Session& session, const QCommandLineParser& line)
     const store::LibraryPackage& package = session.library().package();
     const auto report = store::verifyLibrary(session.context(), package);
     if (!report.isComplete) {
-        return session.fail(text("Failure.Ctl.Unverified"));
+        return session.fail(report.storeDamage.isEmpty() ? text("Failure.Ctl.Unverified")
+                                                         : report.storeDamage);
     }
     const QStringList removed =
         line.isSet(QStringLiteral("repair")) ? store::repairLibrary(report, package) : QStringList();

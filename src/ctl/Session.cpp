@@ -1,9 +1,9 @@
 #include "ctl/Session.h"
 
-#include "base/PreferenceKeys.h"
 #include "base/Text.h"
 #include "store/LibraryPackage.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace mosaro::ctl {
@@ -38,8 +38,9 @@ Result<void> Session::open()
 
 Result<void> Session::openAt(const QString& path)
 {
-    // Opening would make a library of any folder.
-    if (!QFileInfo(store::LibraryPackage(path).dbPath()).isFile()) {
+    // Opening would make a library of an empty folder.
+    const QFileInfo package(path);
+    if (!package.exists() || (package.isReadable() && package.isDir() && QDir(path).isEmpty())) {
         return Failure{text("Failure.Ctl.NoLibrary", path)};
     }
     return m_library.openDatabaseAtPath(path) ? Result<void>() : Failure{m_library.lastError()};
@@ -47,9 +48,9 @@ Result<void> Session::openAt(const QString& path)
 
 QString Session::knownLibrary() const
 {
-    const QByteArray bookmark = m_environment.defaults.data(base::MOSARO_LIBRARY_LOCATION);
     const QString remembered =
-        bookmark.isEmpty() ? QString() : m_environment.platform.bookmarks->resolve(bookmark);
+        store::ZNSandBoxManager(m_environment.defaults, *m_environment.platform.bookmarks)
+            .rememberedLibrary();
     if (!remembered.isEmpty()) {
         return remembered;
     }

@@ -2,6 +2,7 @@
 
 #include "base/PropertyList.h"
 #include "platform/Ports.h"
+#include "store/ZNSandBoxManager.h"
 
 #include <QDir>
 
@@ -57,7 +58,7 @@ QString AccessList::grantFor(const QString& folder) const
 AccessList::AddOutcome AccessList::add(const QString& folder, const platform::Bookmarks& bookmarks)
 {
     const QString path = QDir::cleanPath(folder);
-    if (path.isEmpty() || excludedDestination().contains(path))
+    if (path.isEmpty() || ZNSandBoxManager::excludedDestination().contains(path))
         return AddOutcome::Excluded;
     if (m_entries.contains(path))
         return AddOutcome::AlreadyListed;
@@ -68,16 +69,6 @@ AccessList::AddOutcome AccessList::add(const QString& folder, const platform::Bo
         return AddOutcome::NoBookmark;
     m_entries.insert(path, bookmark);
     return AddOutcome::Added;
-}
-
-QStringList AccessList::excludedDestination()
-{
-    return {QStringLiteral("/"),       QStringLiteral("/Applications"), QStringLiteral("/Library"),
-            QStringLiteral("/System"), QStringLiteral("/bin"),          QStringLiteral("/boot"),
-            QStringLiteral("/dev"),    QStringLiteral("/etc"),          QStringLiteral("/lib"),
-            QStringLiteral("/lib64"),  QStringLiteral("/opt"),          QStringLiteral("/proc"),
-            QStringLiteral("/run"),    QStringLiteral("/sbin"),         QStringLiteral("/sys"),
-            QStringLiteral("/usr"),    QStringLiteral("/var")};
 }
 
 } // namespace mosaro::store

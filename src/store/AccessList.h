@@ -31,9 +31,6 @@ public:
     void enter(const QString& folder, const QByteArray& bookmark) { m_entries.insert(folder, bookmark); }
     void remove(const QString& folder) { m_entries.remove(folder); }
 
-    /// "/", "/Applications", "/Library", "/System" and their fellows here.
-    [[nodiscard]] static QStringList excludedDestination();
-
 private:
     QMap<QString, QByteArray> m_entries;
 };

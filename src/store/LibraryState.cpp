@@ -233,6 +233,8 @@ void LibraryState::setSystemCollectionZoom(const QString& number, double zoom)
 {
     QVariantMap rows = systemCollections();
     QVariantMap row = rows.value(number).toMap();
+    if (!row.contains(kZoomValue))
+        return;
     row.insert(kZoomValue, static_cast<double>(static_cast<float>(zoom)));
     rows.insert(number, row);
     m_record.insert(kSystemCollections, rows);

@@ -55,9 +55,9 @@ public:
     QVariantMap systemCollections();
     [[nodiscard]] bool hasSystemCollection(const QString& number);
     [[nodiscard]] SystemCollectionSettings systemCollection(const QString& number);
-    /// Changes one row in place; a row that is missing or lacks the sort keys is left alone.
+    // Each changes one row in place; a row that is missing or lacks the keys is left alone.
     void setSystemCollectionSort(const QString& number, int sortKey, bool ascending);
-    /// Stored in single precision, with no further check; makes the row when it is missing.
+    /// Stored in single precision, whatever the value.
     void setSystemCollectionZoom(const QString& number, double zoom);
 
     [[nodiscard]] static QVariantMap defaultLibraryXML();

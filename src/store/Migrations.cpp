@@ -122,16 +122,20 @@ base::Result<void> checkSchema(SQLite::Database& database, const QString& path)
 base::Result<void> migrate(SQLite::Database& database, const QString& path, std::span<const Migration> steps)
 {
     for (const Migration& step : steps) {
+        int before = 0;
         try {
-            if (pragma(database, "PRAGMA user_version") >= step.number)
+            before = pragma(database, "PRAGMA user_version");
+            if (before >= step.number)
                 continue;
             SQLite::Transaction transaction(database);
             step.run(database);
             database.exec("PRAGMA user_version = " + std::to_string(step.number));
             transaction.commit();
         } catch (const SQLite::Exception& error) {
-            return base::Failure{
-                base::text("Failure.Store.Migration", path, storeFailure(error, path).reason)};
+            const base::Failure failure = storeFailure(error, path);
+            if (before == 0) // A new store: there was nothing to bring up to date.
+                return failure;
+            return base::Failure{base::text("Failure.Store.Migration", path, failure.reason)};
         }
     }
     return {};

@@ -10,6 +10,9 @@ namespace mosaro::store {
 
 namespace {
 
+/// A store of this size, some ten thousand items, is looked through in a few hundredths of a second.
+constexpr qint64 kReadWholeSize = 24 * 1024 * 1024;
+
 bool holdsItems(const LibraryPackage& package)
 {
     return QFileInfo::exists(package.masterDirPath()) && !QDir(package.masterDirPath()).isEmpty();
@@ -42,6 +45,10 @@ base::Result<void> checkPackage(const LibraryPackage& package)
 
 base::Result<void> probeStore(StoreContext& context)
 {
+    if (QFileInfo(context.path()).size() <= kReadWholeSize) {
+        if (auto sound = context.checkIntegrity(false); !sound)
+            return sound;
+    }
     for (const EntityInfo* entity : allEntities()) {
         if (const auto counted = context.count(*entity, Predicate::all()); !counted)
             return counted.failure();

@@ -11,7 +11,8 @@ namespace mosaro::store {
 /// empty one, beside which every item would seem to be a leftover.
 [[nodiscard]] base::Result<void> checkPackage(const LibraryPackage& package);
 
-/// Whether every table can be read.
+/// Whether the store can be read: a smaller one as a whole, of a large one every table's beginning. The whole
+/// of a large one is for verifyLibrary().
 [[nodiscard]] base::Result<void> probeStore(StoreContext& context);
 
 } // namespace mosaro::store

@@ -262,6 +262,20 @@ void StoreContext::rollback()
     d->changes.clear();
 }
 
+base::Result<void> StoreContext::checkIntegrity(bool thorough)
+{
+    try {
+        auto check = d->file->statement(thorough ? "PRAGMA integrity_check(1)" : "PRAGMA quick_check(1)");
+        const QString finding =
+            check->executeStep() ? QString::fromStdString(check->getColumn(0).getString()) : QString();
+        if (finding != QLatin1String("ok"))
+            return base::Failure{base::text("Failure.Store.Damaged", path(), finding.simplified())};
+        return {};
+    } catch (const SQLite::Exception& error) {
+        return storeFailure(error, path());
+    }
+}
+
 void StoreContext::compact()
 {
     try {

@@ -69,6 +69,9 @@ public:
     /// Drops everything pending: unsaved records are removed, dirty attributes read anew.
     void rollback();
 
+    /// Looks through the pages of the file, and with `thorough` whether indexes and tables agree, too. The
+    /// reason names the first damage.
+    [[nodiscard]] base::Result<void> checkIntegrity(bool thorough);
     /// Compacts the file when much of it is free. Called at open.
     void compact();
     /// Random text made with the file; part of archived references.

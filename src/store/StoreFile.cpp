@@ -5,6 +5,7 @@
 #include "store/TextFunctions.h"
 
 #include <QFileInfo>
+#include <QStorageInfo>
 #include <sqlite3.h>
 #include <unicode/uversion.h>
 
@@ -16,6 +17,8 @@ constexpr int kBusyTimeout = 3000;
 /// More idle statements than the program has kinds of; reached only when many combinations of attributes
 /// change.
 constexpr int kPoolLimit = 200;
+/// Below this an opened store has no room for its companion files.
+constexpr qint64 kLeastRoom = 256 * 1024;
 const QString kCollationVersion = QStringLiteral("collationVersion");
 
 bool isEmptyOrSqlite(const QString& path)
@@ -27,6 +30,18 @@ bool isEmptyOrSqlite(const QString& path)
         return true; // The reason comes from the attempt to open it.
     const QByteArray start = file.read(16);
     return start.isEmpty() || start == QByteArray("SQLite format 3\0", 16);
+}
+
+/// What lies behind an error that SQLite tells only vaguely: a companion file that finds no room, or that may
+/// not be made.
+int plainerCode(int code, const QString& path)
+{
+    const QFileInfo folder(QFileInfo(path).path());
+    if (code == SQLITE_IOERR && QStorageInfo(folder.filePath()).bytesAvailable() < kLeastRoom)
+        return SQLITE_FULL;
+    if (code == SQLITE_CANTOPEN && folder.isDir() && !folder.isWritable())
+        return SQLITE_READONLY;
+    return code;
 }
 
 QString icuVersion()
@@ -162,7 +177,7 @@ void WriteTransaction::commit()
 base::Failure storeFailure(const SQLite::Exception& error, const QString& path)
 {
     const QString detail = QString::fromUtf8(error.what());
-    switch (error.getErrorCode()) {
+    switch (plainerCode(error.getErrorCode(), path)) {
     case SQLITE_CORRUPT:
         return {base::text("Failure.Store.Damaged", path, detail)};
     case SQLITE_NOTADB:

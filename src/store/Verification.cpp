@@ -88,13 +88,18 @@ RecordedFiles checkRecords(StoreContext& context, const QString& masters, Verifi
 
 bool VerificationReport::isClean() const
 {
-    return isComplete && foldersWithoutRecord.isEmpty() && missingPreviews.isEmpty() &&
-           missingOriginals.isEmpty();
+    return isComplete && storeDamage.isEmpty() && foldersWithoutRecord.isEmpty() &&
+           missingPreviews.isEmpty() && missingOriginals.isEmpty();
 }
 
 VerificationReport verifyLibrary(StoreContext& context, const LibraryPackage& package)
 {
     VerificationReport report;
+    if (const auto sound = context.checkIntegrity(true); !sound) {
+        // Records that a damaged store does not tell of may be there after it is restored.
+        report.storeDamage = sound.reason();
+        return report;
+    }
     const QString masters = package.masterDirPath();
     const RecordedFiles recorded = checkRecords(context, masters, report);
     if (!report.isComplete)

@@ -12,6 +12,7 @@ struct VerificationReport {
     QStringList foldersWithoutRecord; ///< Item folders and staged remains that no record names.
     QStringList missingPreviews;      ///< mediaIDs of records whose preview is gone.
     QStringList missingOriginals;     ///< mediaIDs of records whose stored or referenced file is gone.
+    QString storeDamage;              ///< What is wrong with the store file itself; empty for nothing.
     bool isComplete = false;          ///< The records could be read; otherwise nothing is listed.
     [[nodiscard]] bool isClean() const;
 };

@@ -5,7 +5,6 @@
 #include "base/Text.h"
 #include "base/ZNFileManager.h"
 #include "base/ZNUserDefaults.h"
-#include "platform/Ports.h"
 #include "store/PackageCheck.h"
 #include "store/Verification.h"
 
@@ -30,7 +29,7 @@ void ZNDBManager::setUp(base::ZNUserDefaults& defaults, const platform::Bookmark
                         QString supportFolder)
 {
     m_defaults = &defaults;
-    m_bookmarks = &bookmarks;
+    m_sandBox = std::make_unique<ZNSandBoxManager>(defaults, bookmarks);
     m_supportFolder = std::move(supportFolder);
 }
 
@@ -53,15 +52,8 @@ bool ZNDBManager::isOpenedDatabase() const
 bool ZNDBManager::openDatabase()
 {
     closeDatabase();
-    const QString remembered = findLibrary();
+    const QString remembered = m_sandBox->rememberedLibrary();
     return remembered.isEmpty() ? createDefaultDB() : validateDatabaseAtURL(remembered);
-}
-
-QString ZNDBManager::findLibrary() const
-{
-    const QByteArray bookmark = m_defaults->data(base::MOSARO_LIBRARY_LOCATION);
-    const QString path = bookmark.isEmpty() ? QString() : m_bookmarks->resolve(bookmark);
-    return QFileInfo::exists(path) ? path : QString();
 }
 
 bool ZNDBManager::createDefaultDB()
@@ -73,8 +65,8 @@ bool ZNDBManager::createDefaultDB()
 
 bool ZNDBManager::openDatabaseAtPath(const QString& path)
 {
-    if (path.isEmpty() || m_bookmarks->bookmarkData(path).isEmpty()) {
-        m_lastError = base::text("Failure.Library.Missing", path);
+    if (const auto readable = m_sandBox->isReadableSecurityScopeWithURL(path); !readable) {
+        m_lastError = readable.reason();
         return false;
     }
     closeDatabase();
@@ -85,11 +77,13 @@ bool ZNDBManager::createLibaryAtPath(const QString& path)
 {
     const bool isNew = !path.isEmpty() && !QFileInfo::exists(path);
     const bool isMade = isNew && QDir().mkpath(path);
-    if (isNew && !isMade)
+    if (isNew && !isMade) {
+        closeDatabase();
         return fail(base::text("Failure.Library.CannotCreate", path));
+    }
     const bool isOpen = validateDatabaseAtURL(path);
     if (isMade && !isOpen)
-        QDir().rmdir(path); // Only while nothing is in it.
+        QDir(path).removeRecursively(); // Half a library, made a moment ago.
     if (isOpen && !isMade)
         m_lastError = base::text("Failure.Library.Exists", path);
     if (!isOpen || !isMade)
@@ -131,7 +125,7 @@ base::Result<void> ZNDBManager::openPackage(const QString& path)
         return opened;
     if (const auto read = readState(); !read)
         return read;
-    if (const auto remembered = addScope(path); !remembered)
+    if (const auto remembered = remember(path); !remembered)
         return remembered;
     return probeStore(*m_context);
 }
@@ -164,14 +158,9 @@ base::Result<void> ZNDBManager::readState()
     return {};
 }
 
-base::Result<void> ZNDBManager::addScope(const QString& path)
+base::Result<void> ZNDBManager::remember(const QString& path)
 {
-    const QByteArray bookmark = m_bookmarks->bookmarkData(path);
-    if (bookmark.isEmpty())
-        return base::Failure{base::text("Failure.Library.Missing", path)};
-    if (m_remembers && !m_defaults->updateUserDefaults(base::MOSARO_LIBRARY_LOCATION, bookmark))
-        return base::Failure{base::text("Failure.Library.NotRemembered", path)};
-    return {};
+    return m_remembers ? m_sandBox->addScope(path) : m_sandBox->isReadableSecurityScopeWithURL(path);
 }
 
 void ZNDBManager::closeDatabase()

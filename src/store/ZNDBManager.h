@@ -6,6 +6,7 @@
 #include "store/LibraryState.h"
 #include "store/PackageLock.h"
 #include "store/StoreContext.h"
+#include "store/ZNSandBoxManager.h"
 
 #include <memory>
 #include <optional>
@@ -13,10 +14,6 @@
 namespace mosaro::base {
 class ZNUserDefaults;
 }
-namespace mosaro::platform {
-class Bookmarks;
-}
-
 namespace mosaro::store {
 
 /// The one open library: finds, creates, validates, opens and closes it. Main thread only.
@@ -57,7 +54,7 @@ public:
     /// Removes a folder, its parent and its grandparent, each only while it is empty.
     static void unusedFolderInPath(const QString& path);
 
-    /// Why the last open or create failed; empty after a success.
+    /// Why the last open or create failed; empty after a success and after a cancelled choice.
     [[nodiscard]] const QString& lastError() const { return m_lastError; }
     /// Off: an opened library does not become the remembered one (mosaroctl).
     void setRemembersLibrary(bool remembers) { m_remembers = remembers; }
@@ -65,7 +62,6 @@ public:
     [[nodiscard]] static QVariantMap libraryVersionXML();
 
 private:
-    [[nodiscard]] QString findLibrary() const;
     [[nodiscard]] bool createDefaultDB();
     /// Notes the reason and lets go of a half-opened library, writing nothing into it.
     bool fail(const QString& reason);
@@ -73,13 +69,13 @@ private:
     [[nodiscard]] base::Result<void> openPackage(const QString& path);
     [[nodiscard]] base::Result<void> openStore();
     [[nodiscard]] base::Result<void> readState();
-    [[nodiscard]] base::Result<void> addScope(const QString& path);
+    [[nodiscard]] base::Result<void> remember(const QString& path);
     [[nodiscard]] base::Result<void> replaceChosen(const QString& path);
     [[nodiscard]] QString panelDirectory() const;
     void rememberPanelDirectory(const QString& chosen);
 
     base::ZNUserDefaults* m_defaults = nullptr;
-    const platform::Bookmarks* m_bookmarks = nullptr;
+    std::unique_ptr<ZNSandBoxManager> m_sandBox;
     base::Prompts* m_prompts = nullptr;
     QString m_supportFolder;
     QString m_lastError;

@@ -7,7 +7,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimeZone>
+#include <csignal>
 #include <limits>
+#include <sys/resource.h>
 
 using namespace mosaro::base;
 
@@ -288,6 +290,23 @@ private Q_SLOTS:
         QVERIFY(!writePropertyListFile(path, QVariant(QSize()), PropertyListFormat::Xml).ok());
         QCOMPARE(readPropertyListFile(path).value().toMap().value(QStringLiteral("a")).toLongLong(), 1LL);
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("list.data")});
+    }
+
+    void fullDiskLeavesTheFileAsItWas()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("list.data"));
+        QVERIFY(writePropertyListFile(path, true, PropertyListFormat::Xml).ok());
+        // A limit on the size of files stands in for a full disk.
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{};
+        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+        const rlimit none{10, limit.rlim_max};
+        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &none), 0);
+        const auto written = writePropertyListFile(path, false, PropertyListFormat::Xml);
+        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+        QVERIFY(!written.ok());
+        QCOMPARE(readPropertyListFile(path).value().toBool(), true);
     }
 
     void namesTheFileInReasons()

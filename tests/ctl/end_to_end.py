@@ -72,7 +72,7 @@ class EndToEnd(unittest.TestCase):
             time.sleep(0.002)
 
     def item_folders(self):
-        return list(self.library.glob("Masters/*/*/*/*.mritem"))
+        return list(self.library.glob("Masters/[0-9]*/[0-9]*/[0-9]*/*.mritem"))
 
     def assert_whole(self, items):
         for item in items:

@@ -221,12 +221,16 @@ private Q_SLOTS:
     void makesNoLibraryOfAnyFolder()
     {
         QVERIFY(QDir().mkpath(m_home->at(QStringLiteral("mine"))));
-        for (const char* name : {"mine", "nowhere"}) {
+        m_home->file(QStringLiteral("holiday/sun.png"));
+        for (const char* name : {"mine", "nowhere", "holiday"}) {
             const Outcome outcome = m_home->call(
                 {QStringLiteral("--library"), m_home->at(QLatin1String(name)), QStringLiteral("list")});
             QCOMPARE(outcome.status, int(ctl::kFailed));
         }
         QVERIFY(QDir(m_home->at(QStringLiteral("mine"))).isEmpty());
+        QCOMPARE(
+            QDir(m_home->at(QStringLiteral("holiday"))).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+            QStringList{QStringLiteral("sun.png")});
         QVERIFY(!QFileInfo::exists(m_home->at(QStringLiteral("nowhere"))));
     }
 

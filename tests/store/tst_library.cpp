@@ -209,6 +209,7 @@ void TestLibrary::refusesToOpen_data()
     row("a text as store", "Mosaro", QByteArray(4096, 'x'));
     row("a truncated store", "Mosaro", "truncate");
     row("a store with broken pages", "Mosaro", "break");
+    row("a store with one broken page, the last", "Mosaro", "break the end");
     row("a newer store", "Mosaro", "newer");
     row("an emptied store, items there", "Mosaro", "");
     row("no store, items there", "Mosaro", "remove");
@@ -235,6 +236,7 @@ void TestLibrary::refusesToOpen()
         writeFile(path + QStringLiteral("/Masters/2024/1/2/X.mritem/Preivew/preview.png"), "png");
         m_defaults->remove(base::MOSARO_LIBRARY_LOCATION);
     }
+    const bool isFoundLast = bytes == "break the end";
     QByteArray now = contents(target);
     if (file == QLatin1String("Masters")) {
         QVERIFY(QDir(target).removeRecursively());
@@ -250,6 +252,8 @@ void TestLibrary::refusesToOpen()
         bytes = now.left(now.size() / 3);
     else if (bytes == "break")
         bytes = now.left(100) + QByteArray(now.size() - 100, '\x7f');
+    else if (bytes == "break the end")
+        bytes = now.left(now.size() - 8192) + QByteArray(8192, '\x7f');
     if (bytes == "remove")
         QVERIFY(QFile::remove(target));
     else if (bytes != "newer" && bytes != "SQLite format")
@@ -262,7 +266,8 @@ void TestLibrary::refusesToOpen()
     QVERIFY2(m_manager->lastError().contains(u' '), qPrintable(m_manager->lastError()));
     m_manager->closeDatabase();
     QCOMPARE(snapshot(path), before);
-    QVERIFY(m_defaults->data(base::MOSARO_LIBRARY_LOCATION).isEmpty());
+    // Only what is found out at the very end comes after the library has become the remembered one.
+    QCOMPARE(m_defaults->data(base::MOSARO_LIBRARY_LOCATION).isEmpty(), !isFoundLast);
 }
 
 void TestLibrary::missingStateRecordIsMadeAnew()

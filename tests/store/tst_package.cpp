@@ -82,7 +82,7 @@ void TestPackage::accessRules_data()
     QTest::addColumn<AccessList::AddOutcome>("outcome");
     QTest::addColumn<QString>("grant");
     QTest::newRow("root") << QStringLiteral("/") << Excluded << QString();
-    QTest::newRow("system") << QStringLiteral("/usr/") << Excluded << QString();
+    QTest::newRow("system") << QStringLiteral("/Library/") << Excluded << QString();
     QTest::newRow("below system") << QStringLiteral("ROOT/x") << Added << QStringLiteral("ROOT/x");
     QTest::newRow("listed") << QStringLiteral("ROOT/a/b") << AlreadyListed << QStringLiteral("ROOT/a/b");
     QTest::newRow("listed, unclean") << QStringLiteral("ROOT/a//b/../b/") << AlreadyListed
@@ -213,12 +213,16 @@ void TestPackage::systemCollections()
     QVERIFY(changed.sortKey == 0 && changed.isAscending == true);
     QCOMPARE(*changed.zoom, static_cast<double>(0.1f));
     state.setSystemCollectionSort(QStringLiteral("15"), 1, true);
-    QVERIFY(!state.hasSystemCollection(QStringLiteral("15")));
     state.setSystemCollectionZoom(QStringLiteral("15"), 0.5);
-    state.setSystemCollectionSort(QStringLiteral("15"), 1, true); // The row lacks its sort keys.
-    const auto partial = state.systemCollection(QStringLiteral("15"));
-    QVERIFY(partial.zoom == 0.5 && !partial.sortKey && !partial.isAscending);
-    QVERIFY(!state.systemCollection(QStringLiteral("99")).zoom);
+    QVERIFY(!state.hasSystemCollection(QStringLiteral("15")));
+
+    const QVariantMap lacking{{QStringLiteral("LIB_SORT_VALUE"), 3}, {QStringLiteral("Future"), 1}};
+    LibraryState partial(
+        {{QStringLiteral("System Collections"), QVariantMap{{QStringLiteral("1"), lacking}}}});
+    partial.setSystemCollectionSort(QStringLiteral("1"), 1, true);
+    partial.setSystemCollectionZoom(QStringLiteral("1"), 0.5);
+    QCOMPARE(partial.systemCollections().value(QStringLiteral("1")).toMap(), lacking);
+    QVERIFY(!partial.systemCollection(QStringLiteral("1")).zoom);
 }
 
 void TestPackage::exportPresets()
