@@ -182,7 +182,8 @@ void ImportRun::Private::stage(int index)
     const ImportItem& item = m_items[static_cast<size_t>(index)];
     base::runOnWorker(m_pool, [this, index, item, settings = m_settings, cancelled = m_cancelled] {
         auto staged = cancelled->load() ? nullptr : stageItem(item, *settings);
-        base::postToMain(q, [this, index, staged = std::move(staged)] { take(index, staged); });
+        // Moved on all the way: whoever drops the item last takes its folder away.
+        base::postToMain(q, [this, index, staged = std::move(staged)]() mutable { take(index, std::move(staged)); });
     });
 }
 

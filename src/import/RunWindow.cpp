@@ -14,7 +14,9 @@ std::optional<int> RunWindow::takeStart()
 void RunWindow::arrived(int index, std::shared_ptr<StagedItem> staged)
 {
     --m_inFlight;
-    if (!m_closed) {
+    if (m_closed) {
+        staged.reset();
+    } else {
         m_ready.emplace(index, std::move(staged));
     }
 }
