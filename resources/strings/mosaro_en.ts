@@ -127,6 +127,10 @@
     <source></source>
     <translation>Drop pictures or folders here</translation>
   </message>
+  <message id="Basic.Empty.Folder">
+    <source></source>
+    <translation>No pictures in this folder</translation>
+  </message>
   <message id="Basic.Find">
     <source></source>
     <translation>&amp;Find</translation>
@@ -1062,6 +1066,10 @@
   <message id="Hint.Drop.Images">
     <source></source>
     <translation>They are brought into this collection. You can also choose them from your disk.</translation>
+  </message>
+  <message id="Hint.Empty.Folder">
+    <source></source>
+    <translation>Import makes a collection in it and brings the pictures into that.</translation>
   </message>
   <message id="Label.All.Files">
     <source></source>

@@ -25,7 +25,7 @@ ItemList::~ItemList() = default;
 void ItemList::setIds(std::vector<store::RowId> ids)
 {
     m_ids = std::move(ids);
-    refresh();
+    setSortKey(int(store::SortKey::DateImported));
 }
 
 bool ItemList::order(const BrowserOrder& by)

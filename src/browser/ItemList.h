@@ -19,7 +19,7 @@ public:
     explicit ItemList(store::ZNDBManager& library);
     ~ItemList();
 
-    /// Replaces the list; no order is applied.
+    /// Replaces the list; no order is applied, and the second lines show the date of the import.
     void setIds(std::vector<store::RowId> ids);
     [[nodiscard]] const std::vector<store::RowId>& ids() const { return m_ids; }
     [[nodiscard]] int count() const { return int(m_ids.size()); }

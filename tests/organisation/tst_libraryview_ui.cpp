@@ -195,6 +195,7 @@ private Q_SLOTS:
         QFETCH(QString, typed);
         QFETCH(int, endKey);
         QFETCH(QString, title);
+        QTest::failOnWarning(QRegularExpression(words("[Ee]dit")));
         World world;
         const auto record = world.library.addCollection(words("A"));
         world.library.addCollection(words("Z"));
@@ -303,6 +304,24 @@ private Q_SLOTS:
         world.outline().collapse(world.row(base::text("Lib.Your.Collections").toUpper()));
         QCOMPARE(world.selectedTitles(), QStringList());
         QCOMPARE(world.library.state().lastSelectedCollections(), QStringList());
+    }
+
+    void collapsingHidesWhatTookTheSelectionOver()
+    {
+        World world;
+        const auto outer = world.library.addCollection(words("Outer"), store::kTypeFolder);
+        const auto inner =
+            world.library.addCollection(words("Inner"), store::kTypeFolder, outer->collectionID());
+        world.library.addCollection(words("In"), store::kTypeCollection, inner->collectionID());
+        for (const QString& id : {words("16"), outer->collectionID(), inner->collectionID()}) {
+            world.library.state().addExpandedCollection(id);
+        }
+        world.open();
+        world.click(words("In"));
+        world.outline().collapse(world.row(words("Outer")));
+        QVERIFY(!world.row(words("Inner")).isValid());
+        QCOMPARE(world.selectedTitles(), QStringList());
+        QCOMPARE(world.outline().currentIndex(), world.row(words("Outer")));
     }
 
     void expansionAndSelectionSurvive()

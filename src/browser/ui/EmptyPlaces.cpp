@@ -32,10 +32,15 @@ QLabel* makeLabel(QWidget* parent, const QString& text, const QFont& font, const
     return label;
 }
 
-/// A place to drop files at: dashes around a picture, a text and a button.
+} // namespace
+
+/// The invitation to import: a picture, a text and a button, with dashes around them where files can be
+/// dropped.
 class DropZone : public QWidget {
 public:
-    DropZone(QWidget* parent, EmptyPlaces& owner) : QWidget(parent)
+    DropZone(QWidget* parent, EmptyPlaces& owner)
+        : QWidget(parent), m_title(makeLabel(this, {}, kit::font(15, QFont::Medium), kit::color::text2)),
+          m_hint(makeLabel(this, {}, kit::font(12), kit::color::text3))
     {
         auto* picture = new QLabel(this);
         picture->setAlignment(Qt::AlignCenter);
@@ -50,17 +55,27 @@ public:
         column->addStretch();
         column->addWidget(picture);
         column->addSpacing(kit::metric::gap);
-        column->addWidget(makeLabel(this, base::text("Basic.Drop.Images"), kit::font(15, QFont::Medium),
-                                    kit::color::text2));
-        column->addWidget(makeLabel(this, base::text("Hint.Drop.Images"), kit::font(12), kit::color::text3));
+        column->addWidget(m_title);
+        column->addWidget(m_hint);
         column->addSpacing(kit::metric::gap);
         column->addWidget(button, 0, Qt::AlignHCenter);
         column->addStretch();
     }
 
+    void setTakesDrops(bool takes)
+    {
+        m_takesDrops = takes;
+        m_title->setText(takes ? base::text("Basic.Drop.Images") : base::text("Basic.Empty.Folder"));
+        m_hint->setText(takes ? base::text("Hint.Drop.Images") : base::text("Hint.Empty.Folder"));
+        update();
+    }
+
 protected:
     void paintEvent(QPaintEvent*) override
     {
+        if (!m_takesDrops) {
+            return;
+        }
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         QPen pen(kDashes, 1.5);
@@ -69,9 +84,12 @@ protected:
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 10, 10);
     }
-};
 
-} // namespace
+private:
+    QLabel* m_title;
+    QLabel* m_hint;
+    bool m_takesDrops = true;
+};
 
 EmptyPlaces::EmptyPlaces(QWidget& surface)
     : QObject(&surface), m_surface(surface), m_dropZone(new DropZone(&surface, *this)),
@@ -82,8 +100,9 @@ EmptyPlaces::EmptyPlaces(QWidget& surface)
     hideAll();
 }
 
-void EmptyPlaces::show(const EmptyState& state)
+void EmptyPlaces::show(const EmptyState& state, bool takesDrops)
 {
+    m_dropZone->setTakesDrops(takesDrops);
     if (state.dropZone) {
         m_dropZone->setVisible(*state.dropZone);
     }
@@ -94,7 +113,7 @@ void EmptyPlaces::show(const EmptyState& state)
 
 void EmptyPlaces::hideAll()
 {
-    show({false, {}});
+    show({false, {}}, true);
 }
 
 bool EmptyPlaces::showsDropZone() const

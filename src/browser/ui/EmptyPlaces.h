@@ -9,6 +9,8 @@ class QWidget;
 
 namespace mosaro::browser {
 
+class DropZone;
+
 /// The two things that may lie over an empty grid: the invitation to import, and a line that says why it is
 /// empty.
 class EmptyPlaces : public QObject {
@@ -18,7 +20,8 @@ public:
     /// Covers `surface` and follows its size.
     explicit EmptyPlaces(QWidget& surface);
 
-    void show(const EmptyState& state);
+    /// `takesDrops`: files can be dropped here, and not only be imported with the button.
+    void show(const EmptyState& state, bool takesDrops);
     void hideAll();
     [[nodiscard]] bool showsDropZone() const;
     [[nodiscard]] QString guide() const;
@@ -33,7 +36,7 @@ private:
     void place();
 
     QWidget& m_surface;
-    QWidget* m_dropZone;
+    DropZone* m_dropZone;
     QLabel* m_guide;
 };
 

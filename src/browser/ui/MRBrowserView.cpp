@@ -10,6 +10,24 @@ constexpr int kFirstSortTag = 23;
 constexpr int kLastSortTag = 31;
 constexpr int kDescendingTag = 34;
 
+QStringList selectionKeys(const SelectedCollections& selected)
+{
+    QStringList keys;
+    for (const store::SelectionElement& element : selected) {
+        keys.append(element.selectionKey());
+    }
+    return keys;
+}
+
+QString joinedTitles(const SelectedCollections& selected)
+{
+    QStringList titles;
+    for (const store::SelectionElement& element : selected) {
+        titles.append(element.title);
+    }
+    return titles.join(QStringLiteral(", "));
+}
+
 } // namespace
 
 MRBrowserView::MRBrowserView(BrowserEnvironment environment, QWidget* parent)
@@ -26,8 +44,13 @@ MRBrowserView::~MRBrowserView()
 
 void MRBrowserView::setSelectedCollections(std::vector<store::SelectionElement> collections)
 {
+    const bool isOther = selectionKeys(collections) != selectionKeys(d->selectedCollections);
     d->selectedCollections = std::move(collections);
-    d->head->setTitle(d->selectedCollections.size() == 1 ? selectedCollectionName() : QString());
+    d->head->setTitle(d->selectedCollections.size() == 1 ? selectedCollectionName()
+                                                         : joinedTitles(d->selectedCollections));
+    if (isOther) {
+        d->grid->scrollToTop();
+    }
 }
 
 void MRBrowserView::setMedia(store::MediaSet media)

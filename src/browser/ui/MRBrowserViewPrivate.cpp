@@ -89,7 +89,8 @@ void MRBrowserView::Private::updateSelectedMediaCount()
 
 void MRBrowserView::Private::checkBrowserViewStatusWithSelection()
 {
-    places->show(emptyState(selectedCollections, items.isEmpty(), environment.selectTabIndex()));
+    places->show(emptyState(selectedCollections, items.isEmpty(), environment.selectTabIndex()),
+                 view.isUserCollection());
 }
 
 void MRBrowserView::Private::sort()

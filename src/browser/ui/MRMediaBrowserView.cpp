@@ -9,6 +9,7 @@ namespace mosaro::browser {
 namespace {
 
 constexpr int kFrame = 16;
+constexpr int kMargin = 16; ///< Lets five of the smallest and three of the largest cells into a new window.
 constexpr int kZoomSettles = 120;
 
 } // namespace
@@ -63,7 +64,7 @@ void MRMediaBrowserView::setCellOptions(const CellOptions& options)
 void MRMediaBrowserView::updateMetrics()
 {
     const bool titled = m_painter.options().titles;
-    setMetrics({cellSize(m_zoom, titled), titled ? QSize(20, 20) : QSize(15, 10), 20});
+    setMetrics({cellSize(m_zoom, titled), titled ? QSize(20, 20) : QSize(15, 10), kMargin});
 }
 
 void MRMediaBrowserView::reloadItems()

@@ -58,7 +58,8 @@ void CollectionOutline::selectNodes(const NodeList& nodes)
         const QModelIndex index = m_model.index(*node);
         selection.select(index, index);
     }
-    if (!nodes.empty()) {
+    // The current row is scrolled to, which would open what lies around it.
+    if (!nodes.empty() && !isNodeHidden(*nodes.front())) {
         m_selection->setCurrentIndex(m_model.index(*nodes.front()), QItemSelectionModel::NoUpdate);
     }
     m_selection->select(selection, QItemSelectionModel::ClearAndSelect);
@@ -67,17 +68,23 @@ void CollectionOutline::selectNodes(const NodeList& nodes)
 void CollectionOutline::deselectHidden()
 {
     NodeList visible = selectedNodes();
-    const auto hidden = [this](const CollectionNode* node) {
-        for (const CollectionNode* step = node->parent; step; step = step->parent) {
-            if (!isNodeExpanded(*step)) {
-                return true;
-            }
-        }
-        return false;
-    };
-    if (std::erase_if(visible, hidden) > 0) {
+    if (std::erase_if(visible, [this](const CollectionNode* node) { return isNodeHidden(*node); }) > 0) {
         selectNodes(visible);
     }
+    QModelIndex current = currentIndex();
+    while (current.isValid() && isNodeHidden(*CollectionTreeModel::node(current))) {
+        current = current.parent();
+    }
+    m_selection->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+}
+
+bool CollectionOutline::isNodeHidden(const CollectionNode& node) const
+{
+    const CollectionNode* step = node.parent;
+    while (step && isNodeExpanded(*step)) {
+        step = step->parent;
+    }
+    return step != nullptr;
 }
 
 bool CollectionOutline::isNodeExpanded(const CollectionNode& node) const

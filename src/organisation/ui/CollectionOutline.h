@@ -29,7 +29,7 @@ public:
 
     [[nodiscard]] NodeList selectedNodes() const;
     void selectNodes(const NodeList& nodes);
-    /// What cannot be seen is not selected.
+    /// What cannot be seen is neither selected nor current.
     void deselectHidden();
 
     [[nodiscard]] bool isNodeExpanded(const CollectionNode& node) const;
@@ -67,6 +67,8 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    /// Below a collapsed row.
+    [[nodiscard]] bool isNodeHidden(const CollectionNode& node) const;
     void prepareSelectionForMenu(const QPoint& position);
     [[nodiscard]] bool isGroupTriangle(const QPoint& position) const;
     void paintRowGround(QPainter& painter, const QRect& row, const QModelIndex& index) const;

@@ -357,7 +357,9 @@ void MRLibraryCollectionSource::run(SidebarCommand command)
 void MRLibraryCollectionSource::updateNotificationToRecent(const QVariant& days)
 {
     const NodeList selected = selectedNodes();
-    if (days.canConvert<qint64>() && m_environment.library.isOpenedDatabase() && selected.size() == 1 &&
+    const int kind = days.typeId();
+    const bool isNumber = kind == QMetaType::Int || kind == QMetaType::LongLong || kind == QMetaType::Double;
+    if (isNumber && m_environment.library.isOpenedDatabase() && selected.size() == 1 &&
         selected.front()->type == kTypeRecent) {
         updateSelection();
     }
