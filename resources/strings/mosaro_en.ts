@@ -703,6 +703,10 @@
     <source></source>
     <translation>there is no display to show a window on; start Mosaro in a desktop session, or use --snapshot FILE.png</translation>
   </message>
+  <message id="Failure.Option">
+    <source></source>
+    <translation>%1 See: mosaro --help</translation>
+  </message>
   <message id="Failure.PropertyList.Damaged">
     <source></source>
     <translation>The data is damaged or is no property list. Restore the file from a backup, or delete it to start afresh.</translation>
@@ -1101,7 +1105,7 @@
   </message>
   <message id="Label.Supported.Files">
     <source></source>
-    <translation>Supported files</translation>
+    <translation>Pictures and documents</translation>
   </message>
   <message id="Label.Width">
     <source></source>

@@ -78,7 +78,9 @@ void AppDelegate::applicationDidFinishLaunching()
 
 void AppDelegate::openDatabaseAfterDelay()
 {
-    m_loadingPanel->showLoadingView();
+    if (!m_environment.unattended) {
+        m_loadingPanel->showLoadingView();
+    }
     QTimer::singleShot(kOpenDelay, this, &AppDelegate::openDatabase);
 }
 

@@ -16,7 +16,7 @@ namespace {
 std::unique_ptr<base::Prompts> makePrompts(const LaunchOptions& options)
 {
     if (options.snapshot.isEmpty()) {
-        return std::make_unique<kit::WidgetPrompts>();
+        return std::make_unique<kit::WidgetPrompts>(&base::ZNUserDefaults::sharedManager().userDefaults());
     }
     return std::make_unique<UnattendedPrompts>();
 }

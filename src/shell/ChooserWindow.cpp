@@ -13,7 +13,7 @@
 namespace mosaro::shell {
 
 namespace {
-constexpr QSize kSize{420, 420};
+constexpr QSize kSize{440, 450};
 constexpr int kMargin = 48;
 constexpr int kIconSize = 96;
 constexpr int kButtonHeight = 36;
@@ -33,7 +33,7 @@ ChooserWindow::ChooserWindow(QWidget* parent)
     auto* picture = new QLabel;
     picture->setPixmap(QIcon(QStringLiteral(":/icons/org.mosaro.Mosaro.svg")).pixmap(kIconSize, kIconSize));
     m_title->setFont(kit::font(18, QFont::DemiBold));
-    m_message->setFont(kit::font(10));
+    m_message->setFont(kit::font(13));
     m_message->setWordWrap(true);
     setTextColor(*m_message, kit::color::text2);
     for (QLabel* label : {picture, m_title, m_message}) {
@@ -50,6 +50,7 @@ ChooserWindow::ChooserWindow(QWidget* parent)
     layout->addStretch();
     for (QPushButton* button : {m_chooseButton, m_createButton, m_quitButton}) {
         button->setMinimumHeight(kButtonHeight);
+        button->setAutoDefault(true); // Return presses the one with the focus.
         layout->addWidget(button);
     }
     m_chooseButton->setDefault(true);

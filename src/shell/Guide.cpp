@@ -54,6 +54,9 @@ Guide::Guide(QWidget* parent)
     for (QPushButton* button : {m_next, m_done, m_letsGo}) {
         button->setDefault(true);
     }
+    for (QPushButton* button : {m_previous, m_next, m_done, m_letsGo}) {
+        button->setAutoDefault(true); // Return presses the one with the focus.
+    }
     connect(m_previous, &QPushButton::clicked, this, [this] { naviagateGuidePage(Back); });
     connect(m_next, &QPushButton::clicked, this, [this] { naviagateGuidePage(On); });
     connect(m_done, &QPushButton::clicked, this, &Guide::showLastGuide);

@@ -41,7 +41,7 @@ base::Result<LaunchOptions> parseLaunchOptions(const QStringList& arguments)
     QCommandLineParser parser;
     options.addTo(parser);
     if (!parser.parse(arguments)) {
-        return base::Failure{parser.errorText()};
+        return base::Failure{base::text("Failure.Option", parser.errorText())};
     }
     LaunchOptions result;
     result.help = parser.isSet(options.help);

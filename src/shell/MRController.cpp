@@ -155,8 +155,10 @@ void MRController::bringToFront()
 {
     m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->show();
-    m_window->raise();
-    m_window->activateWindow();
+    if (!m_environment.unattended) {
+        m_window->raise();
+        m_window->activateWindow();
+    }
 }
 
 void MRController::performClose()

@@ -49,7 +49,7 @@ struct WindowEnvironment {
     platform::Platform& platform;
     const importing::MediaClassification& classification;
     ZNMenuManager& menus;
-    /// No guide and no delays; for the picture of the window.
+    /// No guide, no delays and nobody to come to the front for: the picture of the window is made.
     bool unattended = false;
 };
 
