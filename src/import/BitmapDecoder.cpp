@@ -12,6 +12,9 @@ namespace mosaro::importing {
 
 namespace {
 
+// The stored bytes, the pixels made of them and those of three or four bands that are scaled.
+constexpr qint64 kBytesOfPixelDecodedAtOnce = 12;
+
 VipsPtr openWithVips(const QString& path, BitmapFormat format, int shrink)
 {
     const QByteArray name = QFile::encodeName(path);
@@ -49,19 +52,34 @@ bool withinLimits(QSize size, bool streamed)
            pixels <= (streamed ? limits.maxPixels : limits.maxPixelsWithoutStreaming);
 }
 
-/// Whether rows come out one after another, with no need to hold the whole picture.
-bool isStreamed(const OpenedBitmap& bitmap)
+// A picture in several scans is kept as coefficients of two bytes until the last scan is in.
+qint64 jpegDecoderBytes(VipsImage* image, qint64 pixels)
 {
+    int severalScans = 0;
+    const char* sampling = nullptr;
+    if (vips_image_get_typeof(image, "jpeg-multiscan") == 0 ||
+        vips_image_get_int(image, "jpeg-multiscan", &severalScans) != 0 || severalScans == 0)
+        return 0;
+    const bool halved = vips_image_get_typeof(image, "jpeg-chroma-subsample") != 0 &&
+                        vips_image_get_string(image, "jpeg-chroma-subsample", &sampling) == 0 &&
+                        qstrcmp(sampling, "4:2:0") == 0;
+    return halved ? pixels * 3 : pixels * 2 * image->Bands;
+}
+
+/// 0 when rows come out one after another, with no need to hold the whole picture.
+qint64 decoderBytesOf(const OpenedBitmap& bitmap)
+{
+    VipsImage* image = bitmap.image.get();
+    const qint64 pixels = qint64(image->Xsize) * image->Ysize;
     switch (bitmap.format) {
     case BitmapFormat::Jpeg:
-        return vips_image_get_typeof(bitmap.image.get(), "jpeg-multiscan") == 0 &&
-               vips_image_get_typeof(bitmap.image.get(), "interlaced") == 0;
+        return jpegDecoderBytes(image, pixels);
     case BitmapFormat::Png:
-        return vips_image_get_typeof(bitmap.image.get(), "interlaced") == 0;
+        return vips_image_get_typeof(image, "interlaced") == 0 ? 0 : pixels * VIPS_IMAGE_SIZEOF_PEL(image);
     case BitmapFormat::Tiff:
-        return true;
+        return 0;
     default:
-        return false;
+        return pixels * VIPS_IMAGE_SIZEOF_PEL(image);
     }
 }
 
@@ -76,6 +94,8 @@ base::Result<void> readPixelsByQt(QFile& file, OpenedBitmap& bitmap)
     if (file.size() < header->minimumBytes || !file.seek(0))
         return damagedPicture();
 
+    bitmap.memory = decodingMemory().take(qint64(header->size.width()) * header->size.height() *
+                                          kBytesOfPixelDecodedAtOnce);
     if (bitmap.format == BitmapFormat::Tga) {
         bitmap.decoded = readTga(file);
     } else {
@@ -86,7 +106,7 @@ base::Result<void> readPixelsByQt(QFile& file, OpenedBitmap& bitmap)
         return damagedPicture();
     bitmap.metadata = metadataOfHeader(*header);
     bitmap.metadata.hasAlpha = header->hasAlpha && bitmap.decoded.hasAlphaChannel();
-    bitmap.decoded = bitmap.decoded.convertToFormat(QImage::Format_RGBA8888);
+    bitmap.decoded = std::move(bitmap.decoded).convertToFormat(QImage::Format_RGBA8888);
     bitmap.image.reset(vips_image_new_from_memory(
         bitmap.decoded.constBits(), static_cast<std::size_t>(bitmap.decoded.sizeInBytes()),
         bitmap.decoded.width(), bitmap.decoded.height(), 4, VIPS_FORMAT_UCHAR));
@@ -111,7 +131,8 @@ base::Result<void> openLazily(QFile& file, OpenedBitmap& bitmap)
     if (!bitmap.image)
         return damagedPicture();
     const QSize size(bitmap.image->Xsize, bitmap.image->Ysize);
-    if (!withinLimits(size, isStreamed(bitmap)))
+    bitmap.decoderBytes = decoderBytesOf(bitmap);
+    if (!withinLimits(size, bitmap.decoderBytes == 0))
         return tooLargePicture(size);
     bitmap.pages = vips_image_get_n_pages(bitmap.image.get());
     bitmap.orientation = std::clamp(vips_image_get_orientation(bitmap.image.get()), 1, 8);
@@ -119,6 +140,12 @@ base::Result<void> openLazily(QFile& file, OpenedBitmap& bitmap)
 }
 
 } // namespace
+
+base::MemoryBudget& decodingMemory()
+{
+    static base::MemoryBudget budget(analysisLimits().memoryForDecoding);
+    return budget;
+}
 
 base::Failure damagedPicture()
 {

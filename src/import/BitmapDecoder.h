@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/MemoryBudget.h"
 #include "base/Result.h"
 #include "import/Analysis.h"
 #include "import/FileHeaders.h"
@@ -20,6 +21,8 @@ struct OpenedBitmap {
     int orientation = 1; ///< EXIF's number, 1 to 8.
     int pages = 1;
     ImageMetadata metadata;
+    qint64 decoderBytes = 0;   ///< What the decoder has to hold at once, when it can't go row by row.
+    QSemaphoreReleaser memory; ///< Of decodingMemory(), for formats that are decoded at once.
 
     /// As stored.
     [[nodiscard]] QSize storedSize() const { return {metadata.width, metadata.height}; }
@@ -29,6 +32,9 @@ struct OpenedBitmap {
         return orientation >= 5 ? storedSize().transposed() : storedSize();
     }
 };
+
+/// Keeps down what is decoded at the same time.
+[[nodiscard]] base::MemoryBudget& decodingMemory();
 
 /// Opens by content, whatever the name says; `named` helps only for formats without a mark.
 [[nodiscard]] base::Result<OpenedBitmap> openBitmap(const QString& path, DocumentType named);

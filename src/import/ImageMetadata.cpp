@@ -110,6 +110,7 @@ base::Result<void> readMetadata(QIODevice& file, OpenedBitmap& bitmap)
         if (const std::optional<TiffHeader> header = readTiffHeader(bitmap.path)) {
             if (header->piecePixels > analysisLimits().maxPixelsWithoutStreaming)
                 return tooLargePicture({metadata.width, metadata.height});
+            bitmap.decoderBytes = header->piecePixels * VIPS_IMAGE_SIZEOF_PEL(image);
             metadata.depth = header->depth;
             metadata.colorModel = header->colorModel;
             metadata.software = header->software;

@@ -16,6 +16,7 @@ namespace {
 constexpr double kShrinkHeadroom = 1.2;
 // Up to here a picture is decoded into memory and scaled there, which takes a third of the time of streaming.
 constexpr qint64 kInMemoryPixels = 8'000'000;
+constexpr qint64 kInMemoryPixelBytes = 8; ///< The decoder's pixel and the one that is scaled.
 
 /// A rectangle of the upright picture in the picture as stored.
 QRect storedRect(const QRect& upright, QSize stored, int orientation)
@@ -104,16 +105,17 @@ VipsPtr cropped(VipsImage* image, const QRect& rect)
     });
 }
 
-/// `picture` with the last row of the file below it, so that the rows which the preview does not show are
-/// decoded too, in the same pass, and a file that is cut off down there is found.
-VipsPtr withLastRow(VipsImage* picture, VipsImage* source)
+/// `picture`, made of `part`, with the file's last row below it, so that the rows which the preview does not
+/// show are decoded too, in the same pass, and a file that is cut off down there is found.
+VipsPtr withLastRow(VipsImage* picture, VipsImage* source, const QRect& part)
 {
-    const VipsPtr row = cropped(source, {0, source->Ysize - 1, source->Xsize, 1});
-    const VipsPtr fitted = row ? vipsResizeTo(row.get(), {picture->Xsize, 1}) : nullptr;
-    if (!fitted)
+    VipsPtr row = cropped(source, {part.x(), source->Ysize - 1, part.width(), 1});
+    if (row && row->Xsize != picture->Xsize)
+        row = vipsResizeTo(row.get(), {picture->Xsize, 1});
+    if (!row)
         return nullptr;
     return vipsMake([&](VipsImage** out) {
-        return vips_join(picture, fitted.get(), out, VIPS_DIRECTION_VERTICAL, nullptr);
+        return vips_join(picture, row.get(), out, VIPS_DIRECTION_VERTICAL, nullptr);
     });
 }
 
@@ -182,22 +184,46 @@ base::Result<QImage> scaledInMemory(VipsImage* source, const QRect& part, QSize 
     return cut.size() == target ? cut : shrunk(cut, target);
 }
 
+/// `picture` and what follows from it, in memory, without the row that went along to be checked.
+base::Result<VipsPtr> decoded(VipsImage* picture, QSize size)
+{
+    const Deadline deadline(picture);
+    const VipsPtr pixels(vips_image_copy_memory(picture));
+    VipsPtr result = pixels ? cropped(pixels.get(), QRect(QPoint(0, 0), size)) : nullptr;
+    if (result)
+        return result;
+    vips_error_clear();
+    return decodingFailure(deadline);
+}
+
 /// Decoded, cut, scaled and in memory, still in the file's colours. For pictures that are too large to be
 /// held.
 base::Result<VipsPtr> scaledInStream(VipsImage* source, const QRect& part, QSize target, bool weighted)
 {
     VipsPtr picture = cutAndScaled(source, part, target, weighted);
     if (picture && part.bottom() < source->Ysize - 1)
-        picture = withLastRow(picture.get(), source);
+        picture = withLastRow(picture.get(), source, part);
     if (!picture)
         return damagedPicture();
-    const Deadline deadline(picture.get());
-    const VipsPtr decoded(vips_image_copy_memory(picture.get()));
-    VipsPtr small = decoded ? cropped(decoded.get(), QRect(QPoint(0, 0), target)) : nullptr;
-    if (small)
-        return small;
-    vips_error_clear();
-    return decodingFailure(deadline);
+    return decoded(picture.get(), target);
+}
+
+/// The same for a part that becomes larger. The filter for that does not go from top to bottom, as a stream
+/// has to be read; but such a part is small.
+base::Result<VipsPtr> enlargedFromStream(VipsImage* source, const QRect& part, QSize target, bool weighted)
+{
+    VipsPtr picture = cropped(source, part);
+    if (picture && part.bottom() < source->Ysize - 1)
+        picture = withLastRow(picture.get(), source, part);
+    if (!picture)
+        return damagedPicture();
+    const base::Result<VipsPtr> held = decoded(picture.get(), part.size());
+    if (!held)
+        return held.failure();
+    VipsPtr scaled = cutAndScaled(held.value().get(), QRect(QPoint(0, 0), part.size()), target, weighted);
+    if (!scaled)
+        return damagedPicture();
+    return decoded(scaled.get(), target);
 }
 
 /// The premultiplied form is kept where no colours are to be converted.
@@ -223,10 +249,15 @@ base::Result<QImage> pictureOf(const OpenedBitmap& bitmap, const QRect& stored, 
     const QRect part = inShrunk(stored, bitmap.storedSize(), source.get());
     const bool enlarges = part.width() < target.width() || part.height() < target.height();
     const qint64 pixels = qint64(source->Xsize) * source->Ysize;
-    if (pixels <= kInMemoryPixels && isPlain(source.get()) && !enlarges)
+    const bool inMemory = pixels <= kInMemoryPixels && isPlain(source.get()) && !enlarges;
+    QSemaphoreReleaser memory;
+    if (bitmap.decoded.isNull())
+        memory = decodingMemory().take(bitmap.decoderBytes + (inMemory ? pixels * kInMemoryPixelBytes : 0));
+    if (inMemory)
         return scaledInMemory(source.get(), part, target);
     const bool weighted = bitmap.metadata.hasAlpha && part.size() != target;
-    base::Result<VipsPtr> small = scaledInStream(source.get(), part, target, weighted);
+    base::Result<VipsPtr> small = enlarges ? enlargedFromStream(source.get(), part, target, weighted)
+                                           : scaledInStream(source.get(), part, target, weighted);
     if (!small)
         return small.failure();
     return inSrgb(std::move(small).value(), weighted);

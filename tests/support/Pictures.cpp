@@ -50,13 +50,12 @@ Image inProfile(Image image, const QString& profile)
 /// A private copy whose header may be changed.
 Image withHeader(Image image, double dpi, int orientation, const QString& software, const char* softwareField)
 {
-    Image copy = make([&](VipsImage** out) { return vips_copy(image.get(), out, nullptr); });
-    if (dpi > 0) {
-        copy = make([&](VipsImage** out) {
-            return vips_copy(image.get(), out, "xres", dpi / 25.4, "yres", dpi / 25.4, nullptr);
-        });
+    // 0 writes no resolution; left alone, the library would write its own default.
+    Image copy = make([&](VipsImage** out) {
+        return vips_copy(image.get(), out, "xres", dpi / 25.4, "yres", dpi / 25.4, nullptr);
+    });
+    if (dpi > 0)
         vips_image_set_string(copy.get(), VIPS_META_RESOLUTION_UNIT, "in");
-    }
     if (orientation != 1)
         vips_image_set_int(copy.get(), VIPS_META_ORIENTATION, orientation);
     if (!software.isEmpty())
@@ -137,8 +136,11 @@ bool writeJpeg(const QString& path, const QImage& image, const JpegOptions& opti
         pixels = inProfile(std::move(pixels), QStringLiteral("cmyk"));
     if (!options.profile.isEmpty())
         pixels = inProfile(std::move(pixels), options.profile);
-    pixels = withHeader(std::move(pixels), options.dpi, options.orientation, options.software,
-                        "exif-ifd0-Software");
+    // The library takes a description off the end of an EXIF text.
+    const QString software = options.software.isEmpty()
+                                 ? QString()
+                                 : options.software + QStringLiteral(" (x, ASCII, 2 components, 2 bytes)");
+    pixels = withHeader(std::move(pixels), options.dpi, options.orientation, software, "exif-ifd0-Software");
     return vips_jpegsave(pixels.get(), QFile::encodeName(path).constData(), "Q", options.quality, "interlace",
                          options.progressive ? TRUE : FALSE, nullptr) == 0;
 }
@@ -184,7 +186,9 @@ bool writeTiff(const QString& path, const std::vector<QImage>& pages, const Tiff
 
 bool writeBmp(const QString& path, const QImage& image)
 {
-    return image.save(path, "BMP");
+    QImage copy = image;
+    copy.setDotsPerMeterX(11811);
+    return copy.save(path, "BMP");
 }
 
 QByteArray fileBytes(const QString& path)
