@@ -11,6 +11,7 @@
 
 #include <QAction>
 #include <QMainWindow>
+#include <QMenuBar>
 #include <QtTest>
 
 using namespace mosaro;
@@ -29,6 +30,7 @@ private Q_SLOTS:
     void sheetMakesBusyAndKeepsTheWindow();
     void closingEndsTheLibrary();
     void sidebarStaysHidden();
+    void doubleClickOnTheHeadScrollsToTheTop();
     void guideComesFirst();
     void copyModeFollowsTheRecord();
     void menusFollowTheWindow();
@@ -152,6 +154,7 @@ void MainControllerTest::sidebarStaysHidden()
 {
     open();
     QVERIFY(!m_controller->isHiddenSidebar());
+    QVERIFY(!m_library->defaults().contains(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR));
     m_controller->toggleSplitView();
     QVERIFY(m_controller->isHiddenSidebar());
     QVERIFY(m_library->defaults().boolean(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR));
@@ -163,6 +166,20 @@ void MainControllerTest::sidebarStaysHidden()
     m_controller->toggleSplitView();
     QVERIFY(!m_library->defaults().boolean(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR, true));
     QCOMPARE(m_shell->menus.item(MenuId::View, 4)->text(), base::text("Basic.Hide.Sidebar"));
+}
+
+void MainControllerTest::doubleClickOnTheHeadScrollsToTheTop()
+{
+    open();
+    int requests = 0;
+    QObject observer;
+    m_shell->utilities.bus().observe(base::MOSARO_NOTI_SCROLL_TO_TOP, &observer,
+                                     [&](const QVariant&) { ++requests; });
+    auto* head = m_controller->window().findChild<QMenuBar*>();
+    QTest::mouseDClick(head, Qt::LeftButton, {}, QPoint(head->width() - 5, head->height() / 2));
+    QCOMPARE(requests, 1);
+    QTest::mouseDClick(head, Qt::RightButton, {}, QPoint(head->width() - 5, head->height() / 2));
+    QCOMPARE(requests, 1);
 }
 
 void MainControllerTest::guideComesFirst()
