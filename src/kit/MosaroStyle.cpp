@@ -41,6 +41,12 @@ bool isEnabled(const QStyleOption* option)
     return option->state.testFlag(QStyle::State_Enabled);
 }
 
+/// The plates of menus and menu bars come without any state; they are not disabled.
+bool isPlate(QStyle::PrimitiveElement element)
+{
+    return element == QStyle::PE_PanelMenu || element == QStyle::PE_PanelMenuBar;
+}
+
 } // namespace
 
 MosaroStyle::MosaroStyle() : QProxyStyle(QStringLiteral("Fusion"))
@@ -51,7 +57,7 @@ MosaroStyle::MosaroStyle() : QProxyStyle(QStringLiteral("Fusion"))
 void MosaroStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                 const QWidget* widget) const
 {
-    const Fading fading(*painter, isEnabled(option));
+    const Fading fading(*painter, isEnabled(option) || isPlate(element));
     if (!drawButtonPrimitive(element, *option, *painter) &&
         !drawFramePrimitive(element, *option, *painter, widget) &&
         !drawItemPrimitive(element, *option, *painter)) {
@@ -71,7 +77,7 @@ void MosaroStyle::drawControl(ControlElement element, const QStyleOption* option
             return;
         }
     }
-    const Fading fading(*painter, isEnabled(option));
+    const Fading fading(*painter, isEnabled(option) || element == CE_MenuBarEmptyArea);
     if (!drawMenuElement(element, *option, *painter, widget) &&
         !drawOtherElement(element, *option, *painter, widget)) {
         QProxyStyle::drawControl(element, option, painter, widget);

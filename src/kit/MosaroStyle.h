@@ -29,6 +29,8 @@ public:
     [[nodiscard]] QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap,
                                               const QStyleOption* option) const override;
 
+    [[nodiscard]] QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
+                                     const QWidget* widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
                                   const QWidget* widget) const override;
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

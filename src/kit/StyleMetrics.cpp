@@ -72,6 +72,7 @@ int MosaroStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
     case SH_EtchDisabledText:
     case SH_DitherDisabledText:
     case SH_ComboBox_Popup:
+    case SH_DialogButtonBox_ButtonsHaveIcons:
     case SH_ItemView_ActivateItemOnSingleClick:
         return 0;
     case SH_ItemView_ShowDecorationSelected:

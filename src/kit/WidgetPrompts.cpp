@@ -2,59 +2,22 @@
 
 #include "base/Text.h"
 #include "kit/AlertPanel.h"
+#include "kit/OpenPanel.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <QFileInfo>
+#include <QSettings>
 #include <QStandardPaths>
 
 namespace mosaro::kit {
 
 namespace {
 
-QString nameFilter(const QStringList& suffixes)
-{
-    QStringList patterns;
-    for (const QString& suffix : suffixes) {
-        patterns << QStringLiteral("*.") + suffix;
-        if (suffix.toUpper() != suffix) {
-            patterns << QStringLiteral("*.") + suffix.toUpper();
-        }
-    }
-    return QStringLiteral("%1 (%2)").arg(base::text("Label.Supported.Files"), patterns.join(u' '));
-}
-
-bool hasSuffix(const QString& path, const QStringList& suffixes)
-{
-    return suffixes.contains(QFileInfo(path).suffix(), Qt::CaseInsensitive);
-}
-
-QString titleOf(const QString& title, const QString& message)
-{
-    return message.isEmpty() ? title : message;
-}
+constexpr QSize kPanelSize(900, 560);
+constexpr auto kSizeKey = "MR_FILE_PANEL_SIZE";
+constexpr auto kFolderKey = "MR_FILE_PANEL_FOLDER";
 
 } // namespace
-
-void setUpOpenDialog(QFileDialog& dialog, const base::OpenPanelRequest& request)
-{
-    dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    dialog.setWindowTitle(titleOf(request.title, request.message));
-    const bool foldersOnly = request.packages || (request.directories && !request.files);
-    if (foldersOnly) {
-        dialog.setFileMode(QFileDialog::Directory);
-        dialog.setOption(QFileDialog::ShowDirsOnly, true);
-    } else {
-        dialog.setFileMode(request.multiple ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile);
-        if (!request.suffixes.isEmpty()) {
-            dialog.setNameFilters(
-                {nameFilter(request.suffixes), base::text("Label.All.Files") + QStringLiteral(" (*)")});
-        }
-    }
-    if (!request.prompt.isEmpty()) {
-        dialog.setLabelText(QFileDialog::Accept, request.prompt);
-    }
-}
 
 void setUpSaveDialog(QFileDialog& dialog, const base::SavePanelRequest& request)
 {
@@ -71,22 +34,6 @@ void setUpSaveDialog(QFileDialog& dialog, const base::SavePanelRequest& request)
     }
 }
 
-QStringList acceptablePaths(const QStringList& paths, const base::OpenPanelRequest& request)
-{
-    QStringList result;
-    for (const QString& path : paths) {
-        const QString clean = QDir::cleanPath(path);
-        const bool isFolder = QFileInfo(clean).isDir();
-        const bool fits = request.packages ? isFolder && hasSuffix(clean, request.suffixes)
-                          : isFolder       ? request.directories
-                                           : request.files;
-        if (fits && QFileInfo(clean).isAbsolute() && !result.contains(clean)) {
-            result << clean;
-        }
-    }
-    return result;
-}
-
 QString withSuffix(const QString& path, const QString& suffix)
 {
     const bool complete =
@@ -94,37 +41,50 @@ QString withSuffix(const QString& path, const QString& suffix)
     return complete ? path : path + u'.' + suffix;
 }
 
-WidgetPrompts::WidgetPrompts(std::function<QWidget*()> parent) : m_parent(std::move(parent)) {}
-
-QWidget* WidgetPrompts::parentWindow() const
+WidgetPrompts::WidgetPrompts(QSettings* memory) : m_memory(memory)
 {
-    QWidget* named = m_parent ? m_parent() : nullptr;
-    return named != nullptr ? named : QApplication::activeWindow();
+    if (m_memory != nullptr) {
+        m_lastFolder = m_memory->value(QLatin1String(kFolderKey)).toString();
+    }
 }
 
 QString WidgetPrompts::startFolder(const QString& wanted) const
 {
-    for (const QString& folder : {wanted, m_lastFolder}) {
+    for (const QString& folder :
+         {wanted, m_lastFolder, QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)}) {
         if (!folder.isEmpty() && QFileInfo(folder).isDir()) {
             return folder;
         }
     }
-    return QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return QDir::homePath();
+}
+
+bool WidgetPrompts::run(FilePanel& panel)
+{
+    const QVariant size = m_memory != nullptr ? m_memory->value(QLatin1String(kSizeKey)) : QVariant();
+    panel.resize(size.isValid() ? size.toSize() : kPanelSize);
+    const bool confirmed = panel.exec() == QDialog::Accepted;
+    if (confirmed) {
+        m_lastFolder = panel.directory().absolutePath();
+    }
+    if (m_memory != nullptr) {
+        m_memory->setValue(QLatin1String(kSizeKey), panel.size());
+        m_memory->setValue(QLatin1String(kFolderKey), m_lastFolder);
+    }
+    return confirmed;
 }
 
 int WidgetPrompts::alert(const base::AlertRequest& request)
 {
-    return AlertPanel(request, parentWindow()).ask();
+    return AlertPanel(request, QApplication::activeWindow()).ask();
 }
 
 QStringList WidgetPrompts::openPanel(const base::OpenPanelRequest& request)
 {
-    QFileDialog dialog(parentWindow());
-    setUpOpenDialog(dialog, request);
-    dialog.setDirectory(startFolder(request.directory));
-    while (dialog.exec() == QDialog::Accepted) {
-        m_lastFolder = dialog.directory().absolutePath();
-        const QStringList chosen = acceptablePaths(dialog.selectedFiles(), request);
+    OpenPanel panel(request, QApplication::activeWindow());
+    panel.setDirectory(startFolder(request.directory));
+    while (run(panel)) {
+        const QStringList chosen = acceptablePaths(panel.chosenPaths(), request);
         if (!chosen.isEmpty()) {
             return chosen;
         }
@@ -136,14 +96,13 @@ QStringList WidgetPrompts::openPanel(const base::OpenPanelRequest& request)
 
 std::optional<QString> WidgetPrompts::savePanel(const base::SavePanelRequest& request)
 {
-    QFileDialog dialog(parentWindow());
-    setUpSaveDialog(dialog, request);
-    dialog.setDirectory(startFolder(request.directory));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+    FilePanel panel(QApplication::activeWindow());
+    setUpSaveDialog(panel, request);
+    panel.setDirectory(startFolder(request.directory));
+    if (!run(panel) || panel.selectedFiles().isEmpty()) {
         return std::nullopt;
     }
-    m_lastFolder = dialog.directory().absolutePath();
-    return withSuffix(QDir::cleanPath(dialog.selectedFiles().constFirst()), request.suffix);
+    return withSuffix(QDir::cleanPath(panel.selectedFiles().constFirst()), request.suffix);
 }
 
 void WidgetPrompts::beep()

@@ -2,19 +2,19 @@
 
 #include "base/Ports.h"
 
-#include <QDir>
-#include <functional>
-
 class QFileDialog;
-class QWidget;
+class QSettings;
 
 namespace mosaro::kit {
 
-/// Asks with windows. Each one is modal to the window that the supplier names at that moment.
+class FilePanel;
+
+/// Asks with windows. Each one is modal to the window that is active at that moment.
 class WidgetPrompts : public base::Prompts {
 public:
-    /// `parent` may be empty or answer null: the active window then.
-    explicit WidgetPrompts(std::function<QWidget*()> parent = {});
+    /// `memory` keeps the size and the folder of the file panels; without it the folder lasts as long as
+    /// this.
+    explicit WidgetPrompts(QSettings* memory = nullptr);
 
     int alert(const base::AlertRequest& request) override;
     QStringList openPanel(const base::OpenPanelRequest& request) override;
@@ -22,19 +22,17 @@ public:
     void beep() override;
 
 private:
-    [[nodiscard]] QWidget* parentWindow() const;
     [[nodiscard]] QString startFolder(const QString& wanted) const;
+    /// Shows it and waits; true when it was confirmed.
+    [[nodiscard]] bool run(FilePanel& panel);
 
-    std::function<QWidget*()> m_parent;
+    QSettings* m_memory;
     QString m_lastFolder;
 };
 
 /// Sets a dialog up as the request says; without the asking, so that it can be tested.
-void setUpOpenDialog(QFileDialog& dialog, const base::OpenPanelRequest& request);
 void setUpSaveDialog(QFileDialog& dialog, const base::SavePanelRequest& request);
 
-/// What remains of the chosen paths: a request for packages takes only directories with one of the suffixes.
-[[nodiscard]] QStringList acceptablePaths(const QStringList& paths, const base::OpenPanelRequest& request);
 /// The path with the suffix of the request, added when it is missing.
 [[nodiscard]] QString withSuffix(const QString& path, const QString& suffix);
 

@@ -1,14 +1,18 @@
 #include "base/Text.h"
 #include "kit/AlertPanel.h"
 #include "kit/Look.h"
+#include "kit/OpenPanel.h"
 #include "kit/WidgetPrompts.h"
 
 #include <QApplication>
-#include <QFileDialog>
+#include <QDialogButtonBox>
+#include <QListView>
 #include <QPushButton>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 
 using namespace mosaro;
 
@@ -107,12 +111,52 @@ private Q_SLOTS:
         request.multiple = multiple;
         request.packages = packages;
         request.prompt = QStringLiteral("Take");
-        request.suffixes = {QStringLiteral("png"), QStringLiteral("jpg")};
-        QFileDialog dialog;
-        kit::setUpOpenDialog(dialog, request);
+        request.suffixes = {QStringLiteral("png"), QStringLiteral("PNG")};
+        const kit::OpenPanel dialog(request);
         QCOMPARE(int(dialog.acceptMode()), int(QFileDialog::AcceptOpen));
         QTEST(int(dialog.fileMode()), "mode");
         QCOMPARE(dialog.labelText(QFileDialog::Accept), QStringLiteral("Take"));
+        if (!packages && files) {
+            QVERIFY(dialog.nameFilters().constFirst().endsWith(QStringLiteral(" (*.png)")));
+        }
+    }
+
+    void foldersAndFilesAreTakenTogether()
+    {
+        QTemporaryDir place;
+        QVERIFY(QDir(place.path()).mkdir(QStringLiteral("a folder")));
+        QFile file(place.filePath(QStringLiteral("b \"c\".png")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        base::OpenPanelRequest request;
+        request.directories = true;
+        request.multiple = true;
+        request.directory = place.path();
+        request.prompt = QStringLiteral("Take");
+        QSettings memory(place.filePath(QStringLiteral("memory.ini")), QSettings::IniFormat);
+        kit::WidgetPrompts prompts(&memory);
+        const auto takeAll = [](QWidget* dialog) {
+            auto* rows = dialog->findChild<QListView*>(QStringLiteral("listView"));
+            QTRY_COMPARE(rows->model()->rowCount(rows->rootIndex()), 2);
+            dialog->findChild<QTreeView*>(QStringLiteral("treeView"))->setFocus();
+            rows->selectAll();
+            QPushButton* take = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open);
+            QCOMPARE(take->text(), QStringLiteral("Take"));
+            dialog->resize(910, 570);
+            take->click();
+        };
+        withModalDialog(takeAll);
+        QStringList chosen = prompts.openPanel(request);
+        chosen.sort();
+        QCOMPARE(chosen, QStringList({place.filePath(QStringLiteral("a folder")), file.fileName()}));
+
+        request.directory.clear();
+        kit::WidgetPrompts later(&memory);
+        withModalDialog([&place](QWidget* dialog) {
+            QCOMPARE(qobject_cast<QFileDialog*>(dialog)->directory(), QDir(place.path()));
+            QCOMPARE(dialog->size(), QSize(910, 570));
+            qobject_cast<QDialog*>(dialog)->reject();
+        });
+        QVERIFY(later.openPanel(request).isEmpty());
     }
 
     void acceptablePaths_data()
