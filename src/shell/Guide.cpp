@@ -54,9 +54,6 @@ Guide::Guide(QWidget* parent)
     for (QPushButton* button : {m_next, m_done, m_letsGo}) {
         button->setDefault(true);
     }
-    for (QPushButton* button : {m_previous, m_next, m_done, m_letsGo}) {
-        button->setAutoDefault(true); // Return presses the one with the focus.
-    }
     connect(m_previous, &QPushButton::clicked, this, [this] { naviagateGuidePage(Back); });
     connect(m_next, &QPushButton::clicked, this, [this] { naviagateGuidePage(On); });
     connect(m_done, &QPushButton::clicked, this, &Guide::showLastGuide);
@@ -193,7 +190,9 @@ void Guide::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-        if (m_index == GuidePage::kLast) {
+        if (m_previous->hasFocus()) {
+            naviagateGuidePage(Back);
+        } else if (m_index == GuidePage::kLast) {
             closeGuidePage();
         } else if (m_index == GuidePage::kCount) {
             showLastGuide();
