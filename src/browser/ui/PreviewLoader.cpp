@@ -17,7 +17,8 @@ constexpr int kRememberedFiles = 20000;
 
 PreviewLoader::PreviewLoader(QObject* parent) : QObject(parent), m_pictures(kCacheKilobytes)
 {
-    m_pool.setMaxThreadCount(std::clamp(QThread::idealThreadCount(), 1, 4));
+    // One core stays with the interface, or scrolling would wait for the decoding.
+    m_pool.setMaxThreadCount(std::clamp(QThread::idealThreadCount() - 1, 1, 4));
 }
 
 PreviewLoader::~PreviewLoader()
