@@ -9,7 +9,7 @@ namespace mosaro::browser {
 namespace {
 
 constexpr int kFrame = 16;
-constexpr int kMargin = 16; ///< Lets five of the smallest and three of the largest cells into a new window.
+constexpr int kMargin = 12; ///< Lets five of the smallest and three of the largest cells into a new window.
 constexpr int kZoomSettles = 120;
 
 } // namespace
