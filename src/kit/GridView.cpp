@@ -174,7 +174,8 @@ void GridView::setDropFilter(std::function<bool(const QMimeData&, const QObject*
 
 GridCellState GridView::cellState(int index) const
 {
-    const bool active = hasFocus() && isActiveWindow();
+    // The window's own focus: an open menu takes hasFocus() away.
+    const bool active = isActiveWindow() && window()->focusWidget() == this;
     return {m_selection.contains(index), index == m_current, active,
             active && m_keyboardFocus && index == m_current};
 }

@@ -58,7 +58,9 @@ void CollectionOutline::paintRowGround(QPainter& painter, const QRect& row, cons
     const QRectF plate = QRectF(row).adjusted(kGroundMargin, MRLibraryImageAndTextCell::kRowSpacing / 2.0,
                                               -kGroundMargin, -MRLibraryImageAndTextCell::kRowSpacing / 2.0);
     if (m_selection->isSelected(index)) {
-        const qreal tint = hasFocus() || state() == EditingState ? kFocusedTint : kQuietTint;
+        // The window's own focus: an open menu takes hasFocus() away.
+        const bool isFirst = isActiveWindow() && window()->focusWidget() == this;
+        const qreal tint = isFirst || state() == EditingState ? kFocusedTint : kQuietTint;
         kit::paint::panel(painter, plate, kit::paint::mixed(kit::color::sidebar, kit::color::amber, tint), {},
                           kit::metric::radius);
     }

@@ -85,7 +85,7 @@ void MRLibraryImageAndTextCell::paintNode(QPainter& painter, const QRect& rect, 
     image(node.type).paint(&painter, imageRect(rect));
 
     QRect line = titleRect(rect);
-    line.setRight(line.right() - paintBadge(painter, line, m_badge(node)));
+    line.setRight(line.right() - paintBadge(painter, line, m_badge(node), selected));
     const bool hasDot = kit::labelColor(node.label).isValid();
     const int dotSpace = hasDot ? kDotSize + kit::metric::gap : 0;
 
@@ -102,7 +102,8 @@ void MRLibraryImageAndTextCell::paintNode(QPainter& painter, const QRect& rect, 
     }
 }
 
-int MRLibraryImageAndTextCell::paintBadge(QPainter& painter, const QRect& rect, qint64 count) const
+int MRLibraryImageAndTextCell::paintBadge(QPainter& painter, const QRect& rect, qint64 count,
+                                          bool selected) const
 {
     if (count <= 0) {
         return 0;
@@ -111,7 +112,7 @@ int MRLibraryImageAndTextCell::paintBadge(QPainter& painter, const QRect& rect, 
     const QString text = QString::number(count);
     const int width = qMax(kBadgeMinimum, QFontMetrics(font).horizontalAdvance(text));
     painter.setFont(font);
-    painter.setPen(kit::color::text2);
+    painter.setPen(selected ? kit::color::text : kit::color::text2);
     painter.drawText(QRect(rect.right() - width + 1, rect.top(), width, rect.height()),
                      Qt::AlignRight | Qt::AlignVCenter, text);
     return width + kit::metric::gap;

@@ -43,7 +43,7 @@ private:
     void paintGroup(QPainter& painter, const QRect& rect, const CollectionNode& node) const;
     void paintNode(QPainter& painter, const QRect& rect, const CollectionNode& node, bool selected) const;
     /// Draws the badge at the right end and gives the width that it took.
-    int paintBadge(QPainter& painter, const QRect& rect, qint64 count) const;
+    int paintBadge(QPainter& painter, const QRect& rect, qint64 count, bool selected) const;
     [[nodiscard]] const QIcon& image(int type) const;
 
     std::function<qint64(const CollectionNode&)> m_badge;
