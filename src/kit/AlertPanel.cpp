@@ -34,6 +34,9 @@ AlertPanel::AlertPanel(const base::AlertRequest& request, QWidget* parent) : QDi
     setAccessibleName(request.messageText);
     setAccessibleDescription(request.informativeText);
     setModal(true);
+    QPalette raised = palette();
+    raised.setColor(QPalette::Window, color::raised);
+    setPalette(raised);
 
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(metric::wideGap, metric::wideGap, metric::wideGap, metric::wideGap);

@@ -206,7 +206,9 @@ void GridView::paintOverlays(QPainter& painter) const
         painter.setBrush(fill);
         painter.drawRect(m_band->rect().translated(0, -offset()));
     }
-    if (m_dropHighlight) {
+    // With no cell to carry it, the ring of the keyboard goes around the whole.
+    const bool showsFocus = m_layout.count() == 0 && m_keyboardFocus && hasFocus();
+    if (m_dropHighlight || showsFocus) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(color::blue, metric::focusRing));
         painter.setBrush(Qt::NoBrush);

@@ -72,7 +72,8 @@ void MosaroStyle::drawControl(ControlElement element, const QStyleOption* option
         // Its text has a faded colour of its own, and stays light on a selection.
         if (const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option)) {
             QStyleOptionViewItem lit(*item);
-            lit.palette.setColor(QPalette::HighlightedText, Qt::white);
+            lit.palette.setColor(QPalette::Active, QPalette::HighlightedText, Qt::white);
+            lit.palette.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::white);
             QProxyStyle::drawControl(element, &lit, painter, widget);
             return;
         }

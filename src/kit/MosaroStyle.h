@@ -54,6 +54,9 @@ private:
                          const QWidget* widget) const;
     bool drawOtherElement(ControlElement element, const QStyleOption& option, QPainter& painter,
                           const QWidget* widget) const;
+    /// A label with an icon, on a painter that fades already what is disabled: the icon must not fade again.
+    void drawFadedOnce(ControlElement element, QStyleOption& label, QPainter& painter,
+                       const QWidget* widget) const;
     void drawMenuItem(const QStyleOptionMenuItem& item, QPainter& painter, const QWidget* widget) const;
     void drawSlider(const QStyleOptionSlider& slider, QPainter& painter, const QWidget* widget) const;
     void drawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget) const;

@@ -57,7 +57,10 @@ void drawProgress(const QStyleOptionProgressBar& bar, QPainter& painter)
 
 void drawHeader(const QStyleOption& option, QPainter& painter)
 {
+    painter.save();
+    painter.setOpacity(1); // Its words fade; the ground would let through what lies below.
     painter.fillRect(option.rect, color::sidebar);
+    painter.restore();
     paint::horizontalHairline(painter, option.rect.left(), option.rect.right() + 1,
                               option.rect.bottom() + 0.0, color::line);
 }
@@ -112,8 +115,7 @@ void MosaroStyle::drawMenuItem(const QStyleOptionMenuItem& item, QPainter& paint
             paint::checkMark(painter, QRectF(middle.x() - 7, middle.y() - 7, 14, 14), color::amber);
         }
     } else if (!item.icon.isNull()) {
-        item.icon.paint(&painter, QRect(column.left(), column.center().y() - 7, 16, 16), Qt::AlignCenter,
-                        enabled ? QIcon::Normal : QIcon::Disabled);
+        item.icon.paint(&painter, QRect(column.left(), column.center().y() - 7, 16, 16));
     }
     const bool isSubMenu = item.menuItemType == QStyleOptionMenuItem::SubMenu;
     const QRect words =
@@ -129,7 +131,7 @@ void MosaroStyle::drawMenuItem(const QStyleOptionMenuItem& item, QPainter& paint
     drawItemText(&painter, place, flags | Qt::AlignLeading, palette, enabled, item.text.section(u'\t', 0, 0),
                  QPalette::ButtonText);
     const bool lit = enabled && item.state.testFlag(State_Selected);
-    palette.setColor(QPalette::ButtonText, lit ? color::text2 : color::text3);
+    palette.setColor(QPalette::ButtonText, lit ? color::text : color::text3);
     drawItemText(&painter, place, flags | Qt::AlignTrailing, palette, enabled, item.text.section(u'\t', 1),
                  QPalette::ButtonText);
     if (isSubMenu) {
@@ -169,6 +171,13 @@ bool MosaroStyle::drawMenuElement(ControlElement element, const QStyleOption& op
     }
 }
 
+void MosaroStyle::drawFadedOnce(ControlElement element, QStyleOption& label, QPainter& painter,
+                                const QWidget* widget) const
+{
+    label.state |= State_Enabled;
+    QProxyStyle::drawControl(element, &label, &painter, widget);
+}
+
 bool MosaroStyle::drawOtherElement(ControlElement element, const QStyleOption& option, QPainter& painter,
                                    const QWidget* widget) const
 {
@@ -179,7 +188,22 @@ bool MosaroStyle::drawOtherElement(ControlElement element, const QStyleOption& o
             if (label.features.testFlag(QStyleOptionButton::DefaultButton)) {
                 label.palette.setColor(QPalette::ButtonText, color::window);
             }
-            QProxyStyle::drawControl(element, &label, &painter, widget);
+            drawFadedOnce(element, label, painter, widget);
+        }
+        return true;
+    case CE_ToolButtonLabel:
+        if (const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(&option)) {
+            QStyleOptionToolButton label(*button);
+            drawFadedOnce(element, label, painter, widget);
+        }
+        return true;
+    case CE_TabBarTabLabel:
+        if (const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(&option)) {
+            QStyleOptionTab label(*tab);
+            const bool active = option.state.testFlag(State_Selected);
+            label.state.setFlag(State_HasFocus, false); // The plate has the ring.
+            label.palette.setColor(QPalette::WindowText, active ? color::amber : color::text2);
+            drawFadedOnce(element, label, painter, widget);
         }
         return true;
     case CE_HeaderSection:

@@ -2,11 +2,13 @@
 #include "kit/MosaroStyle.h"
 #include "kit/StyleColors.h"
 
+#include <QTextEdit>
+
 namespace mosaro::kit {
 
-int MosaroStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+int MosaroStyle::pixelMetric(PixelMetric which, const QStyleOption* option, const QWidget* widget) const
 {
-    switch (metric) {
+    switch (which) {
     case PM_SplitterWidth:
         return 1;
     case PM_ScrollBarExtent:
@@ -20,12 +22,13 @@ int MosaroStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
     case PM_SliderLength:
         return look::kSliderHandle;
     case PM_DefaultFrameWidth:
-        return 1;
+        return qobject_cast<const QTextEdit*>(widget) != nullptr ? metric::focusRing : 1;
     case PM_ButtonMargin:
         return 8;
     case PM_ButtonDefaultIndicator:
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
+    case PM_TabBarTabShiftVertical:
         return 0;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
@@ -61,7 +64,7 @@ int MosaroStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
     case PM_FocusFrameHMargin:
         return 4;
     default:
-        return QProxyStyle::pixelMetric(metric, option, widget);
+        return QProxyStyle::pixelMetric(which, option, widget);
     }
 }
 

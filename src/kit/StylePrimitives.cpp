@@ -202,6 +202,7 @@ bool MosaroStyle::drawFramePrimitive(PrimitiveElement element, const QStyleOptio
     case PE_FrameGroupBox:
     case PE_FrameStatusBarItem:
     case PE_FrameTabBarBase:
+    case PE_FrameTabWidget:
     case PE_FrameDockWidget:
         return true;
     default:

@@ -177,7 +177,7 @@ private Q_SLOTS:
     {
         for (const QColor& ground :
              {kit::color::window, kit::color::sidebar, kit::color::raised, kit::color::field}) {
-            QVERIFY(contrast(kit::color::text3, ground) >= 3.0);
+            QVERIFY(contrast(kit::color::text3, ground) >= 4.5);
             QVERIFY(contrast(kit::color::text, ground) >= 7.0);
         }
         QVERIFY(contrast(kit::color::window, kit::color::amber) >= 4.5);

@@ -47,7 +47,7 @@ void FailedPathDelegate::paint(QPainter* painter, const QStyleOptionViewItem& op
     painter->drawText(upper, Qt::AlignVCenter | Qt::AlignLeft,
                       painter->fontMetrics().elidedText(path, Qt::ElideMiddle, upper.width()));
     painter->setFont(kit::font(11));
-    painter->setPen(kit::color::text3);
+    painter->setPen(option.state.testFlag(QStyle::State_Selected) ? kit::color::text : kit::color::text3);
     const QString reason = index.data(FailedPathModel::ReasonRole).toString().simplified();
     painter->drawText(lower, Qt::AlignVCenter | Qt::AlignLeft,
                       painter->fontMetrics().elidedText(reason, Qt::ElideRight, lower.width()));
