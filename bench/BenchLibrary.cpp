@@ -2,8 +2,6 @@
 
 #include "bench/LibraryGenerator.h"
 
-#include <QAbstractEventDispatcher>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QMap>
 #include <cstdio>
@@ -68,13 +66,13 @@ void resetPeakMemory()
 
 LongestTurn::LongestTurn()
 {
-    static QElapsedTimer clock;
-    clock.start();
-    auto* dispatcher = QAbstractEventDispatcher::instance();
-    m_awake = clock.nsecsElapsed();
-    connect(dispatcher, &QAbstractEventDispatcher::awake, this, [this] { m_awake = clock.nsecsElapsed(); });
-    connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this,
-            [this] { m_longest = std::max(m_longest, double(clock.nsecsElapsed() - m_awake) / 1e6); });
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        m_longest = std::max(m_longest, m_clock.nsecsElapsed());
+        m_clock.start();
+    });
+    m_timer.start(1);
+    m_clock.start();
 }
 
 } // namespace mosaro::bench
