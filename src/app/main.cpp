@@ -10,17 +10,14 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QTextStream>
 
 namespace {
 
 using namespace mosaro;
 
-constexpr int kWrongUsage = 2;
-
 bool hasDisplay()
 {
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
 void nameApplication(QCoreApplication& application)
@@ -29,32 +26,6 @@ void nameApplication(QCoreApplication& application)
     application.setApplicationName(QStringLiteral("Mosaro"));
     application.setApplicationVersion(base::ZNUserDefaults::applicationVersion());
     QGuiApplication::setDesktopFileName(QStringLiteral("org.mosaro.Mosaro"));
-}
-
-int fail(const QString& reason)
-{
-    QTextStream(stderr) << "mosaro: " << reason << Qt::endl;
-    return kWrongUsage;
-}
-
-/// Answers what needs no window. Nothing: go on.
-std::optional<int> answerOnCommandLine(const base::Result<shell::LaunchOptions>& options, bool windowPossible)
-{
-    if (!options) {
-        return fail(options.reason());
-    }
-    if (options.value().help) {
-        QTextStream(stdout) << shell::launchHelp();
-        return 0;
-    }
-    if (options.value().version) {
-        QTextStream(stdout) << "Mosaro " << base::ZNUserDefaults::applicationVersion() << Qt::endl;
-        return 0;
-    }
-    if (!windowPossible && options.value().snapshot.isEmpty()) {
-        return fail(base::text("Failure.No.Display"));
-    }
-    return std::nullopt;
 }
 
 } // namespace
@@ -67,11 +38,12 @@ int main(int argc, char** argv)
         // What needs no window is answered without one, so that a broken display is no hindrance.
         QCoreApplication application(argc, argv);
         base::installTexts();
-        const auto parsed = shell::parseLaunchOptions(QCoreApplication::arguments());
-        if (const std::optional<int> status = answerOnCommandLine(parsed, windowPossible)) {
-            return *status;
+        shell::CommandLine commandLine =
+            shell::readCommandLine(QCoreApplication::arguments(), windowPossible);
+        if (commandLine.status) {
+            return *commandLine.status;
         }
-        options = parsed.value();
+        options = std::move(commandLine.options);
     }
     if (!windowPossible) {
         qputenv("QT_QPA_PLATFORM", "offscreen");

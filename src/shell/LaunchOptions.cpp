@@ -1,13 +1,17 @@
 #include "shell/LaunchOptions.h"
 
 #include "base/Text.h"
+#include "base/ZNUserDefaults.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QTextStream>
 
 namespace mosaro::shell {
 
 namespace {
+
+constexpr int kWrongUsage = 2;
 
 struct Options {
     QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")}, base::text("Help.Option.Help")};
@@ -27,6 +31,19 @@ struct Options {
                                      QStringLiteral("[FILES…]"));
     }
 };
+
+QString launchHelp()
+{
+    QCommandLineParser parser;
+    Options().addTo(parser);
+    return parser.helpText();
+}
+
+int fail(const QString& reason)
+{
+    QTextStream(stderr) << "mosaro: " << reason << Qt::endl;
+    return kWrongUsage;
+}
 
 QString absolute(const QString& path)
 {
@@ -60,11 +77,25 @@ base::Result<LaunchOptions> parseLaunchOptions(const QStringList& arguments)
     return result;
 }
 
-QString launchHelp()
+CommandLine readCommandLine(const QStringList& arguments, bool windowPossible)
 {
-    QCommandLineParser parser;
-    Options().addTo(parser);
-    return parser.helpText();
+    const auto parsed = parseLaunchOptions(arguments);
+    if (!parsed) {
+        return {{}, fail(parsed.reason())};
+    }
+    const LaunchOptions& options = parsed.value();
+    if (options.help) {
+        QTextStream(stdout) << launchHelp();
+        return {{}, 0};
+    }
+    if (options.version) {
+        QTextStream(stdout) << "Mosaro " << base::ZNUserDefaults::applicationVersion() << Qt::endl;
+        return {{}, 0};
+    }
+    if (!windowPossible && options.snapshot.isEmpty()) {
+        return {{}, fail(base::text("Failure.No.Display"))};
+    }
+    return {options, std::nullopt};
 }
 
 } // namespace mosaro::shell

@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 namespace mosaro::shell {
 
@@ -22,7 +23,13 @@ struct LaunchOptions {
 /// file manager leaves the library as it is.
 [[nodiscard]] base::Result<LaunchOptions> parseLaunchOptions(const QStringList& arguments);
 
-/// The text of --help.
-[[nodiscard]] QString launchHelp();
+/// What a command line leads to: options to start with, or the exit status when it is answered already.
+struct CommandLine {
+    LaunchOptions options;
+    std::optional<int> status;
+};
+
+/// Reads the arguments and answers, on the terminal, what needs no window.
+[[nodiscard]] CommandLine readCommandLine(const QStringList& arguments, bool windowPossible);
 
 } // namespace mosaro::shell
