@@ -271,6 +271,12 @@ void TestBrowserView::scrollsToTopWhenAsked()
     bench.busy = false;
     bench.bus.post(base::MOSARO_NOTI_SCROLL_TO_TOP);
     QCOMPARE(bar->value(), 0);
+
+    bar->setValue(200);
+    bench.selectShop(); // the same again, as after an import
+    QCOMPARE(bar->value(), 200);
+    bench.select({{Shape::SystemNode, QStringLiteral("1"), 1, QStringLiteral("All")}}, bench.media);
+    QCOMPARE(bar->value(), 0);
 }
 
 void TestBrowserView::findsAnItem()

@@ -50,6 +50,9 @@ StatusRow::StatusRow(QWidget* parent)
     connect(small, &QToolButton::clicked, this, [this] { m_slider->setValue(m_slider->minimum()); });
     connect(large, &QToolButton::clicked, this, [this] { m_slider->setValue(m_slider->maximum()); });
 
+    setTabOrder(small, m_slider);
+    setTabOrder(m_slider, large);
+
     auto* controls = new QHBoxLayout(m_controls);
     controls->setContentsMargins(0, 0, 0, 0);
     controls->setSpacing(kit::metric::gap);
