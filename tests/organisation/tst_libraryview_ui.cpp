@@ -256,6 +256,11 @@ private Q_SLOTS:
         QTest::keyClick(&world.outline(), Qt::Key_Up);
         QTest::keyClick(&world.outline(), Qt::Key_Up);
         QCOMPARE(world.selectedTitles(), QStringList(base::text("Lib.All")));
+        world.outline().collapse(world.row(base::text("Lib.Your.Collections").toUpper()));
+        QTest::keyClick(&world.outline(), Qt::Key_End);
+        QCOMPARE(world.selectedTitles(), QStringList(base::text("Lib.Recent")));
+        QTest::keyClick(&world.outline(), Qt::Key_Home);
+        QCOMPARE(world.selectedTitles(), QStringList(base::text("Lib.All")));
     }
 
     void selectionReachesTheBrowserOnce()

@@ -138,11 +138,10 @@ QModelIndex CollectionOutline::moveCursor(CursorAction action, Qt::KeyboardModif
     QModelIndex after = QTreeView::moveCursor(action, modifiers);
     // Left goes up to a group's heading, so that it can be collapsed from the keyboard; all other ways pass
     // over headings.
-    const bool steps = action == MoveUp || action == MovePrevious || action == MoveDown || action == MoveNext;
-    if (!steps) {
+    if (action == MoveLeft || action == MoveRight) {
         return after;
     }
-    const bool up = action == MoveUp || action == MovePrevious;
+    const bool up = action == MoveUp || action == MovePrevious || action == MoveEnd || action == MovePageDown;
     while (after.isValid() && CollectionTreeModel::node(after)->isGroup) {
         after = up ? indexAbove(after) : indexBelow(after);
     }
