@@ -607,9 +607,17 @@
     <source></source>
     <translation>%1 could not be copied into the library: %2</translation>
   </message>
+  <message id="Failure.Import.Folder">
+    <source></source>
+    <translation>The folder could not be read: %1</translation>
+  </message>
   <message id="Failure.Import.FolderInFolder">
     <source></source>
     <translation>A folder is read one level deep. Import this folder by itself.</translation>
+  </message>
+  <message id="Failure.Import.Name">
+    <source></source>
+    <translation>The file’s name has characters that are no valid text. Rename the file and import it again.</translation>
   </message>
   <message id="Failure.Import.NoAccess">
     <source></source>
@@ -629,7 +637,7 @@
   </message>
   <message id="Failure.Import.NotAFile">
     <source></source>
-    <translation>This has the name of a picture but is no file. Choose the pictures inside it.</translation>
+    <translation>This has the name of a picture but is no ordinary file. Save the picture as a file and import that.</translation>
   </message>
   <message id="Failure.Import.NotAccepted">
     <source></source>

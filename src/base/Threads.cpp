@@ -3,8 +3,16 @@
 #include <QCoreApplication>
 #include <QThread>
 #include <QThreadPool>
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace mosaro::base {
+
+namespace {
+
+constexpr int kNiceness = 5; ///< A third of the share of others; enough to come through on a busy machine.
+
+} // namespace
 
 bool onMainThread()
 {
@@ -16,6 +24,13 @@ void runOnWorker(QThreadPool& pool, std::function<void()> work)
 {
     Q_ASSERT(onMainThread());
     pool.start(std::move(work));
+}
+
+void stepBack()
+{
+    Q_ASSERT(!onMainThread());
+    // The priorities of Qt's threads have no effect under the usual scheduler.
+    static_cast<void>(::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), kNiceness));
 }
 
 void postToMain(QObject& receiver, std::function<void()> work)

@@ -1,13 +1,18 @@
 #include "import/ImportItem.h"
 
 #include "base/FinderStyleCompare.h"
+#include "base/Result.h"
 #include "base/Text.h"
+#include "import/FileCopy.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <filesystem>
 
 namespace mosaro::importing {
 
+using base::Failure;
+using base::Result;
 using base::text;
 
 ImportItem ImportItem::fromVariant(const QVariant& value)
@@ -41,7 +46,28 @@ bool ImportItem::isForcedCopy() const
     return kind == MediaKind::Screen || kind == MediaKind::Web || kind == MediaKind::Other;
 }
 
+bool ImportItem::hasLostName() const
+{
+    return path.contains(QChar::ReplacementCharacter) && !QFileInfo::exists(path);
+}
+
 namespace {
+
+/// Every name in the folder, also one that is no valid text, which QDir leaves out.
+Result<QStringList> namesIn(const QString& folder)
+{
+    std::error_code error;
+    std::filesystem::directory_iterator entries(QFile::encodeName(folder).toStdString(), error);
+    QStringList names;
+    while (!error && entries != std::filesystem::end(entries)) {
+        names.append(QFile::decodeName(entries->path().filename().c_str()));
+        entries.increment(error);
+    }
+    if (error) {
+        return Failure{text("Failure.Import.Folder", systemReason(error.value()))};
+    }
+    return names;
+}
 
 /// One pass over a list of items.
 class Filter {
@@ -78,6 +104,9 @@ private:
     {
         const QString path = given.isEmpty() ? QString() : m_aliases.resolve(given);
         const QFileInfo info(path);
+        if (takeLostName(path)) {
+            return;
+        }
         if (path.isEmpty() || !info.exists()) {
             skip(given, text("Failure.Import.NoFile"));
         } else if (info.isDir()) {
@@ -98,14 +127,17 @@ private:
             skip(path, text("Failure.Import.NoResources"));
             return;
         }
-        const QDir directory(folder);
-        QStringList names = directory.entryList(
-            QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::NoSort);
+        const auto read = namesIn(folder);
+        if (!read) {
+            skip(path, read.reason());
+            return;
+        }
+        QStringList names = read.value();
         // The disk's own order is chance; runs shall repeat.
         names.sort();
         base::sortedArray(names, [](const QString& name) { return name; });
         for (const QString& name : std::as_const(names)) {
-            takeEntry(directory.filePath(name));
+            takeEntry(QDir(folder).filePath(name));
         }
     }
 
@@ -113,9 +145,11 @@ private:
     /// other.
     void takeEntry(const QString& path)
     {
+        if (takeLostName(path)) {
+            return;
+        }
         if (!isAccepted(path)) {
-            skip(path, QFileInfo(path).isDir() ? text("Failure.Import.FolderInFolder")
-                                               : text("Failure.Import.NotAccepted"));
+            skip(path, refusal(QFileInfo(path)));
             return;
         }
         const QString target = m_aliases.resolve(path);
@@ -124,6 +158,26 @@ private:
         } else {
             m_result.items.push_back(ImportItem::fromPath(target));
         }
+    }
+
+    /// A picture by its name that cannot be opened stays on the list, where it fails with a reason.
+    bool takeLostName(const QString& path)
+    {
+        const ImportItem item = ImportItem::fromPath(path);
+        if (!item.hasLostName() || !m_classification.documentTypeForExtension(QFileInfo(path).suffix())) {
+            return false;
+        }
+        m_result.items.push_back(item);
+        return true;
+    }
+
+    /// Why an entry of a folder is left out.
+    [[nodiscard]] static QString refusal(const QFileInfo& entry)
+    {
+        if (entry.isDir()) {
+            return text("Failure.Import.FolderInFolder");
+        }
+        return entry.exists() ? text("Failure.Import.NotAccepted") : text("Failure.Import.NoFile");
     }
 
     [[nodiscard]] bool isAccepted(const QString& path) const

@@ -30,6 +30,8 @@ struct ImportItem {
     [[nodiscard]] static std::vector<ImportItem> fromPaths(const QStringList& paths);
     /// Screen, Web and Other: copied into the library whatever its mode says.
     [[nodiscard]] bool isForcedCopy() const;
+    /// Whether the file's name is no valid text, so that no path leads to it.
+    [[nodiscard]] bool hasLostName() const;
 };
 
 struct SkippedPath {

@@ -149,6 +149,7 @@ void ImportRun::Private::walk(FilteredItems&& filtered)
     m_items = std::move(filtered.items);
     m_report.skipped = std::move(filtered.skipped);
     m_phase = Phase::Walking;
+    m_committer = std::make_unique<ItemCommitter>(m_environment, m_collection, m_copyMode);
     if (m_items.empty() || !m_collection || m_collection->isRemoved()) {
         close();
         return;
@@ -156,7 +157,6 @@ void ImportRun::Private::walk(FilteredItems&& filtered)
     renewCollection();
     const int total = static_cast<int>(m_items.size());
     m_window = RunWindow(total, 2 * m_pool.maxThreadCount() + 2);
-    m_committer = std::make_unique<ItemCommitter>(m_environment, m_collection, m_copyMode);
     Q_EMIT q.walkStarted(total);
     startWorkers();
 }
@@ -181,9 +181,11 @@ void ImportRun::Private::stage(int index)
 {
     const ImportItem& item = m_items[static_cast<size_t>(index)];
     base::runOnWorker(m_pool, [this, index, item, settings = m_settings, cancelled = m_cancelled] {
+        base::stepBack();
         auto staged = cancelled->load() ? nullptr : stageItem(item, *settings);
         // Moved on all the way: whoever drops the item last takes its folder away.
-        base::postToMain(q, [this, index, staged = std::move(staged)]() mutable { take(index, std::move(staged)); });
+        base::postToMain(
+            q, [this, index, staged = std::move(staged)]() mutable { take(index, std::move(staged)); });
     });
 }
 
@@ -310,7 +312,7 @@ void ImportRun::Private::finish()
 {
     m_phase = Phase::Over;
     QDir().rmdir(m_settings->stagingDirPath);
-    if (m_committer && !m_copyMode) {
+    if (!m_copyMode) {
         m_report.accessListWritten = m_committer->accessList().write(m_environment.package).ok();
     }
     m_committer.reset();

@@ -107,11 +107,15 @@ Result<void> fillFolder(StagedItem& staged, const StagingSettings& settings)
 
 Result<void> stageExisting(StagedItem& staged, const StagingSettings& settings)
 {
+    if (staged.item.hasLostName()) {
+        return Failure{text("Failure.Import.Name")};
+    }
     const QFileInfo info(staged.sourcePath);
     staged.index = settings.fileIndex.read(staged.sourcePath);
     readAttributes(staged, info);
     if (!info.isFile()) {
-        return Failure{text("Failure.Import.NotAFile")};
+        return Failure{info.isDir() ? text("Failure.Import.FolderInFolder")
+                                    : text("Failure.Import.NotAFile")};
     }
     staged.analysis = analyseFile(staged, settings);
     if (!staged.analysis.outcome) {
@@ -139,7 +143,8 @@ std::shared_ptr<StagedItem> stageItem(const ImportItem& item, const StagingSetti
     staged->item = item;
     staged->sourcePath = item.path.isEmpty() ? QString() : QFileInfo(item.path).absoluteFilePath();
     const bool lacksKind = item.isRecord && item.kind == MediaKind::Unset;
-    staged->isGone = lacksKind || item.path.isEmpty() || !QFileInfo::exists(staged->sourcePath);
+    const bool exists = QFileInfo::exists(staged->sourcePath) || item.hasLostName();
+    staged->isGone = lacksKind || item.path.isEmpty() || !exists;
     if (!staged->isGone) {
         staged->outcome = stageExisting(*staged, settings);
     }

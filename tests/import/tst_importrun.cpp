@@ -177,6 +177,9 @@ private Q_SLOTS:
         QVERIFY(::mkfifo((fixture.library.folder() + QStringLiteral("/in/pipe.png")).toUtf8().constData(),
                          0600) == 0);
         files.append(fixture.library.folder() + QStringLiteral("/in"));
+        // No text names this one.
+        const QByteArray lost = files.last().toUtf8() + "/lost\xff.png";
+        QVERIFY(::mknod(lost.constData(), S_IFREG | 0600, 0) == 0);
         fixture.analyse = [](const AnalysisRequest& request) {
             AnalysisResult result = sampleAnalysis(request);
             switch (numberOf(request)) {
@@ -196,15 +199,15 @@ private Q_SLOTS:
         const ImportReport report = fixture.import(files);
         QCOMPARE(fixture.titles(report.imported),
                  QStringList({QStringLiteral("01"), QStringLiteral("03"), QStringLiteral("06")}));
-        QCOMPARE(report.tried, 8);
+        QCOMPARE(report.tried, 9);
         QStringList failed;
         for (const FailedPath& path : report.failed) {
             failed.append(QFileInfo(path.path).fileName());
             QVERIFY(!path.reason.isEmpty());
         }
-        QCOMPARE(failed,
-                 QStringList({QStringLiteral("02.png"), QStringLiteral("04.png"), QStringLiteral("05.png"),
-                              QStringLiteral("album.png"), QStringLiteral("pipe.png")}));
+        QCOMPARE(failed, QStringList({QStringLiteral("02.png"), QStringLiteral("04.png"),
+                                      QStringLiteral("05.png"), QStringLiteral("album.png"),
+                                      QStringLiteral("lost\uFFFD.png"), QStringLiteral("pipe.png")}));
         QCOMPARE(report.failed[0].reason, QStringLiteral("It is torn."));
         QVERIFY(report.failed[1].reason.contains(QStringLiteral("decoder in tears")));
         QCOMPARE(fixture.itemFolders().size(), 3);
