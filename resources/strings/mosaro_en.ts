@@ -463,6 +463,10 @@
     <source></source>
     <translation>Some files could not be imported.</translation>
   </message>
+  <message id="Error.Open.Address">
+    <source></source>
+    <translation>No program could be found that opens this address. Write it into a browser or a mail program yourself: %1</translation>
+  </message>
   <message id="Failure.Collection.Gone">
     <source></source>
     <translation>“%1” is no longer in the library. Select another collection.</translation>
@@ -583,9 +587,13 @@
     <source></source>
     <translation>The file is too large to be imported. Make it smaller first.</translation>
   </message>
+  <message id="Failure.Image.Misnamed">
+    <source></source>
+    <translation>The file is named like a “%1” but holds a “%2”. Give its name the extension that fits, and import it again.</translation>
+  </message>
   <message id="Failure.Image.NotAPicture">
     <source></source>
-    <translation>The file does not hold a picture, whatever its name says. Check what it is and name it rightly.</translation>
+    <translation>The file does not hold a picture of a format that can be imported, whatever its name says. Check what it is, or save it in another format.</translation>
   </message>
   <message id="Failure.Image.TooLarge">
     <source></source>

@@ -25,7 +25,7 @@ constexpr int kOpenDelay = 250;
 
 AppDelegate::AppDelegate(WindowEnvironment environment, LaunchOptions options, QObject* parent)
     : QObject(parent), m_environment(environment), m_options(std::move(options)),
-      m_openAddress([](const QUrl& address) { QDesktopServices::openUrl(address); }),
+      m_openAddress([](const QUrl& address) { return QDesktopServices::openUrl(address); }),
       m_namedLibrary(m_options.library)
 {
     connect(qApp, &QCoreApplication::aboutToQuit, this, &AppDelegate::applicationWillTerminate);
@@ -272,7 +272,12 @@ void AppDelegate::showAbout()
 
 void AppDelegate::showHelpAddress(HelpTopic topic)
 {
-    m_openAddress(helpAddress(topic, base::ZNUserDefaults::applicationVersion()));
+    const QUrl address = helpAddress(topic, base::ZNUserDefaults::applicationVersion());
+    if (!m_openAddress(address)) {
+        m_environment.utilities.alertWithMessageText(
+            base::text("Basic.Alert"), base::text("Basic.OK"), {},
+            base::text("Error.Open.Address", address.toDisplayString()));
+    }
 }
 
 bool AppDelegate::validate(const MenuRow& row) const

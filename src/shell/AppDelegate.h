@@ -42,7 +42,8 @@ public:
     void applicationShouldHandleReopen();
     void startUserDefinedBookmarks();
 
-    void setOpenAddress(std::function<void(const QUrl&)> open) { m_openAddress = std::move(open); }
+    /// Replaces what opens outside addresses; it answers whether it could.
+    void setOpenAddress(std::function<bool(const QUrl&)> open) { m_openAddress = std::move(open); }
 
 Q_SIGNALS:
     /// A library is open and about to be shown.
@@ -72,7 +73,7 @@ private:
     std::unique_ptr<MRController> m_controller;
     std::unique_ptr<ChooserWindow> m_chooserWindow;
     std::unique_ptr<LoadingPanel> m_loadingPanel;
-    std::function<void(const QUrl&)> m_openAddress;
+    std::function<bool(const QUrl&)> m_openAddress;
     QString m_namedLibrary; ///< To be opened instead of the remembered one, once.
 };
 

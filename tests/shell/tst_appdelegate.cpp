@@ -126,7 +126,7 @@ void AppDelegateTest::cancelledPanelsKeepTheChooser()
 {
     start({.chooseLibrary = true});
     press(0);
-    press(1);
+    QTest::keyClick(chooser()->findChildren<QPushButton*>().at(1), Qt::Key_Return);
     QCOMPARE(m_prompts->openPanels.size(), 1);
     QCOMPARE(m_prompts->savePanels.size(), 1);
     QVERIFY(m_prompts->alerts.isEmpty());
@@ -244,10 +244,19 @@ void AppDelegateTest::helpOpensItsAddress()
 {
     start({.chooseLibrary = true});
     QUrl opened;
-    m_delegate->setOpenAddress([&opened](const QUrl& address) { opened = address; });
+    bool opens = true;
+    m_delegate->setOpenAddress([&](const QUrl& address) {
+        opened = address;
+        return opens;
+    });
     m_shell->menus.item(MenuId::Help, 3)->trigger();
+    QVERIFY(m_prompts->alerts.isEmpty());
     QCOMPARE(opened.scheme(), QStringLiteral("mailto"));
     QVERIFY(opened.query(QUrl::FullyDecoded).contains(base::ZNUserDefaults::applicationVersion()));
+    opens = false;
+    m_shell->menus.item(MenuId::Help, 5)->trigger();
+    QCOMPARE(m_prompts->alerts.size(), 1);
+    QVERIFY(m_prompts->alerts.first().informativeText.contains(opened.toDisplayString()));
 }
 
 QTEST_MAIN(AppDelegateTest)
