@@ -1,5 +1,6 @@
 #include "base/FinderStyleCompare.h"
 #include "base/Text.h"
+#include "store/AsynchronousFetch.h"
 #include "store/MediaSet.h"
 #include "store/MediaTagList.h"
 #include "store/TextFunctions.h"
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void mediaSets();
     void sortsAndLimits();
     void counts();
+    void fetchesWithoutHoldingUpTheMainThread();
 
 private:
     QStringList titles(const Predicate& predicate);
@@ -353,6 +355,29 @@ void TestQuery::counts()
     QCOMPARE(context.sum(Media::info(), QLatin1String("mediaFileSize"), Predicate::all()).value(), 10000);
     QCOMPARE(context.sum(Media::info(), QLatin1String("mediaFileSize"), Predicate::nothing()).value(), 0);
     QVERIFY(!context.sum(Media::info(), QLatin1String("x"), Predicate::all()).ok());
+}
+
+void TestQuery::fetchesWithoutHoldingUpTheMainThread()
+{
+    StoreContext& context = m_library->context();
+    Query query{title(Comparison::NotEqual, QStringLiteral("none")), {{kTitle, false, true}}, -1};
+    const auto expected = context.fetch<Media>(query);
+    QVERIFY(!expected.value().empty());
+    const Query broken{Predicate::compare(QLatin1String("none"), Comparison::Equal, 1), {}, -1};
+    std::optional<mosaro::base::Result<std::vector<std::shared_ptr<Media>>>> found;
+    std::optional<mosaro::base::Result<std::vector<std::shared_ptr<Media>>>> failed;
+    {
+        AsynchronousFetch fetch(context);
+        fetch.executeFetchRequest<Media>(query, nullptr);
+        fetch.executeFetchRequest<Media>(query, [&found](const auto& result) { found = result; });
+        fetch.executeFetchRequest<Media>(broken, [&failed](const auto& result) { failed = result; });
+        QVERIFY(!found); // Never at once.
+        QTRY_VERIFY(found && failed);
+        fetch.executeFetchRequest<Media>(query, [](const auto&) { QFAIL("completed after its end"); });
+    }
+    QCOMPARE(found->value(), expected.value()); // The very same records, in order.
+    QVERIFY(!failed->ok() && !failed->reason().isEmpty());
+    QCoreApplication::processEvents();
 }
 
 QTEST_GUILESS_MAIN(TestQuery)

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "base/Result.h"
+#include "store/StoreContext.h"
+
+#include <QObject>
+#include <QThreadPool>
+#include <functional>
+
+namespace mosaro::store {
+
+/// Fetches for a context without holding up the main thread: the query runs on a worker with a connection of
+/// its own, and the main thread gets the records of the context itself. Sees what was saved when it runs.
+/// Must not outlive the context; what is not finished when it ends is never completed.
+class AsynchronousFetch {
+public:
+    template <class T>
+    using Completion = std::function<void(base::Result<std::vector<std::shared_ptr<T>>>)>;
+
+    explicit AsynchronousFetch(StoreContext& context) : m_context(context) { m_pool.setMaxThreadCount(1); }
+    AsynchronousFetch(const AsynchronousFetch&) = delete;
+    AsynchronousFetch& operator=(const AsynchronousFetch&) = delete;
+    ~AsynchronousFetch() { m_pool.waitForDone(); }
+
+    /// Called on the main thread, and calls the completion there. None is fine, too.
+    template <class T>
+    void executeFetchRequest(const Query& query, Completion<T> completion);
+
+private:
+    using Ids = base::Result<std::vector<RowId>>;
+    void fetchIds(const EntityInfo& entity, const Query& query, std::function<void(const Ids&)> completion);
+
+    StoreContext& m_context;
+    QObject m_receiver;
+    QThreadPool m_pool;
+};
+
+template <class T>
+void AsynchronousFetch::executeFetchRequest(const Query& query, Completion<T> completion)
+{
+    fetchIds(T::info(), query, [this, completion = std::move(completion)](const Ids& ids) {
+        if (!completion)
+            return;
+        if (ids)
+            completion(m_context.objects<T>(ids.value()));
+        else
+            completion(ids.failure());
+    });
+}
+
+} // namespace mosaro::store
