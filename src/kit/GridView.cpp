@@ -116,7 +116,6 @@ void GridView::setCurrent(int index)
     m_current = index;
     viewport()->update();
     announceCurrent();
-    Q_EMIT currentChanged(index);
 }
 
 void GridView::scrollIndexToVisible(int index)

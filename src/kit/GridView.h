@@ -27,7 +27,6 @@ public:
     [[nodiscard]] const GridModel* model() const { return m_model; }
     void setMetrics(const GridMetrics& metrics);
     [[nodiscard]] const GridMetrics& metrics() const { return m_metrics; }
-    [[nodiscard]] const GridLayout& layoutOfCells() const { return m_layout; }
 
     /// Asks the model anew and keeps the selection as far as it exists. Emits nothing.
     void reloadData();
@@ -54,7 +53,6 @@ public:
 
 Q_SIGNALS:
     void selectionChanged();
-    void currentChanged(int index);
     /// Double click or Return.
     void activated(int index);
     /// Pinch, or wheel with Ctrl: the zoom is asked to grow by this (negative: shrink), in parts of its

@@ -10,7 +10,7 @@ namespace mosaro::kit {
 namespace {
 
 /// One item. Made when a reader asks, and kept by the list's interface.
-class GridItemAccessible final : public QAccessibleInterface {
+class GridItemAccessible final : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
     GridItemAccessible(GridView& view, int index) : m_view(&view), m_index(index) {}
 
@@ -55,6 +55,26 @@ public:
             state.offscreen = !m_view->viewport()->rect().intersects(m_view->itemFrameAtIndex(m_index));
         }
         return state;
+    }
+
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                    : nullptr;
+    }
+    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+    QStringList keyBindingsForAction(const QString&) const override { return {}; }
+    void doAction(const QString& name) override
+    {
+        if (!isValid() || !actionNames().contains(name)) {
+            return;
+        }
+        m_view->setFocus(Qt::OtherFocusReason);
+        m_view->setSelectionIndexes(GridSelection({m_index, m_index}));
+        m_view->scrollIndexToVisible(m_index);
+        if (name == pressAction()) {
+            Q_EMIT m_view->activated(m_index);
+        }
     }
 
     [[nodiscard]] int index() const { return m_index; }

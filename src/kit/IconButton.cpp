@@ -10,26 +10,10 @@ IconButton::IconButton(const QString& iconName, const QString& toolTip, QWidget*
     setAutoRaise(true);
     setFocusPolicy(Qt::TabFocus);
     setIconSize(QSize(16, 16));
-    setHelp(toolTip);
-    showIcon();
-    connect(this, &QToolButton::toggled, this, &IconButton::showIcon);
-}
-
-void IconButton::setIconName(const QString& iconName)
-{
-    m_iconName = iconName;
-    showIcon();
-}
-
-void IconButton::setHelp(const QString& toolTip)
-{
     setToolTip(toolTip);
     setAccessibleName(toolTip);
-}
-
-void IconButton::setToggles(bool toggles)
-{
-    setCheckable(toggles);
+    showIcon();
+    connect(this, &QToolButton::toggled, this, &IconButton::showIcon);
 }
 
 QSize IconButton::sizeHint() const

@@ -5,17 +5,14 @@
 
 namespace mosaro::kit {
 
-/// A flat button that shows one icon of the kit. Its tool tip is its accessible name too.
+/// A flat button that shows one icon of the kit, amber while it is checked. Its tool tip is its accessible
+/// name too.
 class IconButton : public QToolButton {
     Q_OBJECT
 
 public:
     IconButton(const QString& iconName, const QString& toolTip, QWidget* parent = nullptr);
 
-    void setIconName(const QString& iconName);
-    void setHelp(const QString& toolTip);
-    /// When checked the icon is amber.
-    void setToggles(bool toggles);
     [[nodiscard]] QSize sizeHint() const override;
 
 private:

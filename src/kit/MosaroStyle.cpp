@@ -4,7 +4,9 @@
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
@@ -156,6 +158,50 @@ void MosaroStyle::polish(QWidget* widget)
     }
     if (qobject_cast<QMenu*>(widget) != nullptr) {
         widget->setAttribute(Qt::WA_TranslucentBackground);
+    }
+}
+
+void MosaroStyle::polish(QApplication* application)
+{
+    QProxyStyle::polish(application);
+    application->installEventFilter(this);
+}
+
+bool MosaroStyle::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto isAlt = [event] { return static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt; };
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        if (isAlt()) {
+            showMnemonics(true);
+        }
+        break;
+    case QEvent::KeyRelease:
+        if (isAlt() && QApplication::activePopupWidget() == nullptr) {
+            showMnemonics(false);
+        }
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::WindowDeactivate:
+        showMnemonics(false);
+        break;
+    default:
+        break;
+    }
+    return QProxyStyle::eventFilter(watched, event);
+}
+
+void MosaroStyle::showMnemonics(bool shown)
+{
+    if (m_showsMnemonics == shown) {
+        return;
+    }
+    m_showsMnemonics = shown;
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget* widget : widgets) {
+        if (widget->isVisible()) {
+            widget->update();
+        }
     }
 }
 

@@ -11,7 +11,7 @@ class QStyleOptionToolButton;
 namespace mosaro::kit {
 
 /// The flat dark look, drawn over Fusion's geometry. A disabled control is drawn as an enabled one at 40 %
-/// opacity; whoever holds the keyboard focus shows a blue ring.
+/// opacity; whoever holds the keyboard focus shows a blue ring; letters are underlined while Alt is down.
 class MosaroStyle : public QProxyStyle {
     Q_OBJECT
 
@@ -42,7 +42,10 @@ public:
     [[nodiscard]] QRect subElementRect(SubElement element, const QStyleOption* option,
                                        const QWidget* widget) const override;
     void polish(QWidget* widget) override;
+    void polish(QApplication* application) override;
     using QProxyStyle::polish;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     /// Each answers whether it drew the element.
@@ -62,7 +65,10 @@ private:
     void drawScrollBar(const QStyleOptionSlider& bar, QPainter& painter, const QWidget* widget) const;
     void drawComboBox(const QStyleOptionComboBox& combo, QPainter& painter, const QWidget* widget) const;
     void drawMenuButton(const QStyleOptionToolButton& button, QPainter& painter, const QWidget* widget) const;
+    void showMnemonics(bool shown);
     void drawSpinBox(const QStyleOptionSpinBox& spin, QPainter& painter, const QWidget* widget) const;
+
+    bool m_showsMnemonics = false; ///< While Alt is down, and in menus that were opened with it.
 };
 
 } // namespace mosaro::kit

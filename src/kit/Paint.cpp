@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QtMath>
 
 namespace mosaro::kit::paint {
 
@@ -129,33 +130,18 @@ void labelDot(QPainter& painter, const QRectF& rect, int label)
     painter.restore();
 }
 
-void badge(QPainter& painter, const QRectF& rect, const QString& text)
-{
-    panel(painter, rect, QColor(24, 24, 24, 191), QColor(158, 158, 158), 2);
-    painter.save();
-    QFont small = font(9, QFont::Bold);
-    const qreal room = rect.width() - 4;
-    const qreal wide = QFontMetricsF(small).horizontalAdvance(text);
-    if (wide > room) {
-        small.setStretch(qMax(50, qRound(100 * room / wide)));
-    }
-    painter.setFont(small);
-    painter.setPen(color::text);
-    painter.drawText(rect, Qt::AlignCenter, text);
-    painter.restore();
-}
-
 void checker(QPainter& painter, const QRectF& rect, qreal square)
 {
     painter.save();
     painter.setClipRect(rect, Qt::IntersectClip);
     painter.fillRect(rect, QColor(0x26, 0x26, 0x28));
-    bool oddRow = false;
-    for (qreal y = rect.top(); y < rect.bottom(); y += square) {
-        for (qreal x = rect.left() + (oddRow ? square : 0); x < rect.right(); x += 2 * square) {
-            painter.fillRect(QRectF(x, y, square, square), QColor(0x33, 0x33, 0x36));
+    const int rows = qCeil(rect.height() / square);
+    const int columns = qCeil(rect.width() / square);
+    for (int row = 0; row < rows; ++row) {
+        for (int column = row % 2; column < columns; column += 2) {
+            painter.fillRect(QRectF(rect.left() + column * square, rect.top() + row * square, square, square),
+                             QColor(0x33, 0x33, 0x36));
         }
-        oddRow = !oddRow;
     }
     painter.restore();
 }

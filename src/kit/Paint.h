@@ -4,7 +4,6 @@
 #include <QRectF>
 
 class QPainter;
-class QString;
 
 /// The strokes that all controls are made of. Coordinates are points; hairlines are always one device pixel.
 namespace mosaro::kit::paint {
@@ -26,8 +25,6 @@ void verticalHairline(QPainter& painter, qreal top, qreal bottom, qreal x, const
 
 /// The dot of label 1 to 7, filling `rect`; nothing for others.
 void labelDot(QPainter& painter, const QRectF& rect, int label);
-/// The short type word of a file ("PNG") on a dark plate with a light hairline.
-void badge(QPainter& painter, const QRectF& rect, const QString& text);
 /// A colour on show. A transparent one lies on a checker, so that it is seen to be transparent.
 void swatch(QPainter& painter, const QRectF& rect, const QColor& color);
 /// The dark checker behind pictures with transparency.

@@ -8,7 +8,6 @@ namespace mosaro::kit {
 ProgressPanel::ProgressPanel(QWidget& window) : m_sheet(new Sheet(window)), m_view(new ProgressView)
 {
     m_sheet->setContent(m_view);
-    connect(m_view, &ProgressView::stopRequested, this, &ProgressPanel::stopRequested);
 }
 
 ProgressPanel::~ProgressPanel()
@@ -38,13 +37,6 @@ void ProgressPanel::end()
 {
     if (m_sheet != nullptr) {
         m_sheet->endSheet();
-    }
-}
-
-void ProgressPanel::setStoppable(bool stoppable)
-{
-    if (m_view != nullptr) {
-        m_view->setStoppable(stoppable);
     }
 }
 

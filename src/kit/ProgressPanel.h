@@ -25,12 +25,7 @@ public:
     void update(const QString& text, int percent) override;
     void end() override;
 
-    /// Offers a button that stops the work; off at first.
-    void setStoppable(bool stoppable);
     [[nodiscard]] ProgressView* view() const;
-
-Q_SIGNALS:
-    void stopRequested();
 
 private:
     QPointer<Sheet> m_sheet;       ///< Child of the window.

@@ -5,7 +5,6 @@
 
 #include <QLabel>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace mosaro::kit {
@@ -14,9 +13,7 @@ namespace {
 constexpr int kPanelWidth = 380;
 }
 
-ProgressView::ProgressView(QWidget* parent)
-    : QWidget(parent), m_text(new QLabel), m_bar(new QProgressBar),
-      m_stop(new QPushButton(base::text("Basic.Stop")))
+ProgressView::ProgressView(QWidget* parent) : QWidget(parent), m_text(new QLabel), m_bar(new QProgressBar)
 {
     setFixedWidth(kPanelWidth);
     auto* layout = new QVBoxLayout(this);
@@ -26,19 +23,15 @@ ProgressView::ProgressView(QWidget* parent)
     m_bar->setRange(0, 100);
     m_bar->setTextVisible(false);
     m_bar->setAccessibleName(base::text("Accessible.Progress"));
-    m_stop->setAutoDefault(false);
     layout->addWidget(m_text);
     layout->addWidget(m_bar);
-    layout->addSpacing(metric::gap);
-    layout->addWidget(m_stop, 0, Qt::AlignRight);
-    connect(m_stop, &QPushButton::clicked, this, &ProgressView::stopRequested);
-    setStoppable(false);
     setupProgressElements();
 }
 
 void ProgressView::setupProgressElements()
 {
     m_text->clear();
+    m_bar->setAccessibleDescription({});
     m_bar->setValue(0);
 }
 
@@ -46,13 +39,9 @@ void ProgressView::updateProgress(const QString& text, double value)
 {
     if (!text.isEmpty()) {
         m_text->setText(text);
+        m_bar->setAccessibleDescription(text);
     }
     m_bar->setValue(qBound(0, int(value), 100));
-}
-
-void ProgressView::setStoppable(bool stoppable)
-{
-    m_stop->setVisible(stoppable);
 }
 
 QString ProgressView::text() const

@@ -4,7 +4,6 @@
 
 class QLabel;
 class QProgressBar;
-class QPushButton;
 
 namespace mosaro::kit {
 
@@ -19,18 +18,13 @@ public:
     void setupProgressElements();
     /// An empty text keeps the one on show; a negative value counts as 0.
     void updateProgress(const QString& text, double value);
-    void setStoppable(bool stoppable);
 
     [[nodiscard]] QString text() const;
     [[nodiscard]] int value() const;
 
-Q_SIGNALS:
-    void stopRequested();
-
 private:
     QLabel* m_text;
     QProgressBar* m_bar;
-    QPushButton* m_stop;
 };
 
 } // namespace mosaro::kit

@@ -81,9 +81,9 @@ bool Sheet::isAttachedTo(const QWidget& window)
 
 bool Sheet::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == &m_window && event->type() == QEvent::Resize) {
-        place();
-    } else if (watched == m_content && event->type() == QEvent::LayoutRequest) {
+    const bool isResized = watched == &m_window && event->type() == QEvent::Resize;
+    const bool isLaidOut = watched == m_content && event->type() == QEvent::LayoutRequest;
+    if (isResized || isLaidOut) {
         place();
     } else if (isVisible() && event->type() == QEvent::Shortcut) {
         // Menu commands of the window below must not run by their keys.

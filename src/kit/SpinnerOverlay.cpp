@@ -38,7 +38,7 @@ void SpinnerOverlay::showAlertView(bool shown, const QString& message)
         return;
     }
     if (!message.isEmpty()) {
-        m_text->setText(message);
+        setMessage(message);
     }
     if (!isUp()) {
         m_spinner->start();
@@ -49,8 +49,14 @@ void SpinnerOverlay::showAlertView(bool shown, const QString& message)
 void SpinnerOverlay::updateAlertViewMessage(const QString& message)
 {
     if (isUp()) {
-        m_text->setText(message);
+        setMessage(message);
     }
+}
+
+void SpinnerOverlay::setMessage(const QString& message)
+{
+    m_text->setText(message);
+    m_spinner->setAccessibleDescription(message);
 }
 
 QString SpinnerOverlay::message() const

@@ -21,6 +21,8 @@ public:
     [[nodiscard]] QString message() const;
 
 private:
+    void setMessage(const QString& message);
+
     SpinningIndicator* m_spinner;
     QLabel* m_text;
 };

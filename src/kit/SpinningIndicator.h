@@ -14,7 +14,6 @@ public:
 
     void start();
     void stop();
-    [[nodiscard]] bool isSpinning() const { return m_spinning; }
     [[nodiscard]] QSize sizeHint() const override { return {32, 32}; }
 
 protected:

@@ -56,7 +56,6 @@ int MosaroStyle::pixelMetric(PixelMetric which, const QStyleOption* option, cons
     case PM_ListViewIconSize:
         return 16;
     case PM_ToolBarIconSize:
-        return 18;
     case PM_TreeViewIndentation:
         return 18;
     case PM_HeaderMargin:
@@ -94,6 +93,8 @@ int MosaroStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
         return 255;
     case SH_Widget_Animation_Duration:
         return motion(200);
+    case SH_UnderlineShortcut:
+        return m_showsMnemonics ? 1 : 0;
     case SH_GroupBox_TextLabelColor:
         return int(color::text2.rgba());
     default:
@@ -131,7 +132,6 @@ QSize MosaroStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     case CT_ComboBox:
         return {size.width() + 34, qMax(size.height() + 6, 24)};
     case CT_LineEdit:
-        return {result.width(), qMax(result.height(), 24)};
     case CT_SpinBox:
         return {result.width(), qMax(result.height(), 24)};
     case CT_ItemViewItem:

@@ -438,6 +438,10 @@ void TestGridView::tellsAssistivePrograms()
     QVERIFY(!list->child(2)->state().selected);
     QCOMPARE(list->indexOfChild(item), 3);
     QCOMPARE(list->child(5), nullptr);
+    QSignalSpy opened(&bench.view, &GridView::activated);
+    list->child(1)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(opened.value(0).value(0).toInt(), 1);
+    QVERIFY(list->child(1)->state().selected);
     bench.names.items = 2;
     bench.view.reloadData();
     QVERIFY(!item->isValid());
