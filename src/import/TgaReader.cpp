@@ -81,7 +81,7 @@ std::vector<QRgb> readPalette(QIODevice& file, const QByteArray& head)
         return {};
     for (int entry = 0; entry < count; ++entry) {
         const auto* bytes = reinterpret_cast<const uchar*>(data.constData()) + qsizetype(entry) * entryBytes;
-        palette[static_cast<std::size_t>(first + entry)] = colorOf(bytes, bits, true);
+        palette[std::size_t(first) + std::size_t(entry)] = colorOf(bytes, bits, true);
     }
     return palette;
 }

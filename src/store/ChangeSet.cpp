@@ -39,7 +39,7 @@ bool leadsTo(const Record& record, size_t attribute, const Record& target)
     return target.isSaved() && value.toLongLong() == target.rowId();
 }
 
-void ChangeSet::noteRemoved(std::shared_ptr<Record> record)
+void ChangeSet::noteRemoved(const std::shared_ptr<Record>& record)
 {
     m_removed.insert(record.get(), record);
 }

@@ -21,7 +21,7 @@ public:
 
     void noteInserted(std::shared_ptr<Record> record) { m_inserted.push_back(std::move(record)); }
     void noteDirty(std::shared_ptr<Record> record) { m_dirty.push_back(std::move(record)); }
-    void noteRemoved(std::shared_ptr<Record> record);
+    void noteRemoved(const std::shared_ptr<Record>& record);
     /// Takes an unsaved record out, with the unsaved ones that lead to it, and detaches them.
     void dropInserted(Record& record);
     /// The saved records whose pending reference leads to a record.

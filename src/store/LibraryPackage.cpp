@@ -6,7 +6,7 @@
 
 namespace mosaro::store {
 
-LibraryPackage::LibraryPackage(QString rootPath)
+LibraryPackage::LibraryPackage(const QString& rootPath)
     : m_root(rootPath.isEmpty() ? QString() : QDir::cleanPath(QDir(rootPath).absolutePath()))
 {
 }

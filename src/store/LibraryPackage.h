@@ -12,7 +12,7 @@ namespace mosaro::store {
 class LibraryPackage {
 public:
     LibraryPackage() = default;
-    explicit LibraryPackage(QString rootPath);
+    explicit LibraryPackage(const QString& rootPath);
 
     [[nodiscard]] bool isNull() const { return m_root.isEmpty(); }
     [[nodiscard]] const QString& libraryDirPath() const { return m_root; }

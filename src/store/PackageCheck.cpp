@@ -11,7 +11,7 @@ namespace mosaro::store {
 namespace {
 
 /// A store of this size, some ten thousand items, is looked through in a few hundredths of a second.
-constexpr qint64 kReadWholeSize = 24 * 1024 * 1024;
+constexpr qint64 kReadWholeSize = qint64(24) * 1024 * 1024;
 
 bool holdsItems(const LibraryPackage& package)
 {

@@ -16,7 +16,7 @@ namespace mosaro::store {
 
 namespace {
 
-constexpr qint64 kWorthCompacting = 1024 * 1024;
+constexpr qint64 kWorthCompacting = qint64(1024) * 1024;
 
 } // namespace
 

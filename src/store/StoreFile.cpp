@@ -18,7 +18,7 @@ constexpr int kBusyTimeout = 3000;
 /// change.
 constexpr int kPoolLimit = 200;
 /// Below this an opened store has no room for its companion files.
-constexpr qint64 kLeastRoom = 256 * 1024;
+constexpr qint64 kLeastRoom = qint64(256) * 1024;
 const QString kCollationVersion = QStringLiteral("collationVersion");
 
 bool isEmptyOrSqlite(const QString& path)
