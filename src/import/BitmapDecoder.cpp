@@ -33,15 +33,31 @@ VipsPtr openWithVips(const QString& path, BitmapFormat format, int shrink)
         case BitmapFormat::Tiff:
             return vips_tiffload(file, out, "access", VIPS_ACCESS_SEQUENTIAL, "fail_on",
                                  VIPS_FAIL_ON_TRUNCATED, nullptr);
-        case BitmapFormat::WebP:
-            return vips_webpload(file, out, "access", VIPS_ACCESS_SEQUENTIAL, "fail_on",
-                                 VIPS_FAIL_ON_TRUNCATED, nullptr);
         case BitmapFormat::Bmp:
         case BitmapFormat::Tga:
             break;
         }
         return -1;
     });
+}
+
+DocumentType documentTypeOf(BitmapFormat format)
+{
+    switch (format) {
+    case BitmapFormat::Jpeg:
+        return DocumentType::Jpeg;
+    case BitmapFormat::Gif:
+        return DocumentType::Gif;
+    case BitmapFormat::Tiff:
+        return DocumentType::Tiff;
+    case BitmapFormat::Bmp:
+        return DocumentType::Bmp;
+    case BitmapFormat::Tga:
+        return DocumentType::Tga;
+    case BitmapFormat::Png:
+        break;
+    }
+    return DocumentType::Png;
 }
 
 bool withinLimits(QSize size, bool streamed)
@@ -171,6 +187,9 @@ base::Result<OpenedBitmap> openBitmap(const QString& path, DocumentType named)
     const std::optional<BitmapFormat> format = bitmapFormatOf(file.peek(64), named);
     if (!format)
         return base::Failure{base::text("Failure.Image.NotAPicture")};
+    if (documentTypeOf(*format) != named)
+        return base::Failure{base::text("Failure.Image.Misnamed", MediaClassification::contentTypeName(named),
+                                        MediaClassification::contentTypeName(documentTypeOf(*format)))};
 
     OpenedBitmap bitmap;
     bitmap.path = path;

@@ -36,7 +36,7 @@ struct OpenedBitmap {
 /// Keeps down what is decoded at the same time.
 [[nodiscard]] base::MemoryBudget& decodingMemory();
 
-/// Opens by content, whatever the name says; `named` helps only for formats without a mark.
+/// A file that holds another format than its name says is refused: what is stored of it goes by the name.
 [[nodiscard]] base::Result<OpenedBitmap> openBitmap(const QString& path, DocumentType named);
 
 /// The same picture 1, 2, 4 or 8 times smaller, for what the format can shrink while decoding; else as it is.

@@ -77,8 +77,6 @@ std::optional<BitmapFormat> bitmapFormatOf(const QByteArray& head, DocumentType 
         return BitmapFormat::Tiff;
     if (head.startsWith("BM") && named != DocumentType::Tga)
         return BitmapFormat::Bmp;
-    if (head.startsWith("RIFF") && head.mid(8, 4) == "WEBP")
-        return BitmapFormat::WebP;
     if (named == DocumentType::Tga)
         return BitmapFormat::Tga;
     return std::nullopt;

@@ -14,7 +14,7 @@ namespace mosaro::importing {
 // What the first bytes of a file say, read without trust in them: every offset and length is checked.
 
 /// The bitmap formats that can be decoded, told by content whatever the file is called.
-enum class BitmapFormat { Jpeg, Png, Gif, Tiff, Bmp, WebP, Tga };
+enum class BitmapFormat { Jpeg, Png, Gif, Tiff, Bmp, Tga };
 
 /// TGA files carry no mark, so only a file that is called one can be one.
 [[nodiscard]] std::optional<BitmapFormat> bitmapFormatOf(const QByteArray& head, DocumentType named);
@@ -39,6 +39,7 @@ struct TiffHeader {
     double dpi = 0;
     QString colorModel;
     QString software;
+    bool isWhole = true;    ///< Every directory of the chain can be read, and the chain has an end.
     qint64 piecePixels = 0; ///< Pixels of the piece (strip or row of tiles) that is decoded at once.
 };
 [[nodiscard]] std::optional<TiffHeader> readTiffHeader(const QString& path);

@@ -108,6 +108,8 @@ base::Result<void> readMetadata(QIODevice& file, OpenedBitmap& bitmap)
     }
     if (bitmap.format == BitmapFormat::Tiff) {
         if (const std::optional<TiffHeader> header = readTiffHeader(bitmap.path)) {
+            if (!header->isWhole)
+                return damagedPicture();
             if (header->piecePixels > analysisLimits().maxPixelsWithoutStreaming)
                 return tooLargePicture({metadata.width, metadata.height});
             bitmap.decoderBytes = header->piecePixels * VIPS_IMAGE_SIZEOF_PEL(image);

@@ -171,6 +171,19 @@ bool isPlain(VipsImage* image)
            (image->Type == VIPS_INTERPRETATION_sRGB || image->Type == VIPS_INTERPRETATION_B_W);
 }
 
+/// What decoding and scaling keep in memory at once. In a stream these are strips of sixteen rows of the
+/// result, in each of a few stages. 0 for a picture that holds its share already.
+qint64 renderingBytes(const OpenedBitmap& bitmap, VipsImage* source, QSize part, QSize target, bool inMemory)
+{
+    constexpr qint64 kStreamedRows = 64;
+    if (!bitmap.decoded.isNull())
+        return 0;
+    if (inMemory)
+        return bitmap.decoderBytes + qint64(source->Xsize) * source->Ysize * kInMemoryPixelBytes;
+    const qint64 rows = std::min<qint64>(part.height(), kStreamedRows * part.height() / target.height());
+    return bitmap.decoderBytes + rows * part.width() * qint64(VIPS_IMAGE_SIZEOF_PEL(source));
+}
+
 base::Result<QImage> scaledInMemory(VipsImage* source, const QRect& part, QSize target)
 {
     const VipsPtr srgb = vipsToSrgb(source);
@@ -250,9 +263,8 @@ base::Result<QImage> pictureOf(const OpenedBitmap& bitmap, const QRect& stored, 
     const bool enlarges = part.width() < target.width() || part.height() < target.height();
     const qint64 pixels = qint64(source->Xsize) * source->Ysize;
     const bool inMemory = pixels <= kInMemoryPixels && isPlain(source.get()) && !enlarges;
-    QSemaphoreReleaser memory;
-    if (bitmap.decoded.isNull())
-        memory = decodingMemory().take(bitmap.decoderBytes + (inMemory ? pixels * kInMemoryPixelBytes : 0));
+    const QSemaphoreReleaser memory =
+        decodingMemory().take(renderingBytes(bitmap, source.get(), part.size(), target, inMemory));
     if (inMemory)
         return scaledInMemory(source.get(), part, target);
     const bool weighted = bitmap.metadata.hasAlpha && part.size() != target;

@@ -55,6 +55,16 @@ qint64 piecePixelsOf(TIFF* tiff)
     return qint64(width) * (TIFFIsTiled(tiff) ? rows : std::min(rows, height));
 }
 
+// The library refuses a directory that it has met before.
+bool isChainWhole(TIFF* tiff)
+{
+    while (!TIFFLastDirectory(tiff)) {
+        if (!TIFFReadDirectory(tiff))
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 std::optional<TiffHeader> readTiffHeader(const QString& path)
@@ -75,6 +85,7 @@ std::optional<TiffHeader> readTiffHeader(const QString& path)
     const char* software = nullptr;
     if (TIFFGetField(tiff.get(), TIFFTAG_SOFTWARE, &software) && software)
         header.software = QString::fromUtf8(software).trimmed();
+    header.isWhole = isChainWhole(tiff.get());
     return header;
 }
 

@@ -113,8 +113,6 @@ private Q_SLOTS:
         row("runs.tga", T::Tga, Encoding::Png, "8 opaque RGB 72");
         row("alpha.tga", T::Tga, Encoding::Png, "8 alpha RGB 72");
         row("palette.tga", T::Tga, Encoding::Png, "8 opaque RGB 72");
-        row("png inside.jpg", T::Jpeg, Encoding::Jpeg, "8 opaque RGB 72");
-        row("jpeg inside.tga", T::Tga, Encoding::Png, "8 opaque RGB 72");
     }
     void formats()
     {
@@ -399,28 +397,30 @@ private Q_SLOTS:
         QTest::addColumn<int>("type");
         QTest::addColumn<QString>("words");
         const auto row = [](const char* name, const QByteArray& bytes, DocumentType type, const char* words) {
-            QTest::newRow(name) << bytes << static_cast<int>(type) << QString::fromLatin1(words);
+            QTest::newRow(name) << bytes << static_cast<int>(type) << QString::fromUtf8(words);
         };
         using T = DocumentType;
         row("empty", {}, T::Png, "empty");
         row("text", "Dear diary, this is no picture.", T::Png, "does not hold a picture");
         row("markup", "<svg/>", T::Jpeg, "does not hold a picture");
+        row("png named jpg", test::pngThatClaims(10, 10), T::Jpeg, "holds a “PNG Image”");
+        row("jpeg named tga", "\xff\xd8\xff", T::Tga, "holds a “JPEG Image”");
         row("only a mark", "\x89PNG\r\n\x1a\n", T::Png, "damaged");
         row("only a jpeg mark", "\xff\xd8\xff", T::Jpeg, "damaged");
         row("nothing but zeros", QByteArray(4096, '\0'), T::Tga, "damaged");
         row("too many pixels", test::pngThatClaims(90000, 90000), T::Png, "90000 by 90000");
         row("too wide", test::pngThatClaims(2000000000, 1), T::Png, "2000000000 by 1");
-        row("says more than it has", test::pngThatClaims(30000, 30000), T::Png, "damaged");
+        row("says more than it has", test::pngThatClaims(20000, 20000), T::Png, "damaged");
         row("no size", test::pngThatClaims(0, 0), T::Png, "damaged");
         row("huge bmp", hugeBmp(), T::Bmp, "by");
         row("huge tga", QByteArray("\0\0\2\0\0\0\0\0\0\0\0\0\xff\xff\xff\xff\x18\0", 18), T::Tga,
             "65535 by 65535");
         row("no renderer", "%PDF-1.4", T::Pdf, "Portable Document Format (PDF)");
         row("no renderer for icons", "icns", T::Icns, "Icon Image");
+        // The directory, at the file's end but for six bytes, names itself as the next one.
         QByteArray loop = test::plainTiff(test::quarters({20, 20}), {});
-        // The directory names itself as the next one.
-        const qsizetype next = loop.size() - 4 - 6;
-        Q_UNUSED(next)
+        loop.replace(loop.size() - 4 - 6, 4, loop.mid(4, 4));
+        row("tiff in a loop", loop, T::Tiff, "damaged");
         row("tiff without a directory", QByteArray("II*\0\xff\xff\xff\x7f", 8), T::Tiff, "damaged");
     }
     void refusedWithAReason()
@@ -522,10 +522,6 @@ private:
         const QImage image = detail ? test::noise(size) : test::quarters(size);
         const QString kind = name.section(u'.', 0, 0).remove(QStringLiteral("noise-"));
         const QString extension = name.section(u'.', -1);
-        if (name == QLatin1String("png inside.jpg"))
-            return test::writePng(path, image);
-        if (name == QLatin1String("jpeg inside.tga"))
-            return test::writeJpeg(path, image);
         if (extension == QLatin1String("jpg"))
             return test::writeJpeg(
                 path, image,
