@@ -159,6 +159,11 @@ void MosaroStyle::polish(QWidget* widget)
     if (qobject_cast<QMenu*>(widget) != nullptr) {
         widget->setAttribute(Qt::WA_TranslucentBackground);
     }
+    if (widget->inherits("QComboBoxListView")) {
+        QPalette palette = widget->palette();
+        palette.setColor(QPalette::Base, color::raised);
+        widget->setPalette(palette);
+    }
 }
 
 void MosaroStyle::polish(QApplication* application)

@@ -52,6 +52,18 @@ OpenPanel::OpenPanel(const base::OpenPanelRequest& request, QWidget* parent)
     if (request.files && request.directories && !request.packages) {
         followSelection();
     }
+    if (request.packages) {
+        connect(this, &QFileDialog::directoryEntered, this, &OpenPanel::takePackage);
+    }
+}
+
+void OpenPanel::takePackage(const QString& folder)
+{
+    if (hasSuffix(folder, m_request.suffixes)) {
+        m_package = QDir::cleanPath(folder);
+        setDirectory(QFileInfo(m_package).path());
+        QDialog::accept();
+    }
 }
 
 void OpenPanel::setUpKinds()
@@ -73,6 +85,22 @@ void OpenPanel::followSelection()
     const auto* rows = findChild<QListView*>(QStringLiteral("listView"));
     m_name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     connect(rows->selectionModel(), &QItemSelectionModel::selectionChanged, this, &OpenPanel::showSelection);
+    connect(m_name, &QLineEdit::textChanged, this, &OpenPanel::offerFolderOnShow);
+    connect(this, &QFileDialog::directoryEntered, this, &OpenPanel::offerFolderOnShow, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &OpenPanel::offerFolderOnShow, Qt::QueuedConnection);
+}
+
+QPushButton* OpenPanel::takeButton() const
+{
+    return findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))->button(QDialogButtonBox::Open);
+}
+
+/// The toolkit greys the button out while no name is given.
+void OpenPanel::offerFolderOnShow()
+{
+    if (takesFolderOnShow()) {
+        takeButton()->setEnabled(true);
+    }
 }
 
 QStringList OpenPanel::selectedRows() const
@@ -103,8 +131,7 @@ void OpenPanel::showSelection()
         const QSignalBlocker quiet(m_name);
         m_name->setText(m_shown);
     }
-    QPushButton* take =
-        findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))->button(QDialogButtonBox::Open);
+    QPushButton* take = takeButton();
     take->setEnabled(true);
     if (!m_request.prompt.isEmpty()) {
         take->setText(m_request.prompt);
@@ -116,14 +143,26 @@ bool OpenPanel::showsSelection() const
     return m_name != nullptr && !m_shown.isEmpty() && m_name->text() == m_shown;
 }
 
+bool OpenPanel::takesFolderOnShow() const
+{
+    return m_name != nullptr && m_name->text().isEmpty();
+}
+
 QStringList OpenPanel::chosenPaths() const
 {
+    if (takesFolderOnShow()) {
+        return {directory().absolutePath()};
+    }
+    if (!m_package.isEmpty()) {
+        return {m_package};
+    }
     return showsSelection() ? selectedRows() : selectedFiles();
 }
 
 void OpenPanel::accept()
 {
-    if (showsSelection()) {
+    m_package.clear();
+    if (showsSelection() || takesFolderOnShow()) {
         QDialog::accept();
     } else {
         FilePanel::accept();

@@ -149,6 +149,13 @@ private Q_SLOTS:
         chosen.sort();
         QCOMPARE(chosen, QStringList({place.filePath(QStringLiteral("a folder")), file.fileName()}));
 
+        withModalDialog([](QWidget* dialog) {
+            QPushButton* take = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open);
+            QTRY_VERIFY(take->isEnabled());
+            take->click();
+        });
+        QCOMPARE(prompts.openPanel(request), QStringList(place.path())); // The folder on show.
+
         request.directory.clear();
         kit::WidgetPrompts later(&memory);
         withModalDialog([&place](QWidget* dialog) {
@@ -157,6 +164,25 @@ private Q_SLOTS:
             qobject_cast<QDialog*>(dialog)->reject();
         });
         QVERIFY(later.openPanel(request).isEmpty());
+    }
+
+    void packageIsTakenByDoubleClick()
+    {
+        QTemporaryDir place;
+        QVERIFY(QDir(place.path()).mkpath(QStringLiteral("deep/a.mrlibrary")));
+        base::OpenPanelRequest request;
+        request.packages = true;
+        request.directory = place.path();
+        request.suffixes = {QStringLiteral("mrlibrary")};
+        kit::WidgetPrompts prompts;
+        withModalDialog([](QWidget* dialog) {
+            auto* rows = dialog->findChild<QTreeView*>(QStringLiteral("treeView"));
+            for (int level = 0; level < 2; ++level) {
+                QTRY_COMPARE(rows->model()->rowCount(rows->rootIndex()), 1);
+                Q_EMIT rows->activated(rows->model()->index(0, 0, rows->rootIndex()));
+            }
+        });
+        QCOMPARE(prompts.openPanel(request), QStringList(place.filePath(QStringLiteral("deep/a.mrlibrary"))));
     }
 
     void acceptablePaths_data()
