@@ -62,7 +62,7 @@ void OpenPanel::takePackage(const QString& folder)
     if (hasSuffix(folder, m_request.suffixes)) {
         m_package = QDir::cleanPath(folder);
         setDirectory(QFileInfo(m_package).path());
-        QDialog::accept();
+        done(QDialog::Accepted);
     }
 }
 
@@ -163,7 +163,7 @@ void OpenPanel::accept()
 {
     m_package.clear();
     if (showsSelection() || takesFolderOnShow()) {
-        QDialog::accept();
+        done(QDialog::Accepted); // Without the toolkit's own look at the names.
     } else {
         FilePanel::accept();
     }
