@@ -53,9 +53,9 @@ struct AnalysisResult {
 
 /// The limits that hold for every stranger's file, in one place.
 struct AnalysisLimits {
-    qint64 maxPixels = 500'000'000;                 ///< Of the whole picture, before any shrinking.
-    qint64 maxPixelsWithoutStreaming = 100'000'000; ///< For decoders that need the whole picture in memory.
-    qint64 memoryForDecoding = qint64(256) << 20;   ///< Shared by all that are decoded at once.
+    qint64 maxPixels = 500'000'000;                ///< Of the whole picture, before any shrinking.
+    qint64 maxPixelsWithoutStreaming = 80'000'000; ///< For decoders that need the whole picture in memory.
+    qint64 memoryForDecoding = qint64(256) << 20;  ///< Shared by all that are decoded at once.
     qint64 maxFileBytes = qint64(8) << 30;
     int maxSide = 100'000; ///< Pixels of one edge.
     int maxSeconds = 60;   ///< For the decoding of one picture.

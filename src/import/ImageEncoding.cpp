@@ -107,6 +107,11 @@ QByteArray JPEGRepresentation(const QImage& image, double quality)
     });
 }
 
+QByteArray JPEG(const QImage& image)
+{
+    return JPEGRepresentation(image, 1.0);
+}
+
 // The lightest effort: more of it costs twice the time and gains a few percent.
 QByteArray GIFRepresentation(const QImage& image)
 {

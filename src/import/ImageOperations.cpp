@@ -58,6 +58,11 @@ QImage resized(const QImage& image, QSize size)
 
 } // namespace
 
+QImage CGImage(const QImage& image)
+{
+    return image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
 QImage shrunk(const QImage& image, QSize size)
 {
     return image

@@ -40,6 +40,7 @@ enum class FileType { Tiff = 0, Bmp = 1, Gif = 2, Jpeg = 3, Png = 4 };
 /// Encoded bytes: JPEG progressive (transparency on black), PNG interlaced, GIF; empty on failure.
 [[nodiscard]] QByteArray representationForFileType(const QImage& image, FileType type, double withQuality);
 [[nodiscard]] QByteArray JPEGRepresentation(const QImage& image, double quality);
+[[nodiscard]] QByteArray JPEG(const QImage& image); ///< At full quality.
 [[nodiscard]] QByteArray PNGRepresentation(const QImage& image);
 [[nodiscard]] QByteArray GIFRepresentation(const QImage& image);
 
@@ -49,6 +50,9 @@ enum class FileType { Tiff = 0, Bmp = 1, Gif = 2, Jpeg = 3, Png = 4 };
 /// Extension by the first byte alone, or empty.
 [[nodiscard]] QString contentTypeForImageData(const QByteArray& data);
 [[nodiscard]] QColor averageColor(const QImage& image);
+
+/// The pixels as plain 32-bit words, premultiplied, alpha first.
+[[nodiscard]] QImage CGImage(const QImage& image);
 
 /// `side` by `side` cells (RGBA8888, premultiplied), each the exact mean of the area it covers.
 [[nodiscard]] QImage sampledToGrid(const QImage& image, int side);

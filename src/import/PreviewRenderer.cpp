@@ -279,7 +279,7 @@ QImage withoutUselessAlpha(const QImage& image)
 {
     if (!image.hasAlphaChannel())
         return image;
-    const QImage pixels = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const QImage pixels = CGImage(image);
     for (int y = 0; y < pixels.height(); ++y) {
         const auto* line = reinterpret_cast<const QRgb*>(pixels.constScanLine(y));
         if (std::any_of(line, line + pixels.width(), [](QRgb pixel) { return qAlpha(pixel) < 255; }))

@@ -120,8 +120,7 @@ private Q_SLOTS:
         const QImage back = QImage::fromData(png);
         QCOMPARE(back.pixelColor(8, 32).alpha(), 0);
         QCOMPARE(back.pixelColor(56, 32), QColor(Qt::white));
-        QVERIFY(JPEGRepresentation(test::noise({64, 64}), 0.3).size() <
-                JPEGRepresentation(test::noise({64, 64}), 1.0).size());
+        QVERIFY(JPEGRepresentation(test::noise({64, 64}), 0.3).size() < JPEG(test::noise({64, 64})).size());
     }
 
     void contentTypeGoesByTheFirstByte()
