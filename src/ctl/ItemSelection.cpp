@@ -26,6 +26,16 @@ const QStringList& sortKeyNames()
     return kNames;
 }
 
+/// The same by the names of the browser's fields, for who knows those.
+const QStringList& sortFieldNames()
+{
+    static const QStringList kNames{
+        QStringLiteral("title"),        QStringLiteral("fileSize"),     QStringLiteral("mediaRating"),
+        QStringLiteral("width"),        QStringLiteral("height"),       QStringLiteral("dateCreated"),
+        QStringLiteral("dateModified"), QStringLiteral("dateImported"), QStringLiteral("dateLastOpened")};
+    return kNames;
+}
+
 } // namespace
 
 Result<std::vector<std::shared_ptr<store::Collections>>> collectionsOfTitle(store::StoreContext& context,
@@ -87,7 +97,7 @@ QString kindsInWords()
 
 std::optional<int> sortKeyFromText(const QString& text)
 {
-    const qsizetype number = sortKeyNames().indexOf(text);
+    const qsizetype number = std::max(sortKeyNames().indexOf(text), sortFieldNames().indexOf(text));
     return number < 0 ? std::nullopt : std::optional(static_cast<int>(number));
 }
 

@@ -24,7 +24,7 @@ collectionsOfTitle(store::StoreContext& context, const QString& title);
 [[nodiscard]] std::optional<int> kindFromText(const QString& text);
 /// All kinds as "4 Screen, 5 Phone …", for reasons of failure.
 [[nodiscard]] QString kindsInWords();
-/// The number of a sort key's name.
+/// The number of a sort key's name, as sortKeysInWords() has it or as the field of the browser is called.
 [[nodiscard]] std::optional<int> sortKeyFromText(const QString& text);
 [[nodiscard]] QString sortKeysInWords();
 

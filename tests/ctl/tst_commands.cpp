@@ -340,6 +340,7 @@ private Q_SLOTS:
                  QStringList({QStringLiteral("img9"), QStringLiteral("img10"), umlaut}));
         QCOMPARE(titlesOf("list --sort size"),
                  QStringList({umlaut, QStringLiteral("img9"), QStringLiteral("img10")}));
+        QCOMPARE(titlesOf("list --sort fileSize"), titlesOf("list --sort size"));
         QCOMPARE(titlesOf("list --sort width --descending"), titlesOf("list --sort imported"));
         QCOMPARE(titlesOf("list --collection A"), QStringList({QStringLiteral("img10"), umlaut}));
         QCOMPARE(titlesOf("list --kind 4"), words("img9"));
