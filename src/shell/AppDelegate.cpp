@@ -258,6 +258,14 @@ void AppDelegate::quitMosaro()
     QCoreApplication::exit(0);
 }
 
+void AppDelegate::endSession()
+{
+    if (m_controller) {
+        m_controller->closeAtOnce();
+    }
+    QCoreApplication::exit(0);
+}
+
 void AppDelegate::applicationWillTerminate()
 {
     if (m_controller && m_controller->isWindowVisible() && m_controller->isFullScreen()) {

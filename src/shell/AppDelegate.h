@@ -38,6 +38,8 @@ public:
     void showMRWindowWithLibrary(const QString& path);
     void showMosaro();
     void quitMosaro();
+    /// The desktop session ends: what stands is written down, and nobody is asked.
+    void endSession();
     /// A second start of the program.
     void applicationShouldHandleReopen();
     void startUserDefinedBookmarks();

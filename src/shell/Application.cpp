@@ -69,6 +69,8 @@ int Application::run()
     }
     QObject::connect(&m_instance, &platform::SingleInstance::raiseRequested, &m_delegate,
                      &AppDelegate::applicationShouldHandleReopen);
+    QObject::connect(&m_interrupts, &platform::Interrupts::interrupted, &m_delegate,
+                     &AppDelegate::endSession);
     m_delegate.start();
     const int status = QCoreApplication::exec();
     return m_snapshot ? m_snapshot->status() : status;

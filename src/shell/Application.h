@@ -2,6 +2,7 @@
 
 #include "base/Ports.h"
 #include "import/MediaClassification.h"
+#include "platform/Interrupts.h"
 #include "platform/LinuxPlatform.h"
 #include "shell/AppDelegate.h"
 #include "shell/LaunchOptions.h"
@@ -29,6 +30,7 @@ private:
     importing::MediaClassification m_classification;
     std::unique_ptr<base::Prompts> m_prompts;
     platform::SingleInstance m_instance;
+    platform::Interrupts m_interrupts;
     AppDelegate m_delegate;
     std::unique_ptr<Snapshot> m_snapshot;
 };

@@ -301,6 +301,12 @@ bool MRController::windowShouldClose()
         m_environment.prompts.beep();
         return false;
     }
+    closeAtOnce();
+    return true;
+}
+
+void MRController::closeAtOnce()
+{
     const bool wasFullScreen = m_window->isFullScreen();
     m_environment.defaults.updateUserDefaults(base::MR_WINDOW_FRAME, m_window->frameText());
     startUserDefinedBookmarks(false);
@@ -309,7 +315,6 @@ bool MRController::windowShouldClose()
     Q_EMIT closed();
     m_environment.utilities.postNotification(base::MOSARO_NOTI_CLOSE_PREFS_WINDOW);
     m_environment.defaults.updateUserDefaults(base::PREFS_GLOBAL_MAIN_WINDOW_IS_FULLSCREEN, wasFullScreen);
-    return true;
 }
 
 void MRController::closeLibrary()

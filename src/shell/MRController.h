@@ -84,6 +84,8 @@ public:
     void bringToFront();
     /// As the window's close button; refused with a beep while busy.
     void performClose();
+    /// Closes window and library whatever goes on; an import ends at the item that it has saved last.
+    void closeAtOnce();
     void toggleFullScreen();
 
     /// Pushes the sidebar's selection into the browser.

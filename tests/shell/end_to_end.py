@@ -7,6 +7,7 @@ import struct
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 import zlib
 
@@ -102,6 +103,19 @@ class EndToEnd(unittest.TestCase):
         run = self.run_program(MOSARO, "--snapshot", self.root / "no such folder" / "out.png")
         self.assertEqual(run.returncode, 1, run.stdout + run.stderr)
         self.assertIn("no such folder", run.stderr)
+
+    def test_end_of_the_session_closes_the_library(self):
+        program = subprocess.Popen([MOSARO], env=self.environment(QT_QPA_PLATFORM="offscreen"))
+        self.addCleanup(program.kill)
+        library = self.home / ".local/share/Mosaro/Mosaro.mrlibrary"
+        log = library / "Mosaro-wal"
+        deadline = time.monotonic() + 30
+        while not log.exists() and time.monotonic() < deadline:
+            time.sleep(0.05)
+        self.assertTrue(log.exists(), "the library was not opened")
+        program.terminate()
+        self.assertEqual(program.wait(timeout=30), 0)
+        self.assertFalse(log.exists(), "the store was left open")
 
     def test_wrong_usage(self):
         for arguments in (["--nonsense"], ["--import", "a.png"], []):

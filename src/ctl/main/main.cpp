@@ -1,8 +1,8 @@
 #include "base/Text.h"
 #include "base/ZNUserDefaults.h"
 #include "ctl/Ctl.h"
-#include "ctl/Interrupts.h"
 #include "import/Analysis.h"
+#include "platform/Interrupts.h"
 #include "platform/LinuxPlatform.h"
 
 #include <QCoreApplication>
@@ -24,7 +24,7 @@ int main(int argc, char** argv)
     const platform::Platform platform = platform::makeLinuxPlatform(false);
     base::ZNUserDefaults defaults;
     // Made by the first command that can be stopped in order; until then a signal ends the process at once.
-    std::unique_ptr<ctl::Interrupts> interrupts;
+    std::unique_ptr<platform::Interrupts> interrupts;
     const ctl::Environment environment{.out = out,
                                        .err = err,
                                        .defaults = defaults,
@@ -33,9 +33,9 @@ int main(int argc, char** argv)
                                        .showsProgress = ::isatty(STDERR_FILENO) == 1,
                                        .onInterrupt =
                                            [&interrupts](QObject& receiver, std::function<void()> handler) {
-                                               interrupts = std::make_unique<ctl::Interrupts>();
+                                               interrupts = std::make_unique<platform::Interrupts>();
                                                QObject::connect(interrupts.get(),
-                                                                &ctl::Interrupts::interrupted, &receiver,
+                                                                &platform::Interrupts::interrupted, &receiver,
                                                                 std::move(handler));
                                            },
                                        .analyse = nullptr};

@@ -1,4 +1,4 @@
-#include "ctl/Interrupts.h"
+#include "platform/Interrupts.h"
 
 #include <QSocketNotifier>
 #include <atomic>
@@ -8,9 +8,11 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
-namespace mosaro::ctl {
+namespace mosaro::platform {
 
 namespace {
+
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
 std::atomic<int> g_descriptor{-1};
 
@@ -38,17 +40,19 @@ Interrupts::Interrupts(QObject* parent)
         }
     });
     g_descriptor.store(m_descriptor);
-    std::signal(SIGINT, onSignal);
-    std::signal(SIGTERM, onSignal);
+    for (const int number : kSignals) {
+        std::signal(number, onSignal);
+    }
 }
 
 Interrupts::~Interrupts()
 {
-    std::signal(SIGINT, SIG_DFL);
-    std::signal(SIGTERM, SIG_DFL);
+    for (const int number : kSignals) {
+        std::signal(number, SIG_DFL);
+    }
     g_descriptor.store(-1);
     m_notifier.reset();
     ::close(m_descriptor);
 }
 
-} // namespace mosaro::ctl
+} // namespace mosaro::platform

@@ -5,9 +5,9 @@
 
 class QSocketNotifier;
 
-namespace mosaro::ctl {
+namespace mosaro::platform {
 
-/// Turns the first interrupt or termination signal of the process into an event of its own; a second one ends
+/// Turns the first interrupt, termination or hang-up signal of the process into an event of its own; a second one ends
 /// the process in the usual way. At most one object at a time.
 class Interrupts : public QObject {
     Q_OBJECT
@@ -24,4 +24,4 @@ private:
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 
-} // namespace mosaro::ctl
+} // namespace mosaro::platform
