@@ -5,7 +5,9 @@
 
 #include <QtTest>
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <csignal>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -195,6 +197,16 @@ void TestLibrary::createRefusesWhatExists()
     QVERIFY(!m_manager->createLibaryAtPath(QStringLiteral("/proc/none/L.mrlibrary")));
     QVERIFY(!m_manager->isOpenedDatabase());
     QVERIFY(!m_manager->createLibaryAtPath(QString()));
+    // A limit on the size of files stands in for a full disk: no half library stays.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit limit{};
+    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const rlimit small{10'000, limit.rlim_max};
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const QString half = at(QStringLiteral("Half.mrlibrary"));
+    const bool isCreated = m_manager->createLibaryAtPath(half);
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    QVERIFY(!isCreated && !QFileInfo::exists(half));
 }
 
 void TestLibrary::refusesToOpen_data()

@@ -7,6 +7,7 @@
 
 #include <QtTest>
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
 
 using namespace mosaro;
 using namespace mosaro::store;
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void repairRemovesOnlyLeftovers();
     void repairTrustsNoReport();
     void unreadableRecordsCondemnNoFolder();
+    void damagedIndexCondemnsNoFolder();
 };
 
 void TestPackage::paths()
@@ -333,6 +335,28 @@ void TestPackage::unreadableRecordsCondemnNoFolder()
     }
     const auto report = verifyLibrary(library.context(), library.package());
     QVERIFY(!report.isClean());
+    QVERIFY(report.foldersWithoutRecord.isEmpty());
+}
+
+void TestPackage::damagedIndexCondemnsNoFolder()
+{
+    TemporaryLibrary library;
+    writeFile(library.package().masterDirPath() + QStringLiteral("/2020/1/2/A.mritem/Preivew/preview.png"),
+              "x");
+    {
+        // A wrong order of titles stands in for a damaged index: the pages are sound, what they say is not.
+        SQLite::Database other(library.package().dbPath().toStdString(), SQLite::OPEN_READWRITE, 3000);
+        sqlite3_create_collation(other.getHandle(), "FINDER", SQLITE_UTF8, nullptr,
+                                 [](void*, int, const void* a, int, const void* b) {
+                                     return int(*static_cast<const char*>(b)) - *static_cast<const char*>(a);
+                                 });
+        for (const char* title : {"a", "b", "c", "d"})
+            other.exec(std::string("INSERT INTO Media (mediaID, mediaTitle) VALUES ('") + title + "', '" +
+                       title + "')");
+    }
+    const auto report = verifyLibrary(library.context(), library.package());
+    QVERIFY(!report.isClean() && !report.isComplete);
+    QVERIFY(!report.storeDamage.isEmpty());
     QVERIFY(report.foldersWithoutRecord.isEmpty());
 }
 
