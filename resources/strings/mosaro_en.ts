@@ -123,6 +123,10 @@
     <source></source>
     <translation>Create Library…</translation>
   </message>
+  <message id="Basic.Delete.Media">
+    <source></source>
+    <translation>Removing files: %1 %</translation>
+  </message>
   <message id="Basic.Drop.Images">
     <source></source>
     <translation>Drop pictures or folders here</translation>
@@ -1053,7 +1057,7 @@
   </message>
   <message id="Hint.Ctl.Verify">
     <source></source>
-    <translation>Compare the records with the files</translation>
+    <translation>Check the data file, and compare the records with the files</translation>
   </message>
   <message id="Hint.Ctl.Verify.Clean">
     <source></source>
@@ -1298,6 +1302,18 @@
   <message id="Message.Permmision">
     <source></source>
     <translation>Check that the disk has room and that you may write to this folder.</translation>
+  </message>
+  <message id="Message.Remove.Completed">
+    <source></source>
+    <translation>Files removed</translation>
+  </message>
+  <message id="Message.Remove.Completed.Item">
+    <source></source>
+    <translation>%1 item removed</translation>
+  </message>
+  <message id="Message.Remove.Completed.Items">
+    <source></source>
+    <translation>%1 items removed</translation>
   </message>
   <message id="Message.Snapshot.Count">
     <source></source>
