@@ -28,9 +28,7 @@ void nameApplication(QCoreApplication& application)
     QGuiApplication::setDesktopFileName(QStringLiteral("org.mosaro.Mosaro"));
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int start(int argc, char** argv)
 {
     const bool windowPossible = hasDisplay() || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
     shell::LaunchOptions options;
@@ -56,4 +54,16 @@ int main(int argc, char** argv)
     kit::installLook(application);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/org.mosaro.Mosaro.svg")));
     return shell::Application(platform::makeLinuxPlatform(true), std::move(options)).run();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return start(argc, argv);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "mosaro: %s\n", error.what());
+        return 1;
+    }
 }
