@@ -10,6 +10,8 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <cstdio>
+#include <exception>
 
 namespace {
 
