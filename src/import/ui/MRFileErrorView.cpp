@@ -21,7 +21,7 @@ namespace mosaro::importing {
 
 namespace {
 
-constexpr QSize kWindowSize{560, 400};
+constexpr QSize kWindowSize{760, 440};
 
 QPointer<MRFileErrorView>& instance()
 {
