@@ -11,9 +11,15 @@ namespace {
 
 constexpr qreal kBarThickness = 5;
 
+void drawMenuBarGround(const QRect& rect, QPainter& painter)
+{
+    painter.fillRect(rect, color::menu);
+    paint::horizontalHairline(painter, rect.left(), rect.right() + 1, rect.bottom(), color::line);
+}
+
 void drawMenuBarItem(const QStyleOptionMenuItem& item, QPainter& painter, const QStyle& style)
 {
-    painter.fillRect(item.rect, color::menu);
+    drawMenuBarGround(item.rect, painter);
     const bool open = item.state.testFlag(QStyle::State_Selected);
     if (open) {
         paint::panel(painter, QRectF(item.rect).adjusted(1, 3, -1, -3), color::raisedStrong, {},
@@ -150,7 +156,7 @@ bool MosaroStyle::drawMenuElement(ControlElement element, const QStyleOption& op
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(&option);
     switch (element) {
     case CE_MenuBarEmptyArea:
-        painter.fillRect(option.rect, color::menu);
+        drawMenuBarGround(option.rect, painter);
         return true;
     case CE_MenuEmptyArea:
     case CE_MenuHMargin:
