@@ -57,8 +57,6 @@ QPalette darkPalette()
     const QColor faded = paint::mixed(color::window, color::text, kDisabledStrength);
     palette.setColor(QPalette::Disabled, QPalette::Text, faded);
     palette.setColor(QPalette::Disabled, QPalette::HighlightedText, faded);
-    palette.setColor(QPalette::Disabled, QPalette::Link,
-                     paint::mixed(color::window, color::blue, kDisabledStrength));
     palette.setColor(QPalette::Disabled, QPalette::PlaceholderText,
                      paint::mixed(color::window, color::text3, kDisabledStrength));
     return palette;
