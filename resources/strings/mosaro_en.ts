@@ -993,7 +993,7 @@
   </message>
   <message id="Hint.Ctl.Imported">
     <source></source>
-    <translation>Imported %1 files into “%2”</translation>
+    <translation>Files imported into “%2”: %1</translation>
   </message>
   <message id="Hint.Ctl.Json">
     <source></source>

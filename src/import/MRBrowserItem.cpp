@@ -1,6 +1,7 @@
 #include "import/MRBrowserItem.h"
 
 #include "import/BrowserTables.h"
+#include "import/FileCopy.h"
 #include "store/LibraryPackage.h"
 #include "store/MediaSet.h"
 
@@ -85,8 +86,9 @@ QString MRBrowserItem::fullSizePreviewPath() const
     if (suffix.isEmpty()) {
         return {};
     }
-    return itemFolderPath() + u'/' + QLatin1String(store::kOriginalsDir) + u'/' +
-           QFileInfo(mediaPath()).completeBaseName() + suffix;
+    // The name of a reference may be longer than its side file's can be.
+    const QString stem = QFileInfo(storedFileName(mediaFilename())).completeBaseName();
+    return itemFolderPath() + u'/' + QLatin1String(store::kOriginalsDir) + u'/' + stem + suffix;
 }
 
 QString MRBrowserItem::mediaReadablePath() const

@@ -5,6 +5,7 @@
 #include "organisation/ImportSession.h"
 #include "support/TemporaryLibrary.h"
 
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -74,6 +75,7 @@ private:
         LoggingNotifier notifier{log};
         QObject observer;
         bool copies = true;
+        std::function<importing::AnalysisResult(const importing::AnalysisRequest&)> analyse = fakeAnalysis;
         std::unique_ptr<ImportSession> session;
         std::shared_ptr<store::Collections> collection;
         QVariantList busPayloads;
@@ -94,7 +96,8 @@ private:
             collection = library.addCollection(QStringLiteral("Target"));
             session = std::make_unique<ImportSession>(organisation::ImportSessionEnvironment{
                 library.manager(), library.defaults(), utilities, library.prompts(), platform, classification,
-                [this] { return copies; }, [this] { log.append(QStringLiteral("activate")); }, fakeAnalysis});
+                [this] { return copies; }, [this] { log.append(QStringLiteral("activate")); },
+                [this](const importing::AnalysisRequest& request) { return analyse(request); }});
             connect(session.get(), &ImportSession::sheetShouldBegin, &observer,
                     [this] { log.append(QStringLiteral("sheet up")); });
             connect(session.get(), &ImportSession::sheetShouldEnd, &observer, [this] {
@@ -232,18 +235,31 @@ private Q_SLOTS:
         QVERIFY(!world.session->addMediaItem(world.files({QStringLiteral("c.png")}), world.collection, true));
     }
 
-    void stopEndsTheRun()
+    void stopCountsTheItemAtWhichItIsSeen()
     {
         World world;
         QStringList names;
-        for (int i = 0; i < 40; ++i) {
-            names.append(QStringLiteral("f%1.png").arg(i));
+        for (int number = 1; number <= 10; ++number) {
+            names.append(QStringLiteral("f%1.png").arg(number));
         }
-        connect(world.session.get(), &ImportSession::walkStarted, world.session.get(),
-                &ImportSession::requestStop);
+        QSemaphore gate;
+        world.analyse = [&](const importing::AnalysisRequest& request) {
+            const QString name = QFileInfo(request.path).fileName();
+            if (name != names[0] && name != names[1]) {
+                gate.acquire();
+            }
+            return fakeAnalysis(request);
+        };
+        connect(world.session.get(), &ImportSession::progressed, world.session.get(),
+                [&](const importing::ImportProgress& progress) {
+                    if (progress.index == 2) {
+                        world.session->requestStop();
+                        gate.release(int(names.size()));
+                    }
+                });
         world.run(world.files(names));
-        QCOMPARE(world.collection->mediaCount(), 0);
-        QVERIFY(world.log.contains(completed("Message.Import.Completed.Item", 1)));
+        QCOMPARE(world.collection->mediaCount(), 2);
+        QVERIFY(world.log.contains(completed("Message.Import.Completed.Items", 3)));
         QVERIFY(world.log.contains(QStringLiteral("sheet down")));
     }
 };
