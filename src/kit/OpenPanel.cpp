@@ -162,6 +162,9 @@ QStringList OpenPanel::chosenPaths() const
 void OpenPanel::accept()
 {
     m_package.clear();
+    if (takesFolderOnShow() && !takeButton()->hasFocus()) {
+        return; // A stray Return must not bring in a whole folder.
+    }
     if (showsSelection() || takesFolderOnShow()) {
         done(QDialog::Accepted); // Without the toolkit's own look at the names.
     } else {

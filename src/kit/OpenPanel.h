@@ -9,8 +9,8 @@ class QPushButton;
 namespace mosaro::kit {
 
 /// Asks for what is to be opened. Where files and folders can be chosen together, a folder that is selected
-/// is taken with the button, and entered with a double click or Return; with nothing selected the button
-/// takes the folder on show. A double click takes a package.
+/// is taken with the button, and entered with a double click or Return; with nothing selected the button,
+/// but not Return elsewhere, takes the folder on show. A double click takes a package.
 class OpenPanel : public FilePanel {
     Q_OBJECT
 
