@@ -14,6 +14,7 @@
 using namespace mosaro;
 using namespace mosaro::store;
 using namespace mosaro::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -37,7 +38,7 @@ QMap<QString, QByteArray> snapshot(const QString& path)
                       QDirIterator::Subdirectories);
     while (walk.hasNext()) {
         const QString entry = walk.next();
-        files.insert(entry, QFileInfo(entry).isDir() ? QByteArray("folder") : contents(entry));
+        files.insert(entry, QFileInfo(entry).isDir() ? "folder"_ba : contents(entry));
     }
     return files;
 }
@@ -87,22 +88,352 @@ class TestLibrary : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { base::installTexts(); }
-    void init();
-    void newPackageHasExactlyItsEntries();
-    void opensTheRememberedLibraryOrADefaultOne();
-    void toolsDoNotChangeTheRememberedLibrary();
-    void createRefusesWhatExists();
-    void refusesToOpen_data();
-    void refusesToOpen();
-    void missingStateRecordIsMadeAnew();
-    void unknownStateKeysSurvive();
-    void stateIsWrittenAtCloseOnly();
-    void heldByAnotherProcess();
-    void killedProcessLosesNothingSaved();
-    void panels();
-    void createReplacesOnlyWhatWasConfirmed();
-    void scratchFolders();
-    void saveChangesTellsTheReason();
+
+    void init()
+    {
+        m_manager.reset();
+        m_defaults.reset();
+        m_root = std::make_unique<QTemporaryDir>();
+        m_bookmarks = {};
+        m_prompts = {};
+        m_defaults = std::make_unique<base::ZNUserDefaults>(at(u"preferences.ini"_s));
+        m_manager = std::make_unique<ZNDBManager>();
+        m_manager->setUp(*m_defaults, m_bookmarks, at(u"support"_s));
+        m_manager->setPrompts(&m_prompts);
+    }
+
+    void newPackageHasExactlyItsEntries()
+    {
+        const QString path = at(u"New.mrlibrary"_s);
+        QVERIFY(!m_manager->isOpenedDatabase());
+        QVERIFY2(m_manager->createLibaryAtPath(path), qPrintable(m_manager->lastError()));
+        QVERIFY(m_manager->isOpenedDatabase());
+        QVERIFY(m_manager->lastError().isEmpty());
+        QCOMPARE(m_manager->libraryDirPath(), path);
+        QCOMPARE(m_manager->masterDirPath(), path + u"/Masters"_s);
+        QVERIFY(m_manager->package().versionRecord().value(u"Copy items to library"_s).toBool());
+        QCOMPARE(m_manager->package().versionRecord().value(u"Version"_s).toString(),
+                 base::ZNUserDefaults::applicationVersion());
+        m_manager->closeDatabase();
+        QVERIFY(!m_manager->isOpenedDatabase());
+        QVERIFY(m_manager->libraryDirPath().isEmpty() && m_manager->masterDirPath().isEmpty());
+        QCOMPARE(entries(path),
+                 (QStringList{u"MRLib.data"_s, u"Masters"_s, u"Mosaro"_s, u"Mosaro Library.plist"_s}));
+        QVERIFY(contents(path + u"/MRLib.data"_s).startsWith("<?xml"));
+    }
+
+    void opensTheRememberedLibraryOrADefaultOne()
+    {
+        const QString support = at(u"support/Mosaro"_s);
+        QVERIFY(m_manager->openDatabase());
+        QCOMPARE(m_manager->libraryDirPath(), support + u"/Mosaro.mrlibrary"_s);
+        const QString own = at(u"Own.mrlibrary"_s);
+        m_manager->closeDatabase();
+        QVERIFY(m_manager->createLibaryAtPath(own));
+        QVERIFY(m_manager->openDatabase());
+        QCOMPARE(m_manager->libraryDirPath(), own);
+        m_manager->closeDatabase();
+        QVERIFY(QDir(own).removeRecursively());
+        // Gone, and the default name is taken: the next free one, which is then the remembered one.
+        for (int start = 0; start < 2; ++start) {
+            QVERIFY(m_manager->openDatabase());
+            QCOMPARE(m_manager->libraryDirPath(), support + u"/Mosaro (2).mrlibrary"_s);
+        }
+        QVERIFY(m_manager->openDatabaseAtPath(support + u"/Mosaro.mrlibrary"_s));
+        QVERIFY(m_manager->openDatabaseAtPath(support + u"/Mosaro.mrlibrary"_s)); // Again, while open.
+        QVERIFY(!m_manager->openDatabaseAtPath(own));
+        QVERIFY(!m_manager->openDatabaseAtPath(QString()));
+        QVERIFY(!m_manager->lastError().isEmpty());
+    }
+
+    void toolsDoNotChangeTheRememberedLibrary()
+    {
+        const QString first = at(u"First.mrlibrary"_s);
+        QVERIFY(m_manager->createLibaryAtPath(first));
+        const QByteArray remembered = m_defaults->data(base::MOSARO_LIBRARY_LOCATION);
+        m_manager->setRemembersLibrary(false);
+        QVERIFY(m_manager->createLibaryAtPath(at(u"Second.mrlibrary"_s)));
+        QCOMPARE(m_defaults->data(base::MOSARO_LIBRARY_LOCATION), remembered);
+        m_bookmarks.refused = {first};
+        QVERIFY(!m_manager->validateDatabaseAtURL(first));
+        QVERIFY(!m_manager->isOpenedDatabase());
+    }
+
+    void createRefusesWhatExists()
+    {
+        const QString path = at(u"A.mrlibrary"_s);
+        QVERIFY(m_manager->createLibaryAtPath(path));
+        m_manager->closeDatabase();
+        QVERIFY(!m_manager->createLibaryAtPath(path));
+        QVERIFY(!m_manager->lastError().isEmpty());
+        QVERIFY(m_manager->isOpenedDatabase()); // Which the caller closes.
+        writeFile(at(u"file"_s), "x");
+        QVERIFY(!m_manager->createLibaryAtPath(at(u"file/below.mrlibrary"_s)));
+        QVERIFY(!m_manager->createLibaryAtPath(u"/proc/none/L.mrlibrary"_s));
+        QVERIFY(!m_manager->isOpenedDatabase());
+        QVERIFY(!m_manager->createLibaryAtPath(QString()));
+        // A limit on the size of files stands in for a full disk: no half library stays.
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{};
+        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+        const rlimit small{10'000, limit.rlim_max};
+        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
+        const QString half = at(u"Half.mrlibrary"_s);
+        const bool isCreated = m_manager->createLibaryAtPath(half);
+        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+        QVERIFY(!isCreated && !QFileInfo::exists(half));
+    }
+
+    void refusesToOpen_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<bool>("inLibrary");
+        const auto row = [](const char* name, const char* file, QByteArray bytes, bool inLibrary = true) {
+            QTest::newRow(name) << QString::fromLatin1(file) << std::move(bytes) << inLibrary;
+        };
+        row("a store of another program", "Mosaro", "SQLite format");
+        row("a text as store", "Mosaro", QByteArray(4096, 'x'));
+        row("a truncated store", "Mosaro", "truncate");
+        row("a store with broken pages", "Mosaro", "break");
+        row("a store with one broken page, the last", "Mosaro", "break the end");
+        row("a newer store", "Mosaro", "newer");
+        row("an emptied store, items there", "Mosaro", "");
+        row("no store, items there", "Mosaro", "remove");
+        row("an unreadable state record", "Mosaro Library.plist", "<plist><dict><key>");
+        row("an empty state record", "Mosaro Library.plist", "<plist version=\"1.0\"><dict/></plist>");
+        row("a state record that is a list", "Mosaro Library.plist",
+            "<plist version=\"1.0\"><array/></plist>");
+        row("a folder of pictures", "holiday.jpg", "jpeg", false);
+        row("a file as Masters", "Masters", "file");
+    }
+    void refusesToOpen()
+    {
+        QFETCH(QString, file);
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, inLibrary);
+        const QString path = at(u"L.mrlibrary"_s);
+        const QString target = path + u'/' + file;
+        if (inLibrary) {
+            QVERIFY(m_manager->createLibaryAtPath(path));
+            auto collection = m_manager->context()->insert<Collections>();
+            collection->setTitle(u"kept"_s);
+            QVERIFY(m_manager->saveChanges());
+            m_manager->closeDatabase();
+            writeFile(path + u"/Masters/2024/1/2/X.mritem/Preivew/preview.png"_s, "png");
+            m_defaults->remove(base::MOSARO_LIBRARY_LOCATION);
+        }
+        const bool isFoundLast = bytes == "break the end";
+        QByteArray now = contents(target);
+        if (file == "Masters"_L1) {
+            QVERIFY(QDir(target).removeRecursively());
+        } else if (bytes == "SQLite format") {
+            QVERIFY(QFile::remove(target));
+            SQLite::Database other(target.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+            other.exec("CREATE TABLE history (id)");
+        } else if (bytes == "newer") {
+            SQLite::Database store(target.toStdString(), SQLite::OPEN_READWRITE);
+            store.exec("PRAGMA user_version = 99");
+        }
+        if (bytes == "truncate")
+            bytes = now.left(now.size() / 3);
+        else if (bytes == "break")
+            bytes = now.left(100) + QByteArray(now.size() - 100, '\x7f');
+        else if (bytes == "break the end")
+            bytes = now.left(now.size() - 4096) + QByteArray(4096, '\x7f');
+        if (bytes == "remove")
+            QVERIFY(QFile::remove(target));
+        else if (bytes != "newer" && bytes != "SQLite format")
+            writeFile(target, bytes);
+
+        const auto before = snapshot(path);
+        QVERIFY(!m_manager->validateDatabaseAtURL(path));
+        QVERIFY(!m_manager->isOpenedDatabase());
+        QVERIFY(m_manager->context() == nullptr);
+        QVERIFY2(m_manager->lastError().contains(u' '), qPrintable(m_manager->lastError()));
+        m_manager->closeDatabase();
+        QCOMPARE(snapshot(path), before);
+        // Only what is found out at the very end comes after the library has become the remembered one.
+        QCOMPARE(m_defaults->data(base::MOSARO_LIBRARY_LOCATION).isEmpty(), !isFoundLast);
+    }
+
+    void missingStateRecordIsMadeAnew()
+    {
+        const QString path = at(u"L.mrlibrary"_s);
+        QVERIFY(m_manager->createLibaryAtPath(path));
+        m_manager->closeDatabase();
+        QVERIFY(QFile::remove(path + u"/Mosaro Library.plist"_s));
+        QVERIFY(QDir(path + u"/Masters"_s).removeRecursively());
+        QVERIFY(m_manager->validateDatabaseAtURL(path));
+        QCOMPARE(m_manager->state().exportPresets().size(), 7);
+        QVERIFY(QFileInfo(m_manager->masterDirPath()).isDir());
+    }
+
+    void unknownStateKeysSurvive()
+    {
+        const QString path = at(u"L.mrlibrary"_s);
+        QVERIFY(m_manager->createLibaryAtPath(path));
+        m_manager->closeDatabase();
+        // As a keyed archive of a record looks when it is read as a plain list: none of the known keys.
+        const QVariantMap strange{{u"$archiver"_s, u"NSKeyedArchiver"_s},
+                                  {u"$version"_s, 100000},
+                                  {u"$objects"_s, QVariantList{u"$null"_s}},
+                                  {u"$top"_s, QVariantMap{{u"root"_s, QVariantMap{{u"CF$UID"_s, 1}}}}}};
+        const QString record = path + u"/Mosaro Library.plist"_s;
+        QVERIFY(base::writePropertyListFile(record, strange, base::PropertyListFormat::Binary).ok());
+        QVERIFY(m_manager->validateDatabaseAtURL(path));
+        QCOMPARE(m_manager->state().systemCollections(), LibraryState::defaultSystemCollections());
+        m_manager->state().addExpandedCollection(u"e"_s);
+        m_manager->closeDatabase();
+        const QVariantMap written = base::readPropertyListFile(record).value().toMap();
+        for (auto entry = strange.begin(); entry != strange.end(); ++entry)
+            QVERIFY2(written.contains(entry.key()), qPrintable(entry.key()));
+        QCOMPARE(written.value(u"$objects"_s).toList().size(), 1);
+        QVERIFY(contents(record).startsWith("bplist00"));
+        QVERIFY(m_manager->validateDatabaseAtURL(path));
+        QCOMPARE(m_manager->state().expandedCollections(), QStringList{u"e"_s});
+    }
+
+    void stateIsWrittenAtCloseOnly()
+    {
+        const QString path = at(u"L.mrlibrary"_s);
+        QVERIFY(m_manager->createLibaryAtPath(path));
+        const QString record = path + u"/Mosaro Library.plist"_s;
+        const QByteArray before = contents(record);
+        m_manager->state().addLastSelectedTag(u"t"_s);
+        QVERIFY(m_manager->saveChanges());
+        QCOMPARE(contents(record), before);
+        m_manager->closeDatabase();
+        QVERIFY(contents(record) != before);
+    }
+
+    void heldByAnotherProcess()
+    {
+        const QString path = at(u"L.mrlibrary"_s);
+        QVERIFY(m_manager->createLibaryAtPath(path));
+        {
+            ZNDBManager other;
+            other.setUp(*m_defaults, m_bookmarks, at(u"support"_s));
+            QVERIFY(!other.validateDatabaseAtURL(path));
+            QVERIFY(other.lastError().contains(QString::number(::getpid())));
+            QVERIFY(m_manager->isOpenedDatabase());
+        }
+        m_manager->closeDatabase();
+        const auto before = snapshot(path);
+        Holder holder(path);
+        QVERIFY(holder.holds());
+        QVERIFY(!m_manager->validateDatabaseAtURL(path));
+        const QString reason = m_manager->lastError();
+        QVERIFY2(reason.contains(QString::number(holder.process())) && reason.contains(u"tst_library"_s),
+                 qPrintable(reason));
+        QCOMPARE(snapshot(path), before);
+        m_prompts.saveAnswers = {path};
+        QVERIFY(!m_manager->createDatabase()); // Not deleted while another has it open.
+        QCOMPARE(snapshot(path), before);
+        holder.kill();
+        QVERIFY2(m_manager->validateDatabaseAtURL(path), qPrintable(m_manager->lastError()));
+    }
+
+    void killedProcessLosesNothingSaved()
+    {
+        const QString path = at(u"L.mrlibrary"_s);
+        QVERIFY(m_manager->createLibaryAtPath(path));
+        m_manager->closeDatabase();
+        const pid_t child = ::fork();
+        if (child == 0) {
+            ZNDBManager manager;
+            manager.setUp(*m_defaults, m_bookmarks, at(u"support"_s));
+            if (manager.validateDatabaseAtURL(path)) {
+                auto saved = manager.context()->insert<Tags>();
+                saved->setTitle(u"saved"_s);
+                if (manager.saveChanges()) {
+                    manager.context()->insert<Tags>()->setTitle(u"pending"_s);
+                    ::kill(::getpid(), SIGKILL);
+                }
+            }
+            ::_exit(1);
+        }
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        QVERIFY(WIFSIGNALED(status));
+        QVERIFY(m_manager->validateDatabaseAtURL(path));
+        const auto tags = m_manager->context()->fetch<Tags>({});
+        QCOMPARE(tags.value().size(), size_t(1));
+        QCOMPARE(tags.value().front()->title(), u"saved"_s);
+    }
+
+    void panels()
+    {
+        QVERIFY(!m_manager->chooseDatabase()); // Cancelled.
+        QVERIFY(!m_manager->createDatabase());
+        QVERIFY(m_prompts.alerts.isEmpty());
+        const QString path = at(u"sub/Chosen.mrlibrary"_s);
+        m_prompts.saveAnswers = {path};
+        QVERIFY2(m_manager->createDatabase(), qPrintable(m_manager->lastError()));
+        QCOMPARE(m_prompts.savePanels.last().name, u"Mosaro.mrlibrary"_s);
+        QCOMPARE(m_defaults->string(base::PREFS_GLOBAL_LAST_SELECTED_DIR_FOR_LIBRARY), at(u"sub"_s));
+        m_prompts.openAnswers = {QStringList{path}};
+        QVERIFY(m_manager->chooseDatabase()); // The open one again.
+        QCOMPARE(m_prompts.openPanels.last().suffixes, QStringList{u"mrlibrary"_s});
+        QCOMPARE(m_prompts.openPanels.last().directory, at(u"sub"_s));
+        QCOMPARE(m_manager->libraryDirPath(), path);
+        m_prompts.saveAnswers = {u"/proc/none/L.mrlibrary"_s};
+        QVERIFY(!m_manager->createDatabase());
+        QVERIFY(!m_manager->isOpenedDatabase());
+        QCOMPARE(m_prompts.alerts.size(), 1);
+        QVERIFY(m_prompts.alerts.first().messageText.contains(u"L.mrlibrary"_s));
+        QVERIFY(!m_manager->lastError().isEmpty());
+        m_manager->setPrompts(nullptr);
+        QVERIFY(!m_manager->chooseDatabase() && !m_manager->createDatabase());
+    }
+
+    void createReplacesOnlyWhatWasConfirmed()
+    {
+        const QString path = at(u"Old.mrlibrary"_s);
+        writeFile(path + u"/anything"_s, "old");
+        m_prompts.saveAnswers = {at(u"Old"_s)}; // The panel asked about a name without the suffix.
+        QVERIFY(!m_manager->createDatabase());
+        QCOMPARE(contents(path + u"/anything"_s), "old"_ba);
+        m_prompts.saveAnswers = {path};
+        QVERIFY(m_manager->createDatabase());
+        QVERIFY(!QFileInfo::exists(path + u"/anything"_s));
+    }
+
+    void scratchFolders()
+    {
+        const QString downloads = m_manager->downloadDirectory();
+        QCOMPARE(downloads, at(u"support/Mosaro/Downloads"_s));
+        writeFile(downloads + u"/a/b"_s, "x");
+        m_manager->clearDownloadDirectory();
+        QVERIFY(QFileInfo(downloads).isDir());
+        QVERIFY(entries(downloads).isEmpty());
+        const QString day = at(u"keep/2024/3/9"_s);
+        QVERIFY(QDir().mkpath(day));
+        QVERIFY(QDir().mkpath(at(u"keep/2024/4"_s)));
+        ZNDBManager::unusedFolderInPath(day);
+        QCOMPARE(entries(at(u"keep/2024"_s)), QStringList{u"4"_s});
+        const QString other = at(u"keep/2025/1/1"_s);
+        writeFile(other + u"/.hidden"_s, "x");
+        ZNDBManager::unusedFolderInPath(other + u'/');
+        QVERIFY(QFileInfo::exists(other));
+        QVERIFY(QFile::remove(other + u"/.hidden"_s));
+        ZNDBManager::unusedFolderInPath(other);
+        QCOMPARE(entries(at(u"keep"_s)), QStringList{u"2024"_s});
+        ZNDBManager::unusedFolderInPath(at(u"keep/none/none/none"_s));
+        QVERIFY(QFileInfo::exists(at(u"keep"_s)));
+    }
+
+    void saveChangesTellsTheReason()
+    {
+        QVERIFY(!m_manager->saveChanges());
+        QVERIFY(m_manager->createLibaryAtPath(at(u"L.mrlibrary"_s)));
+        QVERIFY(m_manager->saveChanges());
+        SQLite::Database other(m_manager->package().dbPath().toStdString(), SQLite::OPEN_READWRITE, 3000);
+        other.exec("CREATE TRIGGER refuse BEFORE INSERT ON Tags BEGIN SELECT RAISE(ABORT, 'no'); END");
+        (void)m_manager->context()->insert<Tags>();
+        QVERIFY(!m_manager->saveChanges());
+        QVERIFY(!m_manager->lastError().isEmpty());
+    }
 
 private:
     std::unique_ptr<QTemporaryDir> m_root;
@@ -112,356 +443,6 @@ private:
     std::unique_ptr<ZNDBManager> m_manager;
     [[nodiscard]] QString at(const QString& name) const { return m_root->path() + u'/' + name; }
 };
-
-void TestLibrary::init()
-{
-    m_manager.reset();
-    m_defaults.reset();
-    m_root = std::make_unique<QTemporaryDir>();
-    m_bookmarks = {};
-    m_prompts = {};
-    m_defaults = std::make_unique<base::ZNUserDefaults>(at(QStringLiteral("preferences.ini")));
-    m_manager = std::make_unique<ZNDBManager>();
-    m_manager->setUp(*m_defaults, m_bookmarks, at(QStringLiteral("support")));
-    m_manager->setPrompts(&m_prompts);
-}
-
-void TestLibrary::newPackageHasExactlyItsEntries()
-{
-    const QString path = at(QStringLiteral("New.mrlibrary"));
-    QVERIFY(!m_manager->isOpenedDatabase());
-    QVERIFY2(m_manager->createLibaryAtPath(path), qPrintable(m_manager->lastError()));
-    QVERIFY(m_manager->isOpenedDatabase());
-    QVERIFY(m_manager->lastError().isEmpty());
-    QCOMPARE(m_manager->libraryDirPath(), path);
-    QCOMPARE(m_manager->masterDirPath(), path + QStringLiteral("/Masters"));
-    QVERIFY(m_manager->package().versionRecord().value(QStringLiteral("Copy items to library")).toBool());
-    QCOMPARE(m_manager->package().versionRecord().value(QStringLiteral("Version")).toString(),
-             base::ZNUserDefaults::applicationVersion());
-    m_manager->closeDatabase();
-    QVERIFY(!m_manager->isOpenedDatabase());
-    QVERIFY(m_manager->libraryDirPath().isEmpty() && m_manager->masterDirPath().isEmpty());
-    QCOMPARE(entries(path), (QStringList{QStringLiteral("MRLib.data"), QStringLiteral("Masters"),
-                                         QStringLiteral("Mosaro"), QStringLiteral("Mosaro Library.plist")}));
-    QVERIFY(contents(path + QStringLiteral("/MRLib.data")).startsWith("<?xml"));
-}
-
-void TestLibrary::opensTheRememberedLibraryOrADefaultOne()
-{
-    const QString support = at(QStringLiteral("support/Mosaro"));
-    QVERIFY(m_manager->openDatabase());
-    QCOMPARE(m_manager->libraryDirPath(), support + QStringLiteral("/Mosaro.mrlibrary"));
-    const QString own = at(QStringLiteral("Own.mrlibrary"));
-    m_manager->closeDatabase();
-    QVERIFY(m_manager->createLibaryAtPath(own));
-    QVERIFY(m_manager->openDatabase());
-    QCOMPARE(m_manager->libraryDirPath(), own);
-    m_manager->closeDatabase();
-    QVERIFY(QDir(own).removeRecursively());
-    // Gone, and the default name is taken: the next free one, which is then the remembered one.
-    for (int start = 0; start < 2; ++start) {
-        QVERIFY(m_manager->openDatabase());
-        QCOMPARE(m_manager->libraryDirPath(), support + QStringLiteral("/Mosaro (2).mrlibrary"));
-    }
-    QVERIFY(m_manager->openDatabaseAtPath(support + QStringLiteral("/Mosaro.mrlibrary")));
-    QVERIFY(
-        m_manager->openDatabaseAtPath(support + QStringLiteral("/Mosaro.mrlibrary"))); // Again, while open.
-    QVERIFY(!m_manager->openDatabaseAtPath(own));
-    QVERIFY(!m_manager->openDatabaseAtPath(QString()));
-    QVERIFY(!m_manager->lastError().isEmpty());
-}
-
-void TestLibrary::toolsDoNotChangeTheRememberedLibrary()
-{
-    const QString first = at(QStringLiteral("First.mrlibrary"));
-    QVERIFY(m_manager->createLibaryAtPath(first));
-    const QByteArray remembered = m_defaults->data(base::MOSARO_LIBRARY_LOCATION);
-    m_manager->setRemembersLibrary(false);
-    QVERIFY(m_manager->createLibaryAtPath(at(QStringLiteral("Second.mrlibrary"))));
-    QCOMPARE(m_defaults->data(base::MOSARO_LIBRARY_LOCATION), remembered);
-    m_bookmarks.refused = {first};
-    QVERIFY(!m_manager->validateDatabaseAtURL(first));
-    QVERIFY(!m_manager->isOpenedDatabase());
-}
-
-void TestLibrary::createRefusesWhatExists()
-{
-    const QString path = at(QStringLiteral("A.mrlibrary"));
-    QVERIFY(m_manager->createLibaryAtPath(path));
-    m_manager->closeDatabase();
-    QVERIFY(!m_manager->createLibaryAtPath(path));
-    QVERIFY(!m_manager->lastError().isEmpty());
-    QVERIFY(m_manager->isOpenedDatabase()); // Which the caller closes.
-    writeFile(at(QStringLiteral("file")), "x");
-    QVERIFY(!m_manager->createLibaryAtPath(at(QStringLiteral("file/below.mrlibrary"))));
-    QVERIFY(!m_manager->createLibaryAtPath(QStringLiteral("/proc/none/L.mrlibrary")));
-    QVERIFY(!m_manager->isOpenedDatabase());
-    QVERIFY(!m_manager->createLibaryAtPath(QString()));
-    // A limit on the size of files stands in for a full disk: no half library stays.
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit{};
-    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &limit), 0);
-    const rlimit small{10'000, limit.rlim_max};
-    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
-    const QString half = at(QStringLiteral("Half.mrlibrary"));
-    const bool isCreated = m_manager->createLibaryAtPath(half);
-    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-    QVERIFY(!isCreated && !QFileInfo::exists(half));
-}
-
-void TestLibrary::refusesToOpen_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<bool>("inLibrary");
-    const auto row = [](const char* name, const char* file, QByteArray bytes, bool inLibrary = true) {
-        QTest::newRow(name) << QString::fromLatin1(file) << std::move(bytes) << inLibrary;
-    };
-    row("a store of another program", "Mosaro", "SQLite format");
-    row("a text as store", "Mosaro", QByteArray(4096, 'x'));
-    row("a truncated store", "Mosaro", "truncate");
-    row("a store with broken pages", "Mosaro", "break");
-    row("a store with one broken page, the last", "Mosaro", "break the end");
-    row("a newer store", "Mosaro", "newer");
-    row("an emptied store, items there", "Mosaro", "");
-    row("no store, items there", "Mosaro", "remove");
-    row("an unreadable state record", "Mosaro Library.plist", "<plist><dict><key>");
-    row("an empty state record", "Mosaro Library.plist", "<plist version=\"1.0\"><dict/></plist>");
-    row("a state record that is a list", "Mosaro Library.plist", "<plist version=\"1.0\"><array/></plist>");
-    row("a folder of pictures", "holiday.jpg", "jpeg", false);
-    row("a file as Masters", "Masters", "file");
-}
-
-void TestLibrary::refusesToOpen()
-{
-    QFETCH(QString, file);
-    QFETCH(QByteArray, bytes);
-    QFETCH(bool, inLibrary);
-    const QString path = at(QStringLiteral("L.mrlibrary"));
-    const QString target = path + u'/' + file;
-    if (inLibrary) {
-        QVERIFY(m_manager->createLibaryAtPath(path));
-        auto collection = m_manager->context()->insert<Collections>();
-        collection->setTitle(QStringLiteral("kept"));
-        QVERIFY(m_manager->saveChanges());
-        m_manager->closeDatabase();
-        writeFile(path + QStringLiteral("/Masters/2024/1/2/X.mritem/Preivew/preview.png"), "png");
-        m_defaults->remove(base::MOSARO_LIBRARY_LOCATION);
-    }
-    const bool isFoundLast = bytes == "break the end";
-    QByteArray now = contents(target);
-    if (file == QLatin1String("Masters")) {
-        QVERIFY(QDir(target).removeRecursively());
-    } else if (bytes == "SQLite format") {
-        QVERIFY(QFile::remove(target));
-        SQLite::Database other(target.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-        other.exec("CREATE TABLE history (id)");
-    } else if (bytes == "newer") {
-        SQLite::Database store(target.toStdString(), SQLite::OPEN_READWRITE);
-        store.exec("PRAGMA user_version = 99");
-    }
-    if (bytes == "truncate")
-        bytes = now.left(now.size() / 3);
-    else if (bytes == "break")
-        bytes = now.left(100) + QByteArray(now.size() - 100, '\x7f');
-    else if (bytes == "break the end")
-        bytes = now.left(now.size() - 4096) + QByteArray(4096, '\x7f');
-    if (bytes == "remove")
-        QVERIFY(QFile::remove(target));
-    else if (bytes != "newer" && bytes != "SQLite format")
-        writeFile(target, bytes);
-
-    const auto before = snapshot(path);
-    QVERIFY(!m_manager->validateDatabaseAtURL(path));
-    QVERIFY(!m_manager->isOpenedDatabase());
-    QVERIFY(m_manager->context() == nullptr);
-    QVERIFY2(m_manager->lastError().contains(u' '), qPrintable(m_manager->lastError()));
-    m_manager->closeDatabase();
-    QCOMPARE(snapshot(path), before);
-    // Only what is found out at the very end comes after the library has become the remembered one.
-    QCOMPARE(m_defaults->data(base::MOSARO_LIBRARY_LOCATION).isEmpty(), !isFoundLast);
-}
-
-void TestLibrary::missingStateRecordIsMadeAnew()
-{
-    const QString path = at(QStringLiteral("L.mrlibrary"));
-    QVERIFY(m_manager->createLibaryAtPath(path));
-    m_manager->closeDatabase();
-    QVERIFY(QFile::remove(path + QStringLiteral("/Mosaro Library.plist")));
-    QVERIFY(QDir(path + QStringLiteral("/Masters")).removeRecursively());
-    QVERIFY(m_manager->validateDatabaseAtURL(path));
-    QCOMPARE(m_manager->state().exportPresets().size(), 7);
-    QVERIFY(QFileInfo(m_manager->masterDirPath()).isDir());
-}
-
-void TestLibrary::unknownStateKeysSurvive()
-{
-    const QString path = at(QStringLiteral("L.mrlibrary"));
-    QVERIFY(m_manager->createLibaryAtPath(path));
-    m_manager->closeDatabase();
-    // As a keyed archive of a record looks when it is read as a plain list: none of the known keys.
-    const QVariantMap strange{
-        {QStringLiteral("$archiver"), QStringLiteral("NSKeyedArchiver")},
-        {QStringLiteral("$version"), 100000},
-        {QStringLiteral("$objects"), QVariantList{QStringLiteral("$null")}},
-        {QStringLiteral("$top"),
-         QVariantMap{{QStringLiteral("root"), QVariantMap{{QStringLiteral("CF$UID"), 1}}}}}};
-    const QString record = path + QStringLiteral("/Mosaro Library.plist");
-    QVERIFY(base::writePropertyListFile(record, strange, base::PropertyListFormat::Binary).ok());
-    QVERIFY(m_manager->validateDatabaseAtURL(path));
-    QCOMPARE(m_manager->state().systemCollections(), LibraryState::defaultSystemCollections());
-    m_manager->state().addExpandedCollection(QStringLiteral("e"));
-    m_manager->closeDatabase();
-    const QVariantMap written = base::readPropertyListFile(record).value().toMap();
-    for (auto entry = strange.begin(); entry != strange.end(); ++entry)
-        QVERIFY2(written.contains(entry.key()), qPrintable(entry.key()));
-    QCOMPARE(written.value(QStringLiteral("$objects")).toList().size(), 1);
-    QVERIFY(contents(record).startsWith("bplist00"));
-    QVERIFY(m_manager->validateDatabaseAtURL(path));
-    QCOMPARE(m_manager->state().expandedCollections(), QStringList{QStringLiteral("e")});
-}
-
-void TestLibrary::stateIsWrittenAtCloseOnly()
-{
-    const QString path = at(QStringLiteral("L.mrlibrary"));
-    QVERIFY(m_manager->createLibaryAtPath(path));
-    const QString record = path + QStringLiteral("/Mosaro Library.plist");
-    const QByteArray before = contents(record);
-    m_manager->state().addLastSelectedTag(QStringLiteral("t"));
-    QVERIFY(m_manager->saveChanges());
-    QCOMPARE(contents(record), before);
-    m_manager->closeDatabase();
-    QVERIFY(contents(record) != before);
-}
-
-void TestLibrary::heldByAnotherProcess()
-{
-    const QString path = at(QStringLiteral("L.mrlibrary"));
-    QVERIFY(m_manager->createLibaryAtPath(path));
-    {
-        ZNDBManager other;
-        other.setUp(*m_defaults, m_bookmarks, at(QStringLiteral("support")));
-        QVERIFY(!other.validateDatabaseAtURL(path));
-        QVERIFY(other.lastError().contains(QString::number(::getpid())));
-        QVERIFY(m_manager->isOpenedDatabase());
-    }
-    m_manager->closeDatabase();
-    const auto before = snapshot(path);
-    Holder holder(path);
-    QVERIFY(holder.holds());
-    QVERIFY(!m_manager->validateDatabaseAtURL(path));
-    const QString reason = m_manager->lastError();
-    QVERIFY2(reason.contains(QString::number(holder.process())) &&
-                 reason.contains(QStringLiteral("tst_library")),
-             qPrintable(reason));
-    QCOMPARE(snapshot(path), before);
-    m_prompts.saveAnswers = {path};
-    QVERIFY(!m_manager->createDatabase()); // Not deleted while another has it open.
-    QCOMPARE(snapshot(path), before);
-    holder.kill();
-    QVERIFY2(m_manager->validateDatabaseAtURL(path), qPrintable(m_manager->lastError()));
-}
-
-void TestLibrary::killedProcessLosesNothingSaved()
-{
-    const QString path = at(QStringLiteral("L.mrlibrary"));
-    QVERIFY(m_manager->createLibaryAtPath(path));
-    m_manager->closeDatabase();
-    const pid_t child = ::fork();
-    if (child == 0) {
-        ZNDBManager manager;
-        manager.setUp(*m_defaults, m_bookmarks, at(QStringLiteral("support")));
-        if (manager.validateDatabaseAtURL(path)) {
-            auto saved = manager.context()->insert<Tags>();
-            saved->setTitle(QStringLiteral("saved"));
-            if (manager.saveChanges()) {
-                manager.context()->insert<Tags>()->setTitle(QStringLiteral("pending"));
-                ::kill(::getpid(), SIGKILL);
-            }
-        }
-        ::_exit(1);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    QVERIFY(WIFSIGNALED(status));
-    QVERIFY(m_manager->validateDatabaseAtURL(path));
-    const auto tags = m_manager->context()->fetch<Tags>({});
-    QCOMPARE(tags.value().size(), size_t(1));
-    QCOMPARE(tags.value().front()->title(), QStringLiteral("saved"));
-}
-
-void TestLibrary::panels()
-{
-    QVERIFY(!m_manager->chooseDatabase()); // Cancelled.
-    QVERIFY(!m_manager->createDatabase());
-    QVERIFY(m_prompts.alerts.isEmpty());
-    const QString path = at(QStringLiteral("sub/Chosen.mrlibrary"));
-    m_prompts.saveAnswers = {path};
-    QVERIFY2(m_manager->createDatabase(), qPrintable(m_manager->lastError()));
-    QCOMPARE(m_prompts.savePanels.last().name, QStringLiteral("Mosaro.mrlibrary"));
-    QCOMPARE(m_defaults->string(base::PREFS_GLOBAL_LAST_SELECTED_DIR_FOR_LIBRARY), at(QStringLiteral("sub")));
-    m_prompts.openAnswers = {QStringList{path}};
-    QVERIFY(m_manager->chooseDatabase()); // The open one again.
-    QCOMPARE(m_prompts.openPanels.last().suffixes, QStringList{QStringLiteral("mrlibrary")});
-    QCOMPARE(m_prompts.openPanels.last().directory, at(QStringLiteral("sub")));
-    QCOMPARE(m_manager->libraryDirPath(), path);
-    m_prompts.saveAnswers = {QStringLiteral("/proc/none/L.mrlibrary")};
-    QVERIFY(!m_manager->createDatabase());
-    QVERIFY(!m_manager->isOpenedDatabase());
-    QCOMPARE(m_prompts.alerts.size(), 1);
-    QVERIFY(m_prompts.alerts.first().messageText.contains(QStringLiteral("L.mrlibrary")));
-    QVERIFY(!m_manager->lastError().isEmpty());
-    m_manager->setPrompts(nullptr);
-    QVERIFY(!m_manager->chooseDatabase() && !m_manager->createDatabase());
-}
-
-void TestLibrary::createReplacesOnlyWhatWasConfirmed()
-{
-    const QString path = at(QStringLiteral("Old.mrlibrary"));
-    writeFile(path + QStringLiteral("/anything"), "old");
-    m_prompts.saveAnswers = {at(QStringLiteral("Old"))}; // The panel asked about a name without the suffix.
-    QVERIFY(!m_manager->createDatabase());
-    QCOMPARE(contents(path + QStringLiteral("/anything")), QByteArray("old"));
-    m_prompts.saveAnswers = {path};
-    QVERIFY(m_manager->createDatabase());
-    QVERIFY(!QFileInfo::exists(path + QStringLiteral("/anything")));
-}
-
-void TestLibrary::scratchFolders()
-{
-    const QString downloads = m_manager->downloadDirectory();
-    QCOMPARE(downloads, at(QStringLiteral("support/Mosaro/Downloads")));
-    writeFile(downloads + QStringLiteral("/a/b"), "x");
-    m_manager->clearDownloadDirectory();
-    QVERIFY(QFileInfo(downloads).isDir());
-    QVERIFY(entries(downloads).isEmpty());
-    const QString day = at(QStringLiteral("keep/2024/3/9"));
-    QVERIFY(QDir().mkpath(day));
-    QVERIFY(QDir().mkpath(at(QStringLiteral("keep/2024/4"))));
-    ZNDBManager::unusedFolderInPath(day);
-    QCOMPARE(entries(at(QStringLiteral("keep/2024"))), QStringList{QStringLiteral("4")});
-    const QString other = at(QStringLiteral("keep/2025/1/1"));
-    writeFile(other + QStringLiteral("/.hidden"), "x");
-    ZNDBManager::unusedFolderInPath(other + u'/');
-    QVERIFY(QFileInfo::exists(other));
-    QVERIFY(QFile::remove(other + QStringLiteral("/.hidden")));
-    ZNDBManager::unusedFolderInPath(other);
-    QCOMPARE(entries(at(QStringLiteral("keep"))), QStringList{QStringLiteral("2024")});
-    ZNDBManager::unusedFolderInPath(at(QStringLiteral("keep/none/none/none")));
-    QVERIFY(QFileInfo::exists(at(QStringLiteral("keep"))));
-}
-
-void TestLibrary::saveChangesTellsTheReason()
-{
-    QVERIFY(!m_manager->saveChanges());
-    QVERIFY(m_manager->createLibaryAtPath(at(QStringLiteral("L.mrlibrary"))));
-    QVERIFY(m_manager->saveChanges());
-    SQLite::Database other(m_manager->package().dbPath().toStdString(), SQLite::OPEN_READWRITE, 3000);
-    other.exec("CREATE TRIGGER refuse BEFORE INSERT ON Tags BEGIN SELECT RAISE(ABORT, 'no'); END");
-    (void)m_manager->context()->insert<Tags>();
-    QVERIFY(!m_manager->saveChanges());
-    QVERIFY(!m_manager->lastError().isEmpty());
-}
 
 QTEST_GUILESS_MAIN(TestLibrary)
 #include "tst_library.moc"

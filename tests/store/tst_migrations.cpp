@@ -8,6 +8,7 @@
 using namespace mosaro;
 using namespace mosaro::store;
 using namespace mosaro::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,140 +24,133 @@ class TestMigrations : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void tablesHaveTheAttributesOfTheirEntities();
-    void runsOnlyTheMissingSteps();
-    void failedStepLeavesTheFile();
-    void newerSchemaIsRefusedUntouched();
-    void compactsWhenMuchIsFree();
-    void anotherCollationBuildsItsIndexesAnew();
-};
-
-void TestMigrations::tablesHaveTheAttributesOfTheirEntities()
-{
-    QTemporaryDir folder;
-    auto file = StoreFile::open(folder.filePath(QStringLiteral("Mosaro")));
-    QVERIFY(file.ok());
-    for (const EntityInfo* entity : allEntities()) {
-        QStringList expected{QStringLiteral("id")};
-        for (const AttributeInfo& attribute : entity->attributes)
-            expected.append(attribute.name);
-        QStringList columns;
-        auto rows = file.value()->statement(QByteArray("SELECT name FROM pragma_table_info('") +
-                                            entity->name.data() + "')");
-        while (rows->executeStep())
-            columns.append(QString::fromStdString(rows->getColumn(0).getString()));
-        QCOMPARE(columns, expected);
-    }
-    QCOMPARE(file.value()->number("PRAGMA user_version"), currentMigrations().back().number);
-    QCOMPARE(file.value()->number("PRAGMA foreign_keys"), 1);
-    QCOMPARE(file.value()->number("SELECT count(*) FROM pragma_foreign_key_list('ColorList')"), 2);
-}
-
-void TestMigrations::runsOnlyTheMissingSteps()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Mosaro"));
-    auto file = StoreFile::open(path);
-    QVERIFY(file.ok());
-    QList<int> ran;
-    std::vector<Migration> steps = currentMigrations();
-    const int next = steps.back().number + 1;
-    for (int number = next; number < next + 2; ++number)
-        steps.push_back({number, [&ran, number](SQLite::Database&) { ran.append(number); }});
-    QVERIFY(migrate(file.value()->database(), path, steps).ok());
-    QVERIFY(migrate(file.value()->database(), path, steps).ok());
-    QCOMPARE(ran, (QList<int>{next, next + 1}));
-    QCOMPARE(file.value()->number("PRAGMA user_version"), next + 1);
-}
-
-void TestMigrations::failedStepLeavesTheFile()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Mosaro"));
-    (void)StoreFile::open(path);
-    const QByteArray before = contents(path);
-    QVERIFY(!before.isEmpty());
+    void tablesHaveTheAttributesOfTheirEntities()
     {
+        QTemporaryDir folder;
+        auto file = StoreFile::open(folder.filePath(u"Mosaro"_s));
+        QVERIFY(file.ok());
+        for (const EntityInfo* entity : allEntities()) {
+            QStringList expected{u"id"_s};
+            for (const AttributeInfo& attribute : entity->attributes)
+                expected.append(attribute.name);
+            QStringList columns;
+            auto rows = file.value()->statement("SELECT name FROM pragma_table_info('"_ba +
+                                                entity->name.data() + "')");
+            while (rows->executeStep())
+                columns.append(QString::fromStdString(rows->getColumn(0).getString()));
+            QCOMPARE(columns, expected);
+        }
+        QCOMPARE(file.value()->number("PRAGMA user_version"), currentMigrations().back().number);
+        QCOMPARE(file.value()->number("PRAGMA foreign_keys"), 1);
+        QCOMPARE(file.value()->number("SELECT count(*) FROM pragma_foreign_key_list('ColorList')"), 2);
+    }
+
+    void runsOnlyTheMissingSteps()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(u"Mosaro"_s);
         auto file = StoreFile::open(path);
         QVERIFY(file.ok());
+        QList<int> ran;
         std::vector<Migration> steps = currentMigrations();
-        steps.push_back({steps.back().number + 1, [](SQLite::Database& database) {
-                             database.exec("ALTER TABLE Media ADD COLUMN extra TEXT");
-                             database.exec("DELETE FROM StoreInformation");
-                             database.exec("DROP TABLE ColorList");
-                             database.exec("INSERT INTO NoSuchTable VALUES (1)");
-                         }});
-        const auto migrated = migrate(file.value()->database(), path, steps);
-        QVERIFY(!migrated.ok());
-        QVERIFY(!migrated.reason().isEmpty());
-        QVERIFY(!file.value()->information(QStringLiteral("storeID")).isEmpty());
-        QCOMPARE(file.value()->number("PRAGMA user_version"), currentMigrations().back().number);
+        const int next = steps.back().number + 1;
+        for (int number = next; number < next + 2; ++number)
+            steps.push_back({number, [&ran, number](SQLite::Database&) { ran.append(number); }});
+        QVERIFY(migrate(file.value()->database(), path, steps).ok());
+        QVERIFY(migrate(file.value()->database(), path, steps).ok());
+        QCOMPARE(ran, (QList<int>{next, next + 1}));
+        QCOMPARE(file.value()->number("PRAGMA user_version"), next + 1);
     }
-    QCOMPARE(contents(path), before);
-    QVERIFY(StoreContext::open(path).ok());
-}
 
-void TestMigrations::newerSchemaIsRefusedUntouched()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Mosaro"));
+    void failedStepLeavesTheFile()
     {
-        auto file = StoreFile::open(path);
-        file.value()->database().exec(
-            "PRAGMA user_version = 1000; CREATE TABLE Future (x); PRAGMA journal_mode = DELETE");
-    }
-    const QByteArray before = contents(path);
-    const auto opened = StoreContext::open(path);
-    QVERIFY(!opened.ok());
-    QVERIFY(opened.reason().contains(QStringLiteral("Newer")) ||
-            opened.reason().contains(QStringLiteral("newer")));
-    QCOMPARE(contents(path), before);
-}
-
-void TestMigrations::compactsWhenMuchIsFree()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Mosaro"));
-    QString storeID;
-    {
-        auto context = StoreContext::open(path);
-        storeID = context.value()->storeID();
-        std::vector<std::shared_ptr<Media>> items;
-        for (int i = 0; i < 300; ++i) {
-            items.push_back(context.value()->insert<Media>());
-            items.back()->setMediaID(freshID());
-            items.back()->setMediaNotes(QString(10000, u'n'));
+        QTemporaryDir folder;
+        const QString path = folder.filePath(u"Mosaro"_s);
+        (void)StoreFile::open(path);
+        const QByteArray before = contents(path);
+        QVERIFY(!before.isEmpty());
+        {
+            auto file = StoreFile::open(path);
+            QVERIFY(file.ok());
+            std::vector<Migration> steps = currentMigrations();
+            steps.push_back({steps.back().number + 1, [](SQLite::Database& database) {
+                                 database.exec("ALTER TABLE Media ADD COLUMN extra TEXT");
+                                 database.exec("DELETE FROM StoreInformation");
+                                 database.exec("DROP TABLE ColorList");
+                                 database.exec("INSERT INTO NoSuchTable VALUES (1)");
+                             }});
+            const auto migrated = migrate(file.value()->database(), path, steps);
+            QVERIFY(!migrated.ok());
+            QVERIFY(!migrated.reason().isEmpty());
+            QVERIFY(!file.value()->information(u"storeID"_s).isEmpty());
+            QCOMPARE(file.value()->number("PRAGMA user_version"), currentMigrations().back().number);
         }
-        QVERIFY(context.value()->save().ok());
-        for (size_t i = 1; i < items.size(); ++i)
-            context.value()->remove(*items[i]);
-        QVERIFY(context.value()->save().ok());
+        QCOMPARE(contents(path), before);
+        QVERIFY(StoreContext::open(path).ok());
     }
-    const qint64 before = QFileInfo(path).size();
-    const auto context = StoreContext::open(path);
-    QVERIFY(context.ok());
-    QVERIFY2(QFileInfo(path).size() < before / 4, qPrintable(QString::number(QFileInfo(path).size())));
-    QCOMPARE(context.value()->storeID(), storeID);
-    QCOMPARE(context.value()->count(Media::info(), Predicate::all()).value(), 1);
-}
 
-void TestMigrations::anotherCollationBuildsItsIndexesAnew()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Mosaro"));
-    const QString key = QStringLiteral("collationVersion");
-    QString current;
+    void newerSchemaIsRefusedUntouched()
     {
-        auto file = StoreFile::open(path);
-        current = file.value()->information(key);
-        file.value()->setInformation(key, QStringLiteral("1.0"));
+        QTemporaryDir folder;
+        const QString path = folder.filePath(u"Mosaro"_s);
+        {
+            auto file = StoreFile::open(path);
+            file.value()->database().exec(
+                "PRAGMA user_version = 1000; CREATE TABLE Future (x); PRAGMA journal_mode = DELETE");
+        }
+        const QByteArray before = contents(path);
+        const auto opened = StoreContext::open(path);
+        QVERIFY(!opened.ok());
+        QVERIFY(opened.reason().contains(u"Newer"_s) || opened.reason().contains(u"newer"_s));
+        QCOMPARE(contents(path), before);
     }
-    auto file = StoreFile::open(path);
-    QVERIFY(!current.isEmpty());
-    QCOMPARE(file.value()->information(key), current);
-    QCOMPARE(
-        file.value()->number("SELECT count(*) FROM pragma_integrity_check WHERE integrity_check <> 'ok'"), 0);
-}
+
+    void compactsWhenMuchIsFree()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(u"Mosaro"_s);
+        QString storeID;
+        {
+            auto context = StoreContext::open(path);
+            storeID = context.value()->storeID();
+            std::vector<std::shared_ptr<Media>> items;
+            for (int i = 0; i < 300; ++i) {
+                items.push_back(context.value()->insert<Media>());
+                items.back()->setMediaID(freshID());
+                items.back()->setMediaNotes(QString(10000, u'n'));
+            }
+            QVERIFY(context.value()->save().ok());
+            for (size_t i = 1; i < items.size(); ++i)
+                context.value()->remove(*items[i]);
+            QVERIFY(context.value()->save().ok());
+        }
+        const qint64 before = QFileInfo(path).size();
+        const auto context = StoreContext::open(path);
+        QVERIFY(context.ok());
+        QVERIFY2(QFileInfo(path).size() < before / 4, qPrintable(QString::number(QFileInfo(path).size())));
+        QCOMPARE(context.value()->storeID(), storeID);
+        QCOMPARE(context.value()->count(Media::info(), Predicate::all()).value(), 1);
+    }
+
+    void anotherCollationBuildsItsIndexesAnew()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(u"Mosaro"_s);
+        const QString key = u"collationVersion"_s;
+        QString current;
+        {
+            auto file = StoreFile::open(path);
+            current = file.value()->information(key);
+            file.value()->setInformation(key, u"1.0"_s);
+        }
+        auto file = StoreFile::open(path);
+        QVERIFY(!current.isEmpty());
+        QCOMPARE(file.value()->information(key), current);
+        QCOMPARE(
+            file.value()->number("SELECT count(*) FROM pragma_integrity_check WHERE integrity_check <> 'ok'"),
+            0);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestMigrations)
 #include "tst_migrations.moc"

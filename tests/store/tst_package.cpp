@@ -12,6 +12,7 @@
 using namespace mosaro;
 using namespace mosaro::store;
 using namespace mosaro::test;
+using namespace Qt::StringLiterals;
 
 Q_DECLARE_METATYPE(AccessList::AddOutcome)
 
@@ -19,346 +20,318 @@ class TestPackage : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void paths();
-    void pathComponents_data();
-    void pathComponents();
-    void accessRules_data();
-    void accessRules();
-    void accessListFile();
-    void stateDefaultsAreLazy();
-    void stateTexts();
-    void stateColours();
-    void stateSelections();
-    void systemCollections();
-    void exportPresets();
-    void selectionKeys();
-    void verifyFindsWhatIsAmiss();
-    void repairRemovesOnlyLeftovers();
-    void repairTrustsNoReport();
-    void unreadableRecordsCondemnNoFolder();
-    void damagedIndexCondemnsNoFolder();
+    void paths()
+    {
+        const LibraryPackage package(u"/a/b/../L.mrlibrary/"_s);
+        QCOMPARE(package.libraryDirPath(), u"/a/L.mrlibrary"_s);
+        QCOMPARE(package.dbPath(), u"/a/L.mrlibrary/Mosaro"_s);
+        QCOMPARE(LibraryPackage::itemFolder(QDate(2024, 3, 9), u"ID"_s), u"/2024/3/9/ID.mritem"_s);
+        QVERIFY(LibraryPackage().isNull());
+        QTemporaryDir folder;
+        const LibraryPackage real(folder.path());
+        QVERIFY(real.versionRecord().isEmpty());
+        writeFile(real.libraryVersionPath(), "garbage");
+        QVERIFY(real.versionRecord().isEmpty());
+        QVERIFY(real.writeVersionRecord({{u"Version"_s, u"9"_s}}).ok());
+        QCOMPARE(real.versionRecord().value(u"Version"_s).toString(), u"9"_s);
+        QVERIFY(!LibraryPackage(u"/proc/none"_s).writeVersionRecord({{u"a"_s, 1}}).ok());
+    }
+
+    void pathComponents_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("safe");
+        QTest::newRow("plain") << u"a b.png"_s << true;
+        QTest::newRow("three dots") << u"..."_s << true;
+        QTest::newRow("empty") << QString() << false;
+        QTest::newRow("dot") << u"."_s << false;
+        QTest::newRow("up") << u".."_s << false;
+        QTest::newRow("slash") << u"../x"_s << false;
+        QTest::newRow("nul") << QString(u"a"_s + QChar(0) + u"b"_s) << false;
+    }
+    void pathComponents()
+    {
+        QFETCH(QString, name);
+        QTEST(isSafePathComponent(name), "safe");
+    }
+
+    void accessRules_data()
+    {
+        using enum AccessList::AddOutcome;
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<AccessList::AddOutcome>("outcome");
+        QTest::addColumn<QString>("grant");
+        QTest::newRow("root") << u"/"_s << Excluded << QString();
+        QTest::newRow("system") << u"/Library/"_s << Excluded << QString();
+        QTest::newRow("below system") << u"ROOT/x"_s << Added << u"ROOT/x"_s;
+        QTest::newRow("listed") << u"ROOT/a/b"_s << AlreadyListed << u"ROOT/a/b"_s;
+        QTest::newRow("listed, unclean") << u"ROOT/a//b/../b/"_s << AlreadyListed << u"ROOT/a/b"_s;
+        QTest::newRow("below a listed one") << u"ROOT/a/b/c/d"_s << AncestorListed << u"ROOT/a/b"_s;
+        QTest::newRow("above a listed one") << u"ROOT/a"_s << Added << u"ROOT/a"_s;
+        QTest::newRow("same beginning") << u"ROOT/a/bc"_s << Added << u"ROOT/a/bc"_s;
+        QTest::newRow("gone") << u"ROOT/none"_s << NoBookmark << QString();
+    }
+    void accessRules()
+    {
+        QFETCH(QString, folder);
+        QFETCH(QString, grant);
+        QTemporaryDir root;
+        for (const char* name : {"x", "a/b/c/d", "a/bc"})
+            QVERIFY(QDir().mkpath(root.filePath(QLatin1String(name))));
+        FakeBookmarks bookmarks;
+        AccessList list;
+        QCOMPARE(list.add(root.filePath(u"a/b"_s), bookmarks), AccessList::AddOutcome::Added);
+        folder.replace(u"ROOT"_s, root.path());
+        grant.replace(u"ROOT"_s, root.path());
+        QTEST(list.add(folder, bookmarks), "outcome");
+        QCOMPARE(list.grantFor(folder), grant);
+        // With a folder and one below it listed, the folder itself comes first, then the nearest to the root.
+        QVERIFY(list.grantFor(root.filePath(u"a/b/c"_s)).startsWith(root.path()));
+    }
+
+    void accessListFile()
+    {
+        TemporaryLibrary library;
+        AccessList list = AccessList::read(library.package());
+        QVERIFY(list.entries().isEmpty());
+        QVERIFY(!QFileInfo::exists(library.package().accessListInfoPath()));
+        list.enter(u"/gone/é"_s, "token\0x"_ba);
+        list.enter(u"/none"_s, QByteArray());
+        QVERIFY(list.write(library.package()).ok());
+        QCOMPARE(AccessList::read(library.package()).entries(), list.entries());
+        list.remove(u"/none"_s);
+        QCOMPARE(list.entries().size(), 1);
+        writeFile(library.package().accessListInfoPath(), "<plist>garbage");
+        QVERIFY(AccessList::read(library.package()).entries().isEmpty());
+    }
+
+    void stateDefaultsAreLazy()
+    {
+        LibraryState state(QVariantMap{{u"Expanded Collections"_s, u"not a list"_s},
+                                       {u"System Collections"_s, QVariantList()},
+                                       {u"Last Selected Colors"_s, 5},
+                                       {u"Future"_s, 1}});
+        QVERIFY(state.expandedCollections().isEmpty());
+        QCOMPARE(state.systemCollections().size(), 13);
+        QVERIFY(state.lastSelectedColors().isEmpty());
+        QVERIFY(!state.record().contains(u"Export Presets"_s));
+        QCOMPARE(state.exportPresets(), LibraryState::imagePresets());
+        QVERIFY(state.record().contains(u"Export Presets"_s));
+        QVERIFY(state.lastSelectedMedia().isEmpty());
+        QVERIFY(state.lastSelectedTags().isEmpty());
+        QVERIFY(state.lastSelectedCollections().isEmpty());
+        QVariantMap expected = LibraryState::defaultLibraryXML();
+        expected.insert(u"Future"_s, 1);
+        QCOMPARE(state.record(), expected);
+    }
+
+    void stateTexts()
+    {
+        LibraryState state;
+        for (int i = 0; i < 2; ++i) {
+            state.addExpandedCollection(u"a"_s);
+            state.addLastSelectedCollection(u"b"_s);
+            state.addLastSelectedTag(u"c"_s);
+        }
+        state.addExpandedCollection(QString());
+        state.addExpandedCollection(u"z"_s);
+        state.removeExpandedCollection(u"none"_s);
+        QCOMPARE(state.expandedCollections(), (QStringList{u"a"_s, u"z"_s}));
+        QCOMPARE(state.lastSelectedCollections(), QStringList{u"b"_s});
+        QCOMPARE(state.lastSelectedTags(), QStringList{u"c"_s});
+        state.removeExpandedCollection(u"a"_s);
+        state.removeAllLastSelectedTags();
+        state.removeAllLastSelectedCollections();
+        QCOMPARE(state.expandedCollections(), QStringList{u"z"_s});
+        QVERIFY(state.lastSelectedTags().isEmpty() && state.lastSelectedCollections().isEmpty());
+    }
+
+    void stateColours()
+    {
+        LibraryState state;
+        state.addLastSelectedColorIndex({3, 17, 400});
+        QCOMPARE(state.lastSelectedColorPositions(), (std::vector<int>{3, 17, 400}));
+        state.addLastSelectedColorIndex({});
+        QVERIFY(state.lastSelectedColors().isEmpty());
+        QVERIFY(state.lastSelectedColorPositions().empty());
+        LibraryState hostile(QVariantMap{{u"Last Selected Colors"_s, "bplist00garbage"_ba}});
+        QVERIFY(hostile.lastSelectedColorPositions().empty());
+    }
+
+    void stateSelections()
+    {
+        LibraryState state;
+        state.addLastSelectedMedia({}, u"k"_s);
+        state.addLastSelectedMedia({"r"_ba}, QString());
+        QVERIFY(state.lastSelectedMedia().isEmpty());
+        state.addLastSelectedMedia({"r"_ba, "s"_ba}, u"k+Tag"_s);
+        const QVariantMap entry = state.lastSelectedMedia().value(u"k+Tag"_s).toMap();
+        const auto items = base::readPropertyList(entry.value(u"Last Selected Items"_s).toByteArray());
+        QCOMPARE(items.value().toList().size(), 2);
+        state.removeLastSelectedMedia(u"none"_s);
+        QCOMPARE(state.lastSelectedMedia().size(), 1);
+        state.removeLastSelectedMedia(u"k+Tag"_s);
+        QVERIFY(state.lastSelectedMedia().isEmpty());
+    }
+
+    void systemCollections()
+    {
+        LibraryState state;
+        QVERIFY(state.hasSystemCollection(u"13"_s));
+        QVERIFY(!state.hasSystemCollection(u"3"_s) && !state.hasSystemCollection(u"15"_s));
+        const auto fresh = state.systemCollection(u"1"_s);
+        QVERIFY(fresh.sortKey == 7 && fresh.isAscending == false && fresh.zoom == 0.4);
+        state.setSystemCollectionSort(u"1"_s, 0, true);
+        state.setSystemCollectionZoom(u"1"_s, 0.1);
+        const auto changed = state.systemCollection(u"1"_s);
+        QVERIFY(changed.sortKey == 0 && changed.isAscending == true);
+        QCOMPARE(*changed.zoom, static_cast<double>(0.1f));
+        state.setSystemCollectionSort(u"15"_s, 1, true);
+        state.setSystemCollectionZoom(u"15"_s, 0.5);
+        QVERIFY(!state.hasSystemCollection(u"15"_s));
+
+        const QVariantMap lacking{{u"LIB_SORT_VALUE"_s, 3}, {u"Future"_s, 1}};
+        LibraryState partial({{u"System Collections"_s, QVariantMap{{u"1"_s, lacking}}}});
+        partial.setSystemCollectionSort(u"1"_s, 1, true);
+        partial.setSystemCollectionZoom(u"1"_s, 0.5);
+        QCOMPARE(partial.systemCollections().value(u"1"_s).toMap(), lacking);
+        QVERIFY(!partial.systemCollection(u"1"_s).zoom);
+    }
+
+    void exportPresets()
+    {
+        LibraryState state;
+        QVariantList presets = state.exportPresets();
+        QCOMPARE(presets.size(), 7);
+        QCOMPARE(presets[3].toMap().size(), 9);
+        QCOMPARE(presets[3].toMap().value(u"PRESET_SIZE_TYPE"_s).toInt(), 2);
+        QCOMPARE(presets[3].toMap().value(u"PRESET_FORMAT_QUALITY"_s).toDouble(), 0.8);
+        state.saveExportPresets({});
+        QVERIFY(state.exportPresets().isEmpty()); // Deleted by the user: not a reason for defaults.
+        state.restoreExportPresets();
+        QCOMPARE(state.exportPresets(), LibraryState::imagePresets());
+    }
+
+    void selectionKeys()
+    {
+        SelectionElement element;
+        element.id = u"1"_s;
+        QCOMPARE(element.selectionKey(), u"1+Collection"_s);
+        element.shape = SelectionElement::Shape::TagRow;
+        QCOMPARE(element.selectionKey(), u"1+Tag"_s);
+        element.shape = SelectionElement::Shape::Colour;
+        const char* const expected[] = {"1+BackgroundColor", "1+PrimaryColor", "1+SecondaryColor",
+                                        "1+DetailColor", ""};
+        for (element.type = 0; element.type < 5; ++element.type)
+            QCOMPARE(element.selectionKey(), QString::fromLatin1(expected[element.type]));
+    }
+
+    void verifyFindsWhatIsAmiss()
+    {
+        TemporaryLibrary library;
+        const QString masters = library.package().masterDirPath();
+        const auto collection = library.addCollection(u"c"_s);
+        const auto whole = library.addMedia(u"whole"_s, collection, true);
+        QVERIFY(verifyLibrary(library.context(), library.package()).isClean());
+        const auto noPreview = library.addMedia(u"p"_s, collection, true);
+        const auto noOriginal = library.addMedia(u"o"_s, collection, true);
+        const auto referenced = library.addMedia(u"r"_s, collection, true);
+        QVERIFY(QFile::remove(masters + noPreview->mediaThumbPath()));
+        QVERIFY(QFile::remove(masters + noOriginal->mediaPath()));
+        referenced->setMediaPath(QString());
+        referenced->setMediaOriginalPath(u"/none/at/all.png"_s);
+        QVERIFY(library.context().save().ok());
+        const QString leftover = masters + u"/2020/1/2/LEFT.mritem"_s;
+        writeFile(leftover + u"/Preivew/preview.png"_s, "x");
+        const QString staged = library.package().stagingDirPath() + u"/half"_s;
+        writeFile(staged + u"/Originals/a"_s, "x");
+        // None of these is an item's folder.
+        writeFile(masters + u"/2020/1/2/notes.txt"_s, "x");
+        writeFile(masters + u"/Other/1/2/A.mritem/file"_s, "x");
+        writeFile(masters + u"/2020/1/2/A.folder/file"_s, "x");
+        const auto report = verifyLibrary(library.context(), library.package());
+        QVERIFY(report.isComplete && !report.isClean());
+        QCOMPARE(report.foldersWithoutRecord, (QStringList{leftover, staged}));
+        QCOMPARE(report.missingPreviews, QStringList{noPreview->mediaID()});
+        QCOMPARE(report.missingOriginals, (QStringList{noOriginal->mediaID(), referenced->mediaID()}));
+    }
+
+    void repairRemovesOnlyLeftovers()
+    {
+        TemporaryLibrary library;
+        const QString masters = library.package().masterDirPath();
+        const auto media = library.addMedia(u"m"_s, library.addCollection(u"c"_s), true);
+        const QString alone = masters + u"/2020/1/2/A.mritem"_s;
+        const QString accompanied = masters + u"/2021/5/6/B.mritem"_s;
+        writeFile(alone + u"/Originals/x"_s, "x");
+        writeFile(accompanied + u"/Originals/x"_s, "x");
+        writeFile(masters + u"/2021/5/6/keep.txt"_s, "x");
+        writeFile(library.package().stagingDirPath() + u"/half/x"_s, "x");
+        QVERIFY(QFile::link(masters + u"/2021"_s, alone + u"/link"_s));
+        QCOMPARE(repairLibrary(verifyLibrary(library.context(), library.package()), library.package()).size(),
+                 3);
+        QVERIFY(!QFileInfo::exists(masters + u"/2020"_s));
+        QVERIFY(!QFileInfo::exists(accompanied));
+        QVERIFY(QFileInfo::exists(masters + u"/2021/5/6/keep.txt"_s));
+        QVERIFY(QFileInfo::exists(masters + media->mediaPath()));
+        QVERIFY(verifyLibrary(library.context(), library.package()).isClean());
+    }
+
+    void repairTrustsNoReport()
+    {
+        TemporaryLibrary library;
+        const QString outside = library.folder(u"1/2/3/X.mritem"_s);
+        const QString masters = library.package().masterDirPath();
+        VerificationReport report;
+        report.foldersWithoutRecord = {outside,
+                                       masters,
+                                       library.packagePath(),
+                                       library.package().dbPath(),
+                                       library.package().stagingDirPath(),
+                                       masters + u"/1/2/3/../../../X.mritem"_s,
+                                       masters + u"/1/2/3/absent.mritem"_s};
+        writeFile(masters + u"/X.mritem/file"_s, "x");
+        QVERIFY(repairLibrary(report, library.package()).isEmpty());
+        QVERIFY(QFileInfo::exists(outside) && QFileInfo::exists(masters + u"/X.mritem/file"_s));
+    }
+
+    void unreadableRecordsCondemnNoFolder()
+    {
+        TemporaryLibrary library;
+        (void)library.addMedia(u"m"_s, library.addCollection(u"c"_s), true);
+        {
+            SQLite::Database other(library.package().dbPath().toStdString(), SQLite::OPEN_READWRITE, 3000);
+            registerTextFunctions(other);
+            other.exec("ALTER TABLE Media RENAME COLUMN mediaThumbPath TO renamed");
+        }
+        const auto report = verifyLibrary(library.context(), library.package());
+        QVERIFY(!report.isClean());
+        QVERIFY(report.foldersWithoutRecord.isEmpty());
+    }
+
+    void damagedIndexCondemnsNoFolder()
+    {
+        TemporaryLibrary library;
+        writeFile(library.package().masterDirPath() + u"/2020/1/2/A.mritem/Preivew/preview.png"_s, "x");
+        {
+            // A wrong order of titles stands in for a damaged index: the pages are sound, what they say is
+            // not.
+            SQLite::Database other(library.package().dbPath().toStdString(), SQLite::OPEN_READWRITE, 3000);
+            sqlite3_create_collation(other.getHandle(), "FINDER", SQLITE_UTF8, nullptr,
+                                     [](void*, int, const void* a, int, const void* b) {
+                                         return int(*static_cast<const char*>(b)) -
+                                                *static_cast<const char*>(a);
+                                     });
+            for (const char* title : {"a", "b", "c", "d"})
+                other.exec(std::string("INSERT INTO Media (mediaID, mediaTitle) VALUES ('") + title + "', '" +
+                           title + "')");
+        }
+        const auto report = verifyLibrary(library.context(), library.package());
+        QVERIFY(!report.isClean() && !report.isComplete);
+        QVERIFY(!report.storeDamage.isEmpty());
+        QVERIFY(report.foldersWithoutRecord.isEmpty());
+    }
 };
-
-void TestPackage::paths()
-{
-    const LibraryPackage package(QStringLiteral("/a/b/../L.mrlibrary/"));
-    QCOMPARE(package.libraryDirPath(), QStringLiteral("/a/L.mrlibrary"));
-    QCOMPARE(package.dbPath(), QStringLiteral("/a/L.mrlibrary/Mosaro"));
-    QCOMPARE(LibraryPackage::itemFolder(QDate(2024, 3, 9), QStringLiteral("ID")),
-             QStringLiteral("/2024/3/9/ID.mritem"));
-    QVERIFY(LibraryPackage().isNull());
-    QTemporaryDir folder;
-    const LibraryPackage real(folder.path());
-    QVERIFY(real.versionRecord().isEmpty());
-    writeFile(real.libraryVersionPath(), "garbage");
-    QVERIFY(real.versionRecord().isEmpty());
-    QVERIFY(real.writeVersionRecord({{QStringLiteral("Version"), QStringLiteral("9")}}).ok());
-    QCOMPARE(real.versionRecord().value(QStringLiteral("Version")).toString(), QStringLiteral("9"));
-    QVERIFY(
-        !LibraryPackage(QStringLiteral("/proc/none")).writeVersionRecord({{QStringLiteral("a"), 1}}).ok());
-}
-
-void TestPackage::pathComponents_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("safe");
-    QTest::newRow("plain") << QStringLiteral("a b.png") << true;
-    QTest::newRow("three dots") << QStringLiteral("...") << true;
-    QTest::newRow("empty") << QString() << false;
-    QTest::newRow("dot") << QStringLiteral(".") << false;
-    QTest::newRow("up") << QStringLiteral("..") << false;
-    QTest::newRow("slash") << QStringLiteral("../x") << false;
-    QTest::newRow("nul") << QString(QStringLiteral("a") + QChar(0) + QStringLiteral("b")) << false;
-}
-
-void TestPackage::pathComponents()
-{
-    QFETCH(QString, name);
-    QTEST(isSafePathComponent(name), "safe");
-}
-
-void TestPackage::accessRules_data()
-{
-    using enum AccessList::AddOutcome;
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<AccessList::AddOutcome>("outcome");
-    QTest::addColumn<QString>("grant");
-    QTest::newRow("root") << QStringLiteral("/") << Excluded << QString();
-    QTest::newRow("system") << QStringLiteral("/Library/") << Excluded << QString();
-    QTest::newRow("below system") << QStringLiteral("ROOT/x") << Added << QStringLiteral("ROOT/x");
-    QTest::newRow("listed") << QStringLiteral("ROOT/a/b") << AlreadyListed << QStringLiteral("ROOT/a/b");
-    QTest::newRow("listed, unclean") << QStringLiteral("ROOT/a//b/../b/") << AlreadyListed
-                                     << QStringLiteral("ROOT/a/b");
-    QTest::newRow("below a listed one")
-        << QStringLiteral("ROOT/a/b/c/d") << AncestorListed << QStringLiteral("ROOT/a/b");
-    QTest::newRow("above a listed one") << QStringLiteral("ROOT/a") << Added << QStringLiteral("ROOT/a");
-    QTest::newRow("same beginning") << QStringLiteral("ROOT/a/bc") << Added << QStringLiteral("ROOT/a/bc");
-    QTest::newRow("gone") << QStringLiteral("ROOT/none") << NoBookmark << QString();
-}
-
-void TestPackage::accessRules()
-{
-    QFETCH(QString, folder);
-    QFETCH(QString, grant);
-    QTemporaryDir root;
-    for (const char* name : {"x", "a/b/c/d", "a/bc"})
-        QVERIFY(QDir().mkpath(root.filePath(QLatin1String(name))));
-    FakeBookmarks bookmarks;
-    AccessList list;
-    QCOMPARE(list.add(root.filePath(QStringLiteral("a/b")), bookmarks), AccessList::AddOutcome::Added);
-    folder.replace(QStringLiteral("ROOT"), root.path());
-    grant.replace(QStringLiteral("ROOT"), root.path());
-    QTEST(list.add(folder, bookmarks), "outcome");
-    QCOMPARE(list.grantFor(folder), grant);
-    // With a folder and one below it listed, the folder itself comes first, then the nearest to the root.
-    QVERIFY(list.grantFor(root.filePath(QStringLiteral("a/b/c"))).startsWith(root.path()));
-}
-
-void TestPackage::accessListFile()
-{
-    TemporaryLibrary library;
-    AccessList list = AccessList::read(library.package());
-    QVERIFY(list.entries().isEmpty());
-    QVERIFY(!QFileInfo::exists(library.package().accessListInfoPath()));
-    list.enter(QStringLiteral("/gone/é"), QByteArray("token\0x", 7));
-    list.enter(QStringLiteral("/none"), QByteArray());
-    QVERIFY(list.write(library.package()).ok());
-    QCOMPARE(AccessList::read(library.package()).entries(), list.entries());
-    list.remove(QStringLiteral("/none"));
-    QCOMPARE(list.entries().size(), 1);
-    writeFile(library.package().accessListInfoPath(), "<plist>garbage");
-    QVERIFY(AccessList::read(library.package()).entries().isEmpty());
-}
-
-void TestPackage::stateDefaultsAreLazy()
-{
-    LibraryState state(QVariantMap{{QStringLiteral("Expanded Collections"), QStringLiteral("not a list")},
-                                   {QStringLiteral("System Collections"), QVariantList()},
-                                   {QStringLiteral("Last Selected Colors"), 5},
-                                   {QStringLiteral("Future"), 1}});
-    QVERIFY(state.expandedCollections().isEmpty());
-    QCOMPARE(state.systemCollections().size(), 13);
-    QVERIFY(state.lastSelectedColors().isEmpty());
-    QVERIFY(!state.record().contains(QStringLiteral("Export Presets")));
-    QCOMPARE(state.exportPresets(), LibraryState::imagePresets());
-    QVERIFY(state.record().contains(QStringLiteral("Export Presets")));
-    QVERIFY(state.lastSelectedMedia().isEmpty());
-    QVERIFY(state.lastSelectedTags().isEmpty());
-    QVERIFY(state.lastSelectedCollections().isEmpty());
-    QVariantMap expected = LibraryState::defaultLibraryXML();
-    expected.insert(QStringLiteral("Future"), 1);
-    QCOMPARE(state.record(), expected);
-}
-
-void TestPackage::stateTexts()
-{
-    LibraryState state;
-    for (int i = 0; i < 2; ++i) {
-        state.addExpandedCollection(QStringLiteral("a"));
-        state.addLastSelectedCollection(QStringLiteral("b"));
-        state.addLastSelectedTag(QStringLiteral("c"));
-    }
-    state.addExpandedCollection(QString());
-    state.addExpandedCollection(QStringLiteral("z"));
-    state.removeExpandedCollection(QStringLiteral("none"));
-    QCOMPARE(state.expandedCollections(), (QStringList{QStringLiteral("a"), QStringLiteral("z")}));
-    QCOMPARE(state.lastSelectedCollections(), QStringList{QStringLiteral("b")});
-    QCOMPARE(state.lastSelectedTags(), QStringList{QStringLiteral("c")});
-    state.removeExpandedCollection(QStringLiteral("a"));
-    state.removeAllLastSelectedTags();
-    state.removeAllLastSelectedCollections();
-    QCOMPARE(state.expandedCollections(), QStringList{QStringLiteral("z")});
-    QVERIFY(state.lastSelectedTags().isEmpty() && state.lastSelectedCollections().isEmpty());
-}
-
-void TestPackage::stateColours()
-{
-    LibraryState state;
-    state.addLastSelectedColorIndex({3, 17, 400});
-    QCOMPARE(state.lastSelectedColorPositions(), (std::vector<int>{3, 17, 400}));
-    state.addLastSelectedColorIndex({});
-    QVERIFY(state.lastSelectedColors().isEmpty());
-    QVERIFY(state.lastSelectedColorPositions().empty());
-    LibraryState hostile(
-        QVariantMap{{QStringLiteral("Last Selected Colors"), QByteArray("bplist00garbage")}});
-    QVERIFY(hostile.lastSelectedColorPositions().empty());
-}
-
-void TestPackage::stateSelections()
-{
-    LibraryState state;
-    state.addLastSelectedMedia({}, QStringLiteral("k"));
-    state.addLastSelectedMedia({QByteArray("r")}, QString());
-    QVERIFY(state.lastSelectedMedia().isEmpty());
-    state.addLastSelectedMedia({QByteArray("r"), QByteArray("s")}, QStringLiteral("k+Tag"));
-    const QVariantMap entry = state.lastSelectedMedia().value(QStringLiteral("k+Tag")).toMap();
-    const auto items =
-        base::readPropertyList(entry.value(QStringLiteral("Last Selected Items")).toByteArray());
-    QCOMPARE(items.value().toList().size(), 2);
-    state.removeLastSelectedMedia(QStringLiteral("none"));
-    QCOMPARE(state.lastSelectedMedia().size(), 1);
-    state.removeLastSelectedMedia(QStringLiteral("k+Tag"));
-    QVERIFY(state.lastSelectedMedia().isEmpty());
-}
-
-void TestPackage::systemCollections()
-{
-    LibraryState state;
-    QVERIFY(state.hasSystemCollection(QStringLiteral("13")));
-    QVERIFY(!state.hasSystemCollection(QStringLiteral("3")) &&
-            !state.hasSystemCollection(QStringLiteral("15")));
-    const auto fresh = state.systemCollection(QStringLiteral("1"));
-    QVERIFY(fresh.sortKey == 7 && fresh.isAscending == false && fresh.zoom == 0.4);
-    state.setSystemCollectionSort(QStringLiteral("1"), 0, true);
-    state.setSystemCollectionZoom(QStringLiteral("1"), 0.1);
-    const auto changed = state.systemCollection(QStringLiteral("1"));
-    QVERIFY(changed.sortKey == 0 && changed.isAscending == true);
-    QCOMPARE(*changed.zoom, static_cast<double>(0.1f));
-    state.setSystemCollectionSort(QStringLiteral("15"), 1, true);
-    state.setSystemCollectionZoom(QStringLiteral("15"), 0.5);
-    QVERIFY(!state.hasSystemCollection(QStringLiteral("15")));
-
-    const QVariantMap lacking{{QStringLiteral("LIB_SORT_VALUE"), 3}, {QStringLiteral("Future"), 1}};
-    LibraryState partial(
-        {{QStringLiteral("System Collections"), QVariantMap{{QStringLiteral("1"), lacking}}}});
-    partial.setSystemCollectionSort(QStringLiteral("1"), 1, true);
-    partial.setSystemCollectionZoom(QStringLiteral("1"), 0.5);
-    QCOMPARE(partial.systemCollections().value(QStringLiteral("1")).toMap(), lacking);
-    QVERIFY(!partial.systemCollection(QStringLiteral("1")).zoom);
-}
-
-void TestPackage::exportPresets()
-{
-    LibraryState state;
-    QVariantList presets = state.exportPresets();
-    QCOMPARE(presets.size(), 7);
-    QCOMPARE(presets[3].toMap().size(), 9);
-    QCOMPARE(presets[3].toMap().value(QStringLiteral("PRESET_SIZE_TYPE")).toInt(), 2);
-    QCOMPARE(presets[3].toMap().value(QStringLiteral("PRESET_FORMAT_QUALITY")).toDouble(), 0.8);
-    state.saveExportPresets({});
-    QVERIFY(state.exportPresets().isEmpty()); // Deleted by the user: not a reason for defaults.
-    state.restoreExportPresets();
-    QCOMPARE(state.exportPresets(), LibraryState::imagePresets());
-}
-
-void TestPackage::selectionKeys()
-{
-    SelectionElement element;
-    element.id = QStringLiteral("1");
-    QCOMPARE(element.selectionKey(), QStringLiteral("1+Collection"));
-    element.shape = SelectionElement::Shape::TagRow;
-    QCOMPARE(element.selectionKey(), QStringLiteral("1+Tag"));
-    element.shape = SelectionElement::Shape::Colour;
-    const char* const expected[] = {"1+BackgroundColor", "1+PrimaryColor", "1+SecondaryColor",
-                                    "1+DetailColor", ""};
-    for (element.type = 0; element.type < 5; ++element.type)
-        QCOMPARE(element.selectionKey(), QString::fromLatin1(expected[element.type]));
-}
-
-void TestPackage::verifyFindsWhatIsAmiss()
-{
-    TemporaryLibrary library;
-    const QString masters = library.package().masterDirPath();
-    const auto collection = library.addCollection(QStringLiteral("c"));
-    const auto whole = library.addMedia(QStringLiteral("whole"), collection, true);
-    QVERIFY(verifyLibrary(library.context(), library.package()).isClean());
-    const auto noPreview = library.addMedia(QStringLiteral("p"), collection, true);
-    const auto noOriginal = library.addMedia(QStringLiteral("o"), collection, true);
-    const auto referenced = library.addMedia(QStringLiteral("r"), collection, true);
-    QVERIFY(QFile::remove(masters + noPreview->mediaThumbPath()));
-    QVERIFY(QFile::remove(masters + noOriginal->mediaPath()));
-    referenced->setMediaPath(QString());
-    referenced->setMediaOriginalPath(QStringLiteral("/none/at/all.png"));
-    QVERIFY(library.context().save().ok());
-    const QString leftover = masters + QStringLiteral("/2020/1/2/LEFT.mritem");
-    writeFile(leftover + QStringLiteral("/Preivew/preview.png"), "x");
-    const QString staged = library.package().stagingDirPath() + QStringLiteral("/half");
-    writeFile(staged + QStringLiteral("/Originals/a"), "x");
-    // None of these is an item's folder.
-    writeFile(masters + QStringLiteral("/2020/1/2/notes.txt"), "x");
-    writeFile(masters + QStringLiteral("/Other/1/2/A.mritem/file"), "x");
-    writeFile(masters + QStringLiteral("/2020/1/2/A.folder/file"), "x");
-    const auto report = verifyLibrary(library.context(), library.package());
-    QVERIFY(report.isComplete && !report.isClean());
-    QCOMPARE(report.foldersWithoutRecord, (QStringList{leftover, staged}));
-    QCOMPARE(report.missingPreviews, QStringList{noPreview->mediaID()});
-    QCOMPARE(report.missingOriginals, (QStringList{noOriginal->mediaID(), referenced->mediaID()}));
-}
-
-void TestPackage::repairRemovesOnlyLeftovers()
-{
-    TemporaryLibrary library;
-    const QString masters = library.package().masterDirPath();
-    const auto media =
-        library.addMedia(QStringLiteral("m"), library.addCollection(QStringLiteral("c")), true);
-    const QString alone = masters + QStringLiteral("/2020/1/2/A.mritem");
-    const QString accompanied = masters + QStringLiteral("/2021/5/6/B.mritem");
-    writeFile(alone + QStringLiteral("/Originals/x"), "x");
-    writeFile(accompanied + QStringLiteral("/Originals/x"), "x");
-    writeFile(masters + QStringLiteral("/2021/5/6/keep.txt"), "x");
-    writeFile(library.package().stagingDirPath() + QStringLiteral("/half/x"), "x");
-    QVERIFY(QFile::link(masters + QStringLiteral("/2021"), alone + QStringLiteral("/link")));
-    QCOMPARE(repairLibrary(verifyLibrary(library.context(), library.package()), library.package()).size(), 3);
-    QVERIFY(!QFileInfo::exists(masters + QStringLiteral("/2020")));
-    QVERIFY(!QFileInfo::exists(accompanied));
-    QVERIFY(QFileInfo::exists(masters + QStringLiteral("/2021/5/6/keep.txt")));
-    QVERIFY(QFileInfo::exists(masters + media->mediaPath()));
-    QVERIFY(verifyLibrary(library.context(), library.package()).isClean());
-}
-
-void TestPackage::repairTrustsNoReport()
-{
-    TemporaryLibrary library;
-    const QString outside = library.folder(QStringLiteral("1/2/3/X.mritem"));
-    const QString masters = library.package().masterDirPath();
-    VerificationReport report;
-    report.foldersWithoutRecord = {outside,
-                                   masters,
-                                   library.packagePath(),
-                                   library.package().dbPath(),
-                                   library.package().stagingDirPath(),
-                                   masters + QStringLiteral("/1/2/3/../../../X.mritem"),
-                                   masters + QStringLiteral("/1/2/3/absent.mritem")};
-    writeFile(masters + QStringLiteral("/X.mritem/file"), "x");
-    QVERIFY(repairLibrary(report, library.package()).isEmpty());
-    QVERIFY(QFileInfo::exists(outside) && QFileInfo::exists(masters + QStringLiteral("/X.mritem/file")));
-}
-
-void TestPackage::unreadableRecordsCondemnNoFolder()
-{
-    TemporaryLibrary library;
-    (void)library.addMedia(QStringLiteral("m"), library.addCollection(QStringLiteral("c")), true);
-    {
-        SQLite::Database other(library.package().dbPath().toStdString(), SQLite::OPEN_READWRITE, 3000);
-        registerTextFunctions(other);
-        other.exec("ALTER TABLE Media RENAME COLUMN mediaThumbPath TO renamed");
-    }
-    const auto report = verifyLibrary(library.context(), library.package());
-    QVERIFY(!report.isClean());
-    QVERIFY(report.foldersWithoutRecord.isEmpty());
-}
-
-void TestPackage::damagedIndexCondemnsNoFolder()
-{
-    TemporaryLibrary library;
-    writeFile(library.package().masterDirPath() + QStringLiteral("/2020/1/2/A.mritem/Preivew/preview.png"),
-              "x");
-    {
-        // A wrong order of titles stands in for a damaged index: the pages are sound, what they say is not.
-        SQLite::Database other(library.package().dbPath().toStdString(), SQLite::OPEN_READWRITE, 3000);
-        sqlite3_create_collation(other.getHandle(), "FINDER", SQLITE_UTF8, nullptr,
-                                 [](void*, int, const void* a, int, const void* b) {
-                                     return int(*static_cast<const char*>(b)) - *static_cast<const char*>(a);
-                                 });
-        for (const char* title : {"a", "b", "c", "d"})
-            other.exec(std::string("INSERT INTO Media (mediaID, mediaTitle) VALUES ('") + title + "', '" +
-                       title + "')");
-    }
-    const auto report = verifyLibrary(library.context(), library.package());
-    QVERIFY(!report.isClean() && !report.isComplete);
-    QVERIFY(!report.storeDamage.isEmpty());
-    QVERIFY(report.foldersWithoutRecord.isEmpty());
-}
 
 QTEST_GUILESS_MAIN(TestPackage)
 #include "tst_package.moc"

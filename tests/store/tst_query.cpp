@@ -11,6 +11,7 @@
 
 using namespace mosaro::store;
 using namespace mosaro::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -36,349 +37,328 @@ class TestQuery : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void finds_data();
-    void finds();
-    void refuses_data();
-    void refuses();
-    void longAndDeepConditions();
-    void linkedBy();
-    void ordersByAnyKey_data();
-    void ordersByAnyKey();
-    void mediaSets();
-    void sortsAndLimits();
-    void counts();
-    void fetchesWithoutHoldingUpTheMainThread();
+    /// Ten items: the title is the row's number but for those with a name; some have no rating or no address.
+    void initTestCase()
+    {
+        mosaro::base::installTexts();
+        m_library = std::make_unique<TemporaryLibrary>();
+        const auto collection = m_library->addCollection(u"c"_s);
+        const QStringList names{u"it's \"50%\" _off_ \\ [a-z]*?"_s,
+                                u"Caf\u00e9"_s,
+                                u"cafe\u0301 au lait"_s,
+                                u"STRASSE"_s,
+                                u"stra\u00dfe"_s,
+                                withNul(u"nul"_s, u"tail"_s),
+                                u"\u0130stanbul"_s,
+                                u"\uac01"_s,
+                                QString(),
+                                u"\u041f\u0440\u0438\u0432\u0435\u0442 \U0001F600"_s};
+        for (int i = 0; i < names.size(); ++i) {
+            const auto media = m_library->addMedia(names[i], collection);
+            if (i == 3)
+                media->setAttribute(Media::k_mediaTitle, {});
+            media->setAttribute(Media::k_mediaRating, i % 4 == 0 ? QVariant() : QVariant(i % 6));
+            if (i == 1)
+                media->setMediaWeburl(u"http://example.org/?a='1'"_s);
+            if (i == 2)
+                media->setMediaWeburl(QString());
+            media->setMediaDateImported(QDateTime(QDate(2024, 1, i + 1), QTime(12, 0), Qt::UTC));
+        }
+        QVERIFY(m_library->context().save().ok());
+    }
+
+    void finds_data()
+    {
+        QTest::addColumn<Predicate>("predicate");
+        QTest::addColumn<QString>("expected");
+        const auto row = [](const char* name, Predicate predicate, const char* expected) {
+            QTest::newRow(name) << std::move(predicate) << QString::fromLatin1(expected);
+        };
+        using enum Comparison;
+        row("all", Predicate::all(), "0 1 2 3 4 5 6 7 8 9");
+        row("nothing", Predicate::nothing(), "");
+        row("all of none", Predicate::allOf({}), "0 1 2 3 4 5 6 7 8 9");
+        row("any of none", Predicate::anyOf({}), "");
+        row("quote", title(Contains, u"it's \"50%\""_s), "0");
+        row("injection", title(Equal, u"' OR 1=1 --"_s), "");
+        row("percent is a character", title(Contains, u"%"_s), "0");
+        row("underscore is a character", title(BeginsWith, u"_t's"_s), "");
+        row("backslash", title(Contains, u"\\ ["_s), "0");
+        row("star is a character", title(EndsWith, u"*?"_s), "0");
+        row("exact", title(Equal, u"Caf\u00e9"_s), "1");
+        row("exact is exact", title(Equal, u"caf\u00e9"_s), "");
+        row("case", title(Equal, u"CAF\u00c9"_s, Fold::Case), "1");
+        row("case keeps accents", title(Contains, u"CAFE"_s, Fold::Case), "");
+        row("case, composed otherwise", title(BeginsWith, u"CAF\u00c9"_s, Fold::Case), "1 2");
+        row("case and diacritics", title(Contains, u"CAFE"_s, Fold::CaseAndDiacritics), "1 2");
+        row("accent in the part", title(Contains, u"f\u00e8"_s, Fold::CaseAndDiacritics), "1 2");
+        row("sharp s", title(Equal, u"STRASSE"_s, Fold::Case), "4");
+        row("dotted I", title(BeginsWith, u"istan"_s, Fold::CaseAndDiacritics), "6");
+        row("cyrillic", title(Contains, u"\u041f\u0420\u0418\u0412"_s, Fold::Case), "9");
+        row("beyond the basic plane", title(EndsWith, u"\U0001F600"_s), "9");
+        row("a syllable is no prefix", title(Contains, u"\uac00"_s, Fold::CaseAndDiacritics), "");
+        row("nul", title(Equal, withNul(u"nul"_s, u"tail"_s)), "5");
+        row("nul is no end", title(Equal, u"nul"_s), "");
+        row("after nul", title(EndsWith, u"TAIL"_s, Fold::Case), "5");
+        row("empty text", title(Equal, QString()), "8");
+        row("empty part is in every text", title(Contains, QString()), "0 1 2 4 5 6 7 8 9");
+        row("longer than the text", title(BeginsWith, u"\uac01\uac01"_s), "");
+        row("no value: equal", title(Equal, QVariant()), "3");
+        row("no value: not equal", title(NotEqual, QVariant()), "0 1 2 4 5 6 7 8 9");
+        row("not equal takes those without", title(NotEqual, u"Caf\u00e9"_s), "0 2 3 4 5 6 7 8 9");
+        row("not equal, folded", title(NotEqual, u"STRASSE"_s, Fold::Case), "0 1 2 3 5 6 7 8 9");
+        row("less leaves out those without", Predicate::compare(kRating, Less, 3), "1 2 6 7");
+        row("not less takes those without", Predicate::notOf(Predicate::compare(kRating, Less, 3)),
+            "0 3 4 5 8 9");
+        row("between",
+            Predicate::allOf({Predicate::compare(kRating, GreaterOrEqual, 2),
+                              Predicate::compare(kRating, LessOrEqual, 3)}),
+            "2 3 9");
+        row("fraction", Predicate::compare(kRating, Greater, 2.5), "3 5 9");
+        row("number as text", Predicate::compare(kRating, Equal, u"5"_s), "5");
+        row("or", Predicate::anyOf({Predicate::compare(kRating, Equal, 5), title(Equal, QString())}), "5 8");
+        row("not of not", Predicate::notOf(Predicate::notOf(Predicate::compare(kRating, Equal, 5))), "5");
+        row("and binds inside or",
+            Predicate::anyOf({Predicate::allOf({Predicate::compare(kRating, Equal, 5), Predicate::nothing()}),
+                              Predicate::compare(kRating, Equal, 2)}),
+            "2");
+        row("written empty is not missing", Predicate::compare(kWeburl, Equal, QString()), "2");
+        row("date",
+            Predicate::compare("mediaDateImported"_L1, Greater,
+                               QDateTime(QDate(2024, 1, 8), QTime(12, 0), Qt::UTC)),
+            "8 9");
+        row("in", Predicate::compare(kRating, In, QVariantList{5, 2, 77}), "2 5");
+        row("in nothing", Predicate::compare(kRating, In, QVariantList()), "");
+        row("in with missing", Predicate::compare(kRating, In, QVariantList{5, QVariant()}), "0 4 5 8");
+        row("in, folded", title(In, QVariantList{u"CAFE"_s, u"x"_s}, Fold::CaseAndDiacritics), "1");
+    }
+    void finds()
+    {
+        QFETCH(Predicate, predicate);
+        QFETCH(QString, expected);
+        QCOMPARE(titles(predicate).join(u' '), expected);
+    }
+
+    void refuses_data()
+    {
+        QTest::addColumn<Predicate>("predicate");
+        QTest::newRow("unknown attribute")
+            << Predicate::compare("1; DROP TABLE Media"_L1, Comparison::Equal, 1);
+        QTest::newRow("another entity's") << Predicate::compare("tagID"_L1, Comparison::Equal, 1);
+        QTest::newRow("text for a number") << Predicate::compare(kRating, Comparison::Less, u"many"_s);
+        QTest::newRow("no date") << Predicate::compare("mediaDateImported"_L1, Comparison::Less, u"soon"_s);
+        QTest::newRow("part of a number") << Predicate::compare(kRating, Comparison::Contains, u"1"_s);
+        QTest::newRow("dictionary") << Predicate::compare("mediaOtherInfo"_L1, Comparison::Equal, 1);
+        QTest::newRow("no reference")
+            << Predicate::linkedBy(MediaTagList::info(), "tagID"_L1, Predicate::all());
+        QTest::newRow("inside a link") << Predicate::linkedBy(
+            MediaTagList::info(), "media"_L1, Predicate::compare(kTitle, Comparison::Equal, 1));
+    }
+    void refuses()
+    {
+        QFETCH(Predicate, predicate);
+        auto& context = m_library->context();
+        const auto counted = context.count(Media::info(), Predicate::notOf(predicate));
+        QVERIFY(!counted.ok());
+        QVERIFY(!counted.reason().isEmpty());
+        QVERIFY(context.first<Media>(predicate) == nullptr);
+        const MediaSet set =
+            mediaSet(context, {predicate, Predicate::compare(kRating, Comparison::Equal, 5)});
+        QCOMPARE(set.ids.size(), size_t(1));
+    }
+
+    void longAndDeepConditions()
+    {
+        std::vector<Predicate> parts;
+        QVariantList list{withNul(u"nul"_s, u"tail"_s)};
+        for (int i = 0; i < 5000; ++i) {
+            parts.push_back(title(Comparison::Equal, u"'%1"_s.arg(i)));
+            list.append(u"\"%1\\"_s.arg(i));
+        }
+        parts.push_back(title(Comparison::Equal, u"Caf\u00e9"_s));
+        list.append(u"stra\u00dfe"_s);
+        QCOMPARE(titles(Predicate::anyOf(parts)), QStringList{u"1"_s});
+        QCOMPARE(titles(title(Comparison::In, list)), (QStringList{u"4"_s, u"5"_s}));
+        QVariantList numbers;
+        for (int i = 5; i < 40000; ++i)
+            numbers.append(i);
+        QCOMPARE(titles(Predicate::compare(kRating, Comparison::In, numbers)), QStringList{u"5"_s});
+    }
+
+    void linkedBy()
+    {
+        TemporaryLibrary library;
+        const auto collection = library.addCollection(u"c"_s);
+        const auto a = library.addMedia(u"a"_s, collection);
+        const auto b = library.addMedia(u"b"_s, collection);
+        (void)library.addMedia(u"c"_s, collection);
+        const auto tag = library.addTag(u"x"_s);
+        const auto other = library.addTag(u"y"_s);
+        library.link(a, tag);
+        library.link(b, other);
+        library.link(b, tag);
+        const auto tagged = [&](const std::shared_ptr<Tags>& wanted) {
+            const auto condition = Predicate::compare("tagID"_L1, Comparison::Equal, wanted->tagID());
+            return Predicate::linkedBy(MediaTagList::info(), "media"_L1, condition);
+        };
+        QCOMPARE(mediaSet(library.context(), {tagged(tag)}).ids,
+                 (std::vector<RowId>{a->rowId(), b->rowId()}));
+        QCOMPARE(mediaSet(library.context(), {Predicate::allOf({tagged(tag), tagged(other)})}).ids,
+                 std::vector<RowId>{b->rowId()});
+        QCOMPARE(library.context().count(Media::info(), Predicate::notOf(tagged(tag))).value(), 1);
+    }
+
+    void ordersByAnyKey_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<bool>("ascending");
+        QTest::addColumn<bool>("few");
+        for (int key = 0; key <= 8; ++key) {
+            for (const bool ascending : {true, false}) {
+                for (const bool few : {true, false})
+                    QTest::addRow("key %d%s%s", key, ascending ? "" : " descending", few ? ", few" : "")
+                        << key << ascending << few;
+            }
+        }
+    }
+    void ordersByAnyKey()
+    {
+        QFETCH(int, key);
+        QFETCH(bool, ascending);
+        QFETCH(bool, few);
+        static const int kAttributes[] = {
+            Media::k_mediaTitle,        Media::k_mediaFileSize,     Media::k_mediaRating,
+            Media::k_mediaWidth,        Media::k_mediaHeight,       Media::k_mediaDateCreated,
+            Media::k_mediaDateModified, Media::k_mediaDateImported, Media::k_mediaDateLastOpened};
+        static TemporaryLibrary library;
+        auto& context = library.context();
+        if (context.count(Media::info(), Predicate::all()).value() == 0) {
+            std::mt19937 random(7);
+            const auto below = [&random](unsigned limit) { return static_cast<int>(random() % limit); };
+            for (int i = 0; i < 600; ++i) {
+                auto media = context.insert<Media>();
+                media->setMediaID(freshID());
+                const QString name =
+                    u"%1 %2"_s.arg(below(2) != 0 ? u"Img"_s : u"\u00e9cran"_s).arg(below(40));
+                for (const int attribute : kAttributes) {
+                    const bool isText = attribute == Media::k_mediaTitle;
+                    if (below(10) != 0)
+                        media->setAttribute(attribute,
+                                            isText ? QVariant(name)
+                                            : attribute >= Media::k_mediaDateCreated &&
+                                                    attribute <= Media::k_mediaDateModified
+                                                ? QVariant(QDateTime::fromMSecsSinceEpoch(below(50)))
+                                                : QVariant(below(50)));
+                }
+            }
+            QVERIFY(context.save().ok());
+        }
+        std::vector<RowId> ids;
+        for (RowId id = 1; id <= 600; id += few ? 31 : 2)
+            ids.push_back(id);
+        auto expected = ids;
+        const int attribute = kAttributes[key];
+        std::sort(expected.begin(), expected.end(), [&](RowId left, RowId right) {
+            const QVariant a = context.object<Media>(left)->attribute(attribute);
+            const QVariant b = context.object<Media>(right)->attribute(attribute);
+            int order = static_cast<int>(a.isValid()) - static_cast<int>(b.isValid());
+            if (order == 0 && a.isValid()) {
+                const auto numeric = QVariant::compare(a, b);
+                order = key == 0 ? mosaro::base::finderStyleCompare(a.toString(), b.toString())
+                                 : (numeric == QPartialOrdering::Less      ? -1
+                                    : numeric == QPartialOrdering::Greater ? 1
+                                                                           : 0);
+            }
+            if (order == 0)
+                order = left < right ? -1 : 1;
+            return ascending ? order < 0 : order > 0;
+        });
+        std::shuffle(ids.begin(), ids.end(), std::mt19937(3));
+        const auto ordered = orderMedia(context, ids, key, ascending);
+        QVERIFY(ordered.ok());
+        QCOMPARE(ordered.value(), expected);
+    }
+
+    void mediaSets()
+    {
+        auto& context = m_library->context();
+        const auto five = Predicate::compare(kRating, Comparison::Equal, 5);
+        const MediaSet set =
+            mediaSet(context, {five, Predicate::compare(kRating, Comparison::Greater, 3), five});
+        QCOMPARE(set.ids, (std::vector<RowId>{6}));
+        QCOMPARE(set.totalFileSize, 1000);
+        QVERIFY(mediaSet(context, {}).ids.empty());
+        const MediaSet all = mediaSet(context, {five, Predicate::all()});
+        QCOMPARE(all.ids.size(), size_t(10));
+        QVERIFY(std::is_sorted(all.ids.begin(), all.ids.end()));
+        QCOMPARE(all.totalFileSize, 10000);
+        const std::vector<RowId> given{9, 1, 5};
+        QCOMPARE(orderMedia(context, given, 9, true).value(), given);
+        QCOMPARE(orderMedia(context, given, -1, true).value(), given);
+        const std::vector<RowId> gone{999, 2, 1};
+        QCOMPARE(orderMedia(context, gone, 7, false).value(), (std::vector<RowId>{2, 1}));
+    }
+
+    void sortsAndLimits()
+    {
+        Query query;
+        query.predicate = Predicate::compare(kRating, Comparison::Greater, 0);
+        query.order = {{kRating, false}, {"mediaDateImported"_L1, true}};
+        query.limit = 3;
+        const auto ids = m_library->context().fetchIds(Media::info(), query);
+        QCOMPARE(ids.value(), (std::vector<RowId>{6, 4, 10}));
+        query.order = {{"nonsense"_L1, true}};
+        QVERIFY(!m_library->context().fetchIds(Media::info(), query).ok());
+    }
+
+    void counts()
+    {
+        auto& context = m_library->context();
+        QCOMPARE(context.sum(Media::info(), "mediaFileSize"_L1, Predicate::all()).value(), 10000);
+        QCOMPARE(context.sum(Media::info(), "mediaFileSize"_L1, Predicate::nothing()).value(), 0);
+        QVERIFY(!context.sum(Media::info(), "x"_L1, Predicate::all()).ok());
+    }
+
+    void fetchesWithoutHoldingUpTheMainThread()
+    {
+        StoreContext& context = m_library->context();
+        Query query{title(Comparison::NotEqual, u"none"_s), {{kTitle, false, true}}, -1};
+        const auto expected = context.fetch<Media>(query);
+        QVERIFY(!expected.value().empty());
+        const Query broken{Predicate::compare("none"_L1, Comparison::Equal, 1), {}, -1};
+        std::optional<mosaro::base::Result<std::vector<std::shared_ptr<Media>>>> found;
+        std::optional<mosaro::base::Result<std::vector<std::shared_ptr<Media>>>> failed;
+        {
+            AsynchronousFetch fetch(context);
+            fetch.executeFetchRequest<Media>(query, nullptr);
+            fetch.executeFetchRequest<Media>(query, [&found](const auto& result) { found = result; });
+            fetch.executeFetchRequest<Media>(broken, [&failed](const auto& result) { failed = result; });
+            QVERIFY(!found); // Never at once.
+            QTRY_VERIFY(found && failed);
+            fetch.executeFetchRequest<Media>(query, [](const auto&) { QFAIL("completed after its end"); });
+        }
+        QCOMPARE(found->value(), expected.value()); // The very same records, in order.
+        QVERIFY(!failed->ok() && !failed->reason().isEmpty());
+        QCoreApplication::processEvents();
+    }
 
 private:
-    QStringList titles(const Predicate& predicate);
+    QStringList titles(const Predicate& predicate)
+    {
+        Query query;
+        query.predicate = predicate;
+        const auto found = m_library->context().fetchIds(Media::info(), query);
+        if (!found)
+            return {found.reason()};
+        QStringList numbers;
+        for (const RowId id : found.value())
+            numbers.append(QString::number(id - 1));
+        numbers.sort();
+        return numbers;
+    }
 
     std::unique_ptr<TemporaryLibrary> m_library;
 };
-
-/// Ten items: the title is the row's number but for those with a name; some have no rating or no address.
-void TestQuery::initTestCase()
-{
-    mosaro::base::installTexts();
-    m_library = std::make_unique<TemporaryLibrary>();
-    const auto collection = m_library->addCollection(QStringLiteral("c"));
-    const QStringList names{QStringLiteral("it's \"50%\" _off_ \\ [a-z]*?"),
-                            QStringLiteral("Caf\u00e9"),
-                            QStringLiteral("cafe\u0301 au lait"),
-                            QStringLiteral("STRASSE"),
-                            QStringLiteral("stra\u00dfe"),
-                            withNul(QStringLiteral("nul"), QStringLiteral("tail")),
-                            QStringLiteral("\u0130stanbul"),
-                            QStringLiteral("\uac01"),
-                            QString(),
-                            QStringLiteral("\u041f\u0440\u0438\u0432\u0435\u0442 \U0001F600")};
-    for (int i = 0; i < names.size(); ++i) {
-        const auto media = m_library->addMedia(names[i], collection);
-        if (i == 3)
-            media->setAttribute(Media::k_mediaTitle, {});
-        media->setAttribute(Media::k_mediaRating, i % 4 == 0 ? QVariant() : QVariant(i % 6));
-        if (i == 1)
-            media->setMediaWeburl(QStringLiteral("http://example.org/?a='1'"));
-        if (i == 2)
-            media->setMediaWeburl(QString());
-        media->setMediaDateImported(QDateTime(QDate(2024, 1, i + 1), QTime(12, 0), Qt::UTC));
-    }
-    QVERIFY(m_library->context().save().ok());
-}
-
-QStringList TestQuery::titles(const Predicate& predicate)
-{
-    Query query;
-    query.predicate = predicate;
-    const auto found = m_library->context().fetchIds(Media::info(), query);
-    if (!found)
-        return {found.reason()};
-    QStringList numbers;
-    for (const RowId id : found.value())
-        numbers.append(QString::number(id - 1));
-    numbers.sort();
-    return numbers;
-}
-
-void TestQuery::finds_data()
-{
-    QTest::addColumn<Predicate>("predicate");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char* name, Predicate predicate, const char* expected) {
-        QTest::newRow(name) << std::move(predicate) << QString::fromLatin1(expected);
-    };
-    using enum Comparison;
-    row("all", Predicate::all(), "0 1 2 3 4 5 6 7 8 9");
-    row("nothing", Predicate::nothing(), "");
-    row("all of none", Predicate::allOf({}), "0 1 2 3 4 5 6 7 8 9");
-    row("any of none", Predicate::anyOf({}), "");
-    row("quote", title(Contains, QStringLiteral("it's \"50%\"")), "0");
-    row("injection", title(Equal, QStringLiteral("' OR 1=1 --")), "");
-    row("percent is a character", title(Contains, QStringLiteral("%")), "0");
-    row("underscore is a character", title(BeginsWith, QStringLiteral("_t's")), "");
-    row("backslash", title(Contains, QStringLiteral("\\ [")), "0");
-    row("star is a character", title(EndsWith, QStringLiteral("*?")), "0");
-    row("exact", title(Equal, QStringLiteral("Caf\u00e9")), "1");
-    row("exact is exact", title(Equal, QStringLiteral("caf\u00e9")), "");
-    row("case", title(Equal, QStringLiteral("CAF\u00c9"), Fold::Case), "1");
-    row("case keeps accents", title(Contains, QStringLiteral("CAFE"), Fold::Case), "");
-    row("case, composed otherwise", title(BeginsWith, QStringLiteral("CAF\u00c9"), Fold::Case), "1 2");
-    row("case and diacritics", title(Contains, QStringLiteral("CAFE"), Fold::CaseAndDiacritics), "1 2");
-    row("accent in the part", title(Contains, QStringLiteral("f\u00e8"), Fold::CaseAndDiacritics), "1 2");
-    row("sharp s", title(Equal, QStringLiteral("STRASSE"), Fold::Case), "4");
-    row("dotted I", title(BeginsWith, QStringLiteral("istan"), Fold::CaseAndDiacritics), "6");
-    row("cyrillic", title(Contains, QStringLiteral("\u041f\u0420\u0418\u0412"), Fold::Case), "9");
-    row("beyond the basic plane", title(EndsWith, QStringLiteral("\U0001F600")), "9");
-    row("a syllable is no prefix", title(Contains, QStringLiteral("\uac00"), Fold::CaseAndDiacritics), "");
-    row("nul", title(Equal, withNul(QStringLiteral("nul"), QStringLiteral("tail"))), "5");
-    row("nul is no end", title(Equal, QStringLiteral("nul")), "");
-    row("after nul", title(EndsWith, QStringLiteral("TAIL"), Fold::Case), "5");
-    row("empty text", title(Equal, QString()), "8");
-    row("empty part is in every text", title(Contains, QString()), "0 1 2 4 5 6 7 8 9");
-    row("longer than the text", title(BeginsWith, QStringLiteral("\uac01\uac01")), "");
-    row("no value: equal", title(Equal, QVariant()), "3");
-    row("no value: not equal", title(NotEqual, QVariant()), "0 1 2 4 5 6 7 8 9");
-    row("not equal takes those without", title(NotEqual, QStringLiteral("Caf\u00e9")), "0 2 3 4 5 6 7 8 9");
-    row("not equal, folded", title(NotEqual, QStringLiteral("STRASSE"), Fold::Case), "0 1 2 3 5 6 7 8 9");
-    row("less leaves out those without", Predicate::compare(kRating, Less, 3), "1 2 6 7");
-    row("not less takes those without", Predicate::notOf(Predicate::compare(kRating, Less, 3)),
-        "0 3 4 5 8 9");
-    row("between",
-        Predicate::allOf(
-            {Predicate::compare(kRating, GreaterOrEqual, 2), Predicate::compare(kRating, LessOrEqual, 3)}),
-        "2 3 9");
-    row("fraction", Predicate::compare(kRating, Greater, 2.5), "3 5 9");
-    row("number as text", Predicate::compare(kRating, Equal, QStringLiteral("5")), "5");
-    row("or", Predicate::anyOf({Predicate::compare(kRating, Equal, 5), title(Equal, QString())}), "5 8");
-    row("not of not", Predicate::notOf(Predicate::notOf(Predicate::compare(kRating, Equal, 5))), "5");
-    row("and binds inside or",
-        Predicate::anyOf({Predicate::allOf({Predicate::compare(kRating, Equal, 5), Predicate::nothing()}),
-                          Predicate::compare(kRating, Equal, 2)}),
-        "2");
-    row("written empty is not missing", Predicate::compare(kWeburl, Equal, QString()), "2");
-    row("date",
-        Predicate::compare(QLatin1String("mediaDateImported"), Greater,
-                           QDateTime(QDate(2024, 1, 8), QTime(12, 0), Qt::UTC)),
-        "8 9");
-    row("in", Predicate::compare(kRating, In, QVariantList{5, 2, 77}), "2 5");
-    row("in nothing", Predicate::compare(kRating, In, QVariantList()), "");
-    row("in with missing", Predicate::compare(kRating, In, QVariantList{5, QVariant()}), "0 4 5 8");
-    row("in, folded",
-        title(In, QVariantList{QStringLiteral("CAFE"), QStringLiteral("x")}, Fold::CaseAndDiacritics), "1");
-}
-
-void TestQuery::finds()
-{
-    QFETCH(Predicate, predicate);
-    QFETCH(QString, expected);
-    QCOMPARE(titles(predicate).join(u' '), expected);
-}
-
-void TestQuery::refuses_data()
-{
-    QTest::addColumn<Predicate>("predicate");
-    QTest::newRow("unknown attribute")
-        << Predicate::compare(QLatin1String("1; DROP TABLE Media"), Comparison::Equal, 1);
-    QTest::newRow("another entity's") << Predicate::compare(QLatin1String("tagID"), Comparison::Equal, 1);
-    QTest::newRow("text for a number")
-        << Predicate::compare(kRating, Comparison::Less, QStringLiteral("many"));
-    QTest::newRow("no date") << Predicate::compare(QLatin1String("mediaDateImported"), Comparison::Less,
-                                                   QStringLiteral("soon"));
-    QTest::newRow("part of a number")
-        << Predicate::compare(kRating, Comparison::Contains, QStringLiteral("1"));
-    QTest::newRow("dictionary") << Predicate::compare(QLatin1String("mediaOtherInfo"), Comparison::Equal, 1);
-    QTest::newRow("no reference") << Predicate::linkedBy(MediaTagList::info(), QLatin1String("tagID"),
-                                                         Predicate::all());
-    QTest::newRow("inside a link") << Predicate::linkedBy(MediaTagList::info(), QLatin1String("media"),
-                                                          Predicate::compare(kTitle, Comparison::Equal, 1));
-}
-
-void TestQuery::refuses()
-{
-    QFETCH(Predicate, predicate);
-    auto& context = m_library->context();
-    const auto counted = context.count(Media::info(), Predicate::notOf(predicate));
-    QVERIFY(!counted.ok());
-    QVERIFY(!counted.reason().isEmpty());
-    QVERIFY(context.first<Media>(predicate) == nullptr);
-    const MediaSet set = mediaSet(context, {predicate, Predicate::compare(kRating, Comparison::Equal, 5)});
-    QCOMPARE(set.ids.size(), size_t(1));
-}
-
-void TestQuery::longAndDeepConditions()
-{
-    std::vector<Predicate> parts;
-    QVariantList list{withNul(QStringLiteral("nul"), QStringLiteral("tail"))};
-    for (int i = 0; i < 5000; ++i) {
-        parts.push_back(title(Comparison::Equal, QStringLiteral("'%1").arg(i)));
-        list.append(QStringLiteral("\"%1\\").arg(i));
-    }
-    parts.push_back(title(Comparison::Equal, QStringLiteral("Caf\u00e9")));
-    list.append(QStringLiteral("stra\u00dfe"));
-    QCOMPARE(titles(Predicate::anyOf(parts)), QStringList{QStringLiteral("1")});
-    QCOMPARE(titles(title(Comparison::In, list)), (QStringList{QStringLiteral("4"), QStringLiteral("5")}));
-    QVariantList numbers;
-    for (int i = 5; i < 40000; ++i)
-        numbers.append(i);
-    QCOMPARE(titles(Predicate::compare(kRating, Comparison::In, numbers)), QStringList{QStringLiteral("5")});
-}
-
-void TestQuery::linkedBy()
-{
-    TemporaryLibrary library;
-    const auto collection = library.addCollection(QStringLiteral("c"));
-    const auto a = library.addMedia(QStringLiteral("a"), collection);
-    const auto b = library.addMedia(QStringLiteral("b"), collection);
-    (void)library.addMedia(QStringLiteral("c"), collection);
-    const auto tag = library.addTag(QStringLiteral("x"));
-    const auto other = library.addTag(QStringLiteral("y"));
-    library.link(a, tag);
-    library.link(b, other);
-    library.link(b, tag);
-    const auto tagged = [&](const std::shared_ptr<Tags>& wanted) {
-        const auto condition = Predicate::compare(QLatin1String("tagID"), Comparison::Equal, wanted->tagID());
-        return Predicate::linkedBy(MediaTagList::info(), QLatin1String("media"), condition);
-    };
-    QCOMPARE(mediaSet(library.context(), {tagged(tag)}).ids, (std::vector<RowId>{a->rowId(), b->rowId()}));
-    QCOMPARE(mediaSet(library.context(), {Predicate::allOf({tagged(tag), tagged(other)})}).ids,
-             std::vector<RowId>{b->rowId()});
-    QCOMPARE(library.context().count(Media::info(), Predicate::notOf(tagged(tag))).value(), 1);
-}
-
-void TestQuery::ordersByAnyKey_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<bool>("ascending");
-    QTest::addColumn<bool>("few");
-    for (int key = 0; key <= 8; ++key) {
-        for (const bool ascending : {true, false}) {
-            for (const bool few : {true, false})
-                QTest::addRow("key %d%s%s", key, ascending ? "" : " descending", few ? ", few" : "")
-                    << key << ascending << few;
-        }
-    }
-}
-
-void TestQuery::ordersByAnyKey()
-{
-    QFETCH(int, key);
-    QFETCH(bool, ascending);
-    QFETCH(bool, few);
-    static const int kAttributes[] = {
-        Media::k_mediaTitle,        Media::k_mediaFileSize,     Media::k_mediaRating,
-        Media::k_mediaWidth,        Media::k_mediaHeight,       Media::k_mediaDateCreated,
-        Media::k_mediaDateModified, Media::k_mediaDateImported, Media::k_mediaDateLastOpened};
-    static TemporaryLibrary library;
-    auto& context = library.context();
-    if (context.count(Media::info(), Predicate::all()).value() == 0) {
-        std::mt19937 random(7);
-        const auto below = [&random](unsigned limit) { return static_cast<int>(random() % limit); };
-        for (int i = 0; i < 600; ++i) {
-            auto media = context.insert<Media>();
-            media->setMediaID(freshID());
-            const QString name =
-                QStringLiteral("%1 %2")
-                    .arg(below(2) != 0 ? QStringLiteral("Img") : QStringLiteral("\u00e9cran"))
-                    .arg(below(40));
-            for (const int attribute : kAttributes) {
-                const bool isText = attribute == Media::k_mediaTitle;
-                if (below(10) != 0)
-                    media->setAttribute(attribute, isText ? QVariant(name)
-                                                   : attribute >= Media::k_mediaDateCreated &&
-                                                           attribute <= Media::k_mediaDateModified
-                                                       ? QVariant(QDateTime::fromMSecsSinceEpoch(below(50)))
-                                                       : QVariant(below(50)));
-            }
-        }
-        QVERIFY(context.save().ok());
-    }
-    std::vector<RowId> ids;
-    for (RowId id = 1; id <= 600; id += few ? 31 : 2)
-        ids.push_back(id);
-    auto expected = ids;
-    const int attribute = kAttributes[key];
-    std::sort(expected.begin(), expected.end(), [&](RowId left, RowId right) {
-        const QVariant a = context.object<Media>(left)->attribute(attribute);
-        const QVariant b = context.object<Media>(right)->attribute(attribute);
-        int order = static_cast<int>(a.isValid()) - static_cast<int>(b.isValid());
-        if (order == 0 && a.isValid()) {
-            const auto numeric = QVariant::compare(a, b);
-            order = key == 0 ? mosaro::base::finderStyleCompare(a.toString(), b.toString())
-                             : (numeric == QPartialOrdering::Less      ? -1
-                                : numeric == QPartialOrdering::Greater ? 1
-                                                                       : 0);
-        }
-        if (order == 0)
-            order = left < right ? -1 : 1;
-        return ascending ? order < 0 : order > 0;
-    });
-    std::shuffle(ids.begin(), ids.end(), std::mt19937(3));
-    const auto ordered = orderMedia(context, ids, key, ascending);
-    QVERIFY(ordered.ok());
-    QCOMPARE(ordered.value(), expected);
-}
-
-void TestQuery::mediaSets()
-{
-    auto& context = m_library->context();
-    const auto five = Predicate::compare(kRating, Comparison::Equal, 5);
-    const MediaSet set = mediaSet(context, {five, Predicate::compare(kRating, Comparison::Greater, 3), five});
-    QCOMPARE(set.ids, (std::vector<RowId>{6}));
-    QCOMPARE(set.totalFileSize, 1000);
-    QVERIFY(mediaSet(context, {}).ids.empty());
-    const MediaSet all = mediaSet(context, {five, Predicate::all()});
-    QCOMPARE(all.ids.size(), size_t(10));
-    QVERIFY(std::is_sorted(all.ids.begin(), all.ids.end()));
-    QCOMPARE(all.totalFileSize, 10000);
-    const std::vector<RowId> given{9, 1, 5};
-    QCOMPARE(orderMedia(context, given, 9, true).value(), given);
-    QCOMPARE(orderMedia(context, given, -1, true).value(), given);
-    const std::vector<RowId> gone{999, 2, 1};
-    QCOMPARE(orderMedia(context, gone, 7, false).value(), (std::vector<RowId>{2, 1}));
-}
-
-void TestQuery::sortsAndLimits()
-{
-    Query query;
-    query.predicate = Predicate::compare(kRating, Comparison::Greater, 0);
-    query.order = {{kRating, false}, {QLatin1String("mediaDateImported"), true}};
-    query.limit = 3;
-    const auto ids = m_library->context().fetchIds(Media::info(), query);
-    QCOMPARE(ids.value(), (std::vector<RowId>{6, 4, 10}));
-    query.order = {{QLatin1String("nonsense"), true}};
-    QVERIFY(!m_library->context().fetchIds(Media::info(), query).ok());
-}
-
-void TestQuery::counts()
-{
-    auto& context = m_library->context();
-    QCOMPARE(context.sum(Media::info(), QLatin1String("mediaFileSize"), Predicate::all()).value(), 10000);
-    QCOMPARE(context.sum(Media::info(), QLatin1String("mediaFileSize"), Predicate::nothing()).value(), 0);
-    QVERIFY(!context.sum(Media::info(), QLatin1String("x"), Predicate::all()).ok());
-}
-
-void TestQuery::fetchesWithoutHoldingUpTheMainThread()
-{
-    StoreContext& context = m_library->context();
-    Query query{title(Comparison::NotEqual, QStringLiteral("none")), {{kTitle, false, true}}, -1};
-    const auto expected = context.fetch<Media>(query);
-    QVERIFY(!expected.value().empty());
-    const Query broken{Predicate::compare(QLatin1String("none"), Comparison::Equal, 1), {}, -1};
-    std::optional<mosaro::base::Result<std::vector<std::shared_ptr<Media>>>> found;
-    std::optional<mosaro::base::Result<std::vector<std::shared_ptr<Media>>>> failed;
-    {
-        AsynchronousFetch fetch(context);
-        fetch.executeFetchRequest<Media>(query, nullptr);
-        fetch.executeFetchRequest<Media>(query, [&found](const auto& result) { found = result; });
-        fetch.executeFetchRequest<Media>(broken, [&failed](const auto& result) { failed = result; });
-        QVERIFY(!found); // Never at once.
-        QTRY_VERIFY(found && failed);
-        fetch.executeFetchRequest<Media>(query, [](const auto&) { QFAIL("completed after its end"); });
-    }
-    QCOMPARE(found->value(), expected.value()); // The very same records, in order.
-    QVERIFY(!failed->ok() && !failed->reason().isEmpty());
-    QCoreApplication::processEvents();
-}
 
 QTEST_GUILESS_MAIN(TestQuery)
 #include "tst_query.moc"

@@ -3,9 +3,9 @@
 #include "store/ColorList.h"
 #include "store/MediaTagList.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QUuid>
+
+using namespace Qt::StringLiterals;
 
 namespace mosaro::test {
 
@@ -14,20 +14,12 @@ QString freshID()
     return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
 }
 
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qUtf8Printable(path));
-}
-
 TemporaryLibrary::TemporaryLibrary(Manager manager)
-    : m_defaults(std::make_unique<base::ZNUserDefaults>(m_root.path() + QStringLiteral("/preferences.ini"))),
+    : m_defaults(std::make_unique<base::ZNUserDefaults>(m_root.path() + u"/preferences.ini"_s)),
       m_own(manager == Manager::Own ? std::make_unique<store::ZNDBManager>() : nullptr),
       m_manager(m_own ? m_own.get() : &store::ZNDBManager::sharedManager())
 {
-    m_manager->setUp(*m_defaults, m_bookmarks, m_root.path() + QStringLiteral("/support"));
+    m_manager->setUp(*m_defaults, m_bookmarks, m_root.path() + u"/support"_s);
     m_manager->setPrompts(&m_prompts);
     if (!m_manager->createLibaryAtPath(packagePath()))
         qFatal("no temporary library: %s", qUtf8Printable(m_manager->lastError()));
@@ -41,7 +33,7 @@ TemporaryLibrary::~TemporaryLibrary()
 
 QString TemporaryLibrary::folder(const QString& name)
 {
-    const QString path = m_root.path() + QLatin1Char('/') + name;
+    const QString path = m_root.path() + u'/' + name;
     QDir().mkpath(path);
     return path;
 }
@@ -99,9 +91,9 @@ TemporaryLibrary::addMedia(const QString& title, const std::shared_ptr<store::Co
     media->setMediaDateImported(now);
     media->setMediaDateLastOpened(now);
     const QString item = store::LibraryPackage::itemFolder(now.date(), media->mediaID());
-    media->setMediaPath(item + QStringLiteral("/Originals/file.png"));
-    media->setMediaThumbPath(item + QStringLiteral("/Preivew/preview.png"));
-    media->setMediaOriginalPath(m_root.path() + QStringLiteral("/files/file.png"));
+    media->setMediaPath(item + u"/Originals/file.png"_s);
+    media->setMediaThumbPath(item + u"/Preivew/preview.png"_s);
+    media->setMediaOriginalPath(m_root.path() + u"/files/file.png"_s);
     media->setMediaPID(collection->collectionID());
     media->setCollections(collection);
     save();

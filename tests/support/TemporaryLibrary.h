@@ -7,6 +7,7 @@
 #include "store/Tags.h"
 #include "store/ZNDBManager.h"
 #include "support/FakePlatform.h"
+#include "support/Files.h"
 
 #include <QTemporaryDir>
 #include <memory>
@@ -61,8 +62,5 @@ private:
 
 /// A random identifier as records have.
 [[nodiscard]] QString freshID();
-
-/// Writes a file with its folders; fails the program when that is impossible.
-void writeFile(const QString& path, const QByteArray& bytes);
 
 } // namespace mosaro::test
