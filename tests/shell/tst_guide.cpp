@@ -11,6 +11,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace mosaro;
 using shell::Guide;
 using shell::GuideButtons;
@@ -33,9 +34,15 @@ QPushButton* visibleButton(const Guide& guide, const QString& text)
     return nullptr;
 }
 
+void show(Guide& guide, const QSize& size)
+{
+    guide.resize(size);
+    guide.show();
+}
+
 shell::AboutFacts facts()
 {
-    return {QStringLiteral("1.2.3"), QStringLiteral("45"), QStringLiteral("Maria Muster"), 2026};
+    return {u"1.2.3"_s, u"45"_s, u"Maria Muster"_s, 2026};
 }
 
 } // namespace
@@ -51,26 +58,13 @@ private Q_SLOTS:
     }
     void init() { setReducedMotion(true); }
 
-    void buttonsOfEachPage_data()
-    {
-        QTest::addColumn<int>("page");
-        QTest::addColumn<bool>("previous");
-        QTest::addColumn<bool>("next");
-        QTest::addColumn<bool>("done");
-        QTest::newRow("first") << 1 << false << true << false;
-        for (int page = 2; page <= 6; ++page) {
-            QTest::addRow("page %d", page) << page << true << true << false;
-        }
-        QTest::newRow("seventh") << 7 << false << false << true;
-        QTest::newRow("last") << 8 << false << false << false;
-    }
     void buttonsOfEachPage()
     {
-        QFETCH(int, page);
-        QFETCH(bool, previous);
-        QFETCH(bool, next);
-        QFETCH(bool, done);
-        QCOMPARE(GuideButtons::onPage(page), (GuideButtons{previous, next, done}));
+        QCOMPARE(GuideButtons::onPage(1), (GuideButtons{false, true, false}));
+        QCOMPARE(GuideButtons::onPage(2), (GuideButtons{true, true, false}));
+        QCOMPARE(GuideButtons::onPage(6), (GuideButtons{true, true, false}));
+        QCOMPARE(GuideButtons::onPage(7), (GuideButtons{false, false, true}));
+        QCOMPARE(GuideButtons::onPage(8), (GuideButtons{false, false, false}));
     }
 
     void everyPageHasTextAndADrawing()
@@ -95,8 +89,7 @@ private Q_SLOTS:
         QFETCH(bool, reduced);
         setReducedMotion(reduced);
         Guide guide;
-        guide.resize(1000, 700);
-        guide.show();
+        show(guide, {1000, 700});
         guide.naviagateGuidePage(Guide::Back);
         QCOMPARE(guide.guideIndex(), 1);
         guide.showLastGuide();
@@ -125,8 +118,7 @@ private Q_SLOTS:
     void keyboard()
     {
         Guide guide;
-        guide.resize(1000, 700);
-        guide.show();
+        show(guide, {1000, 700});
         QSignalSpy finished(&guide, &Guide::finished);
         QTest::keyClick(&guide, Qt::Key_Right);
         QTest::keyClick(&guide, Qt::Key_Return);
@@ -147,8 +139,7 @@ private Q_SLOTS:
     void guideFitsASmallWindow()
     {
         Guide guide;
-        guide.resize(500, 360);
-        guide.show();
+        show(guide, {500, 360});
         for (const QPushButton* button : guide.findChildren<QPushButton*>()) {
             if (!button->isHidden()) {
                 QVERIFY(guide.rect().contains(QRect(button->mapTo(&guide, QPoint(0, 0)), button->size())));
@@ -182,9 +173,9 @@ private Q_SLOTS:
         shell::About about(facts());
         QSignalSpy ended(&about, &shell::About::creditsEnded);
         int leftmost = about.textFieldOffset();
-        const auto watch = [&about, &leftmost] { leftmost = qMin(leftmost, about.textFieldOffset()); };
         QTimer sampler;
-        connect(&sampler, &QTimer::timeout, this, watch);
+        connect(&sampler, &QTimer::timeout, this,
+                [&about, &leftmost] { leftmost = qMin(leftmost, about.textFieldOffset()); });
         sampler.start(5);
         about.showWindow();
         QCOMPARE(about.labelAlpha(), 0.0);
@@ -202,9 +193,9 @@ private Q_SLOTS:
         for (const QLabel* label : about.findChildren<QLabel*>()) {
             texts << label->text();
         }
-        QVERIFY(texts.contains(QStringLiteral("Version 1.2.3 (45)")));
-        QVERIFY(texts.contains(QStringLiteral("Special thanks to Maria Muster")));
-        QVERIFY(texts.filter(QStringLiteral("2026")).size() == 1);
+        QVERIFY(texts.contains(u"Version 1.2.3 (45)"_s));
+        QVERIFY(texts.contains(u"Special thanks to Maria Muster"_s));
+        QVERIFY(texts.filter(u"2026"_s).size() == 1);
     }
 
     void eachShowingOfAboutIsNew()

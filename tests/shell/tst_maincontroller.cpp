@@ -14,6 +14,7 @@
 #include <QMenuBar>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
 using namespace mosaro;
 using namespace mosaro::shell;
 
@@ -21,225 +22,207 @@ class MainControllerTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void showsALibrary();
-    void selectionReachesTheBrowser();
-    void findsMediaInItsCollection();
-    void sheetMakesBusyAndKeepsTheWindow();
-    void closingEndsTheLibrary();
-    void sidebarStaysHidden();
-    void doubleClickOnTheHeadScrollsToTheTop();
-    void guideComesFirst();
-    void copyModeFollowsTheRecord();
-    void menusFollowTheWindow();
-    void frameIsRemembered();
+    void initTestCase()
+    {
+        base::installTexts();
+        kit::installLook(*qApp);
+    }
+
+    void init()
+    {
+        m_library = std::make_unique<test::TemporaryLibrary>();
+        m_library->defaults().initialize();
+        m_shell = std::make_unique<test::ShellFixture>(m_library->manager(), m_library->defaults(),
+                                                       m_library->prompts());
+    }
+
+    void cleanup()
+    {
+        m_controller.reset();
+        m_shell.reset();
+        m_library.reset();
+    }
+
+    void showsALibrary()
+    {
+        MRController controller(m_shell->environment);
+        QVERIFY(!controller.controllerDidLoad());
+        controller.setLibraryPath({});
+        QVERIFY(!controller.controllerDidLoad() && !controller.isWindowVisible());
+        controller.showWindow();
+        QVERIFY(!controller.isWindowVisible());
+        controller.setLibraryPath(m_library->packagePath());
+        QVERIFY(controller.controllerDidLoad());
+        QVERIFY(controller.isWindowVisible());
+        QVERIFY(!controller.isBusy());
+    }
+
+    void selectionReachesTheBrowser()
+    {
+        const auto first = m_library->addCollection(u"First"_s);
+        const auto second = m_library->addCollection(u"Second"_s);
+        m_library->addMedia(u"a"_s, first);
+        m_library->addMedia(u"b"_s, second);
+        m_library->addMedia(u"c"_s, second);
+        open();
+        m_controller->libraryView()->findCollectionItem(second->collectionID());
+        QTRY_COMPARE(m_controller->browserView()->itemCount(), 2);
+        QCOMPARE(m_controller->browserView()->selectedCollectionName(), u"Second"_s);
+        QVERIFY(m_controller->browserView()->isUserCollection());
+        m_controller->libraryView()->findCollectionItem(first->collectionID());
+        QTRY_COMPARE(m_controller->browserView()->itemCount(), 1);
+    }
+
+    void findsMediaInItsCollection()
+    {
+        const auto collection = m_library->addCollection(u"Found"_s);
+        m_library->addMedia(u"a"_s, collection);
+        const auto wanted = m_library->addMedia(u"b"_s, collection);
+        open();
+        m_controller->findMedia(wanted->mediaID(), collection->collectionID());
+        QTRY_COMPARE(m_controller->browserView()->currentCollectionID(),
+                     collection->collectionID() + u"+Collection"_s);
+        QTRY_COMPARE(m_controller->browserView()->selectedCount(), 1);
+    }
+
+    void sheetMakesBusyAndKeepsTheWindow()
+    {
+        open();
+        m_controller->begin(u"Working"_s);
+        QVERIFY(m_controller->isBusy());
+        m_controller->performClose();
+        QVERIFY(m_controller->isWindowVisible());
+        QVERIFY(m_library->isOpen());
+        QCOMPARE(m_library->prompts().beeps, 1);
+        m_controller->end();
+        QTRY_VERIFY(!m_controller->isBusy());
+        m_controller->performClose();
+        QVERIFY(!m_controller->isWindowVisible());
+    }
+
+    void closingEndsTheLibrary()
+    {
+        open();
+        bool preferencesClosed = false;
+        QObject observer;
+        m_shell->utilities.bus().observe(base::MOSARO_NOTI_CLOSE_PREFS_WINDOW, &observer,
+                                         [&](const QVariant&) { preferencesClosed = true; });
+        QSignalSpy closed(m_controller.get(), &MRController::closed);
+        m_library->state().addExpandedCollection(u"kept"_s);
+        m_controller->performClose();
+        QCOMPARE(closed.count(), 1);
+        QVERIFY(preferencesClosed);
+        QVERIFY(!m_library->isOpen());
+        QVERIFY(!m_controller->controllerDidLoad());
+        QVERIFY(m_library->defaults().contains(base::PREFS_GLOBAL_MAIN_WINDOW_IS_FULLSCREEN));
+        QVERIFY(!m_library->defaults().boolean(base::PREFS_GLOBAL_MAIN_WINDOW_IS_FULLSCREEN, true));
+        QVERIFY(m_library->reopen());
+        QVERIFY(m_library->state().expandedCollections().contains(u"kept"_s));
+    }
+
+    void sidebarStaysHidden()
+    {
+        open();
+        QVERIFY(!m_controller->isHiddenSidebar());
+        QVERIFY(!m_library->defaults().contains(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR));
+        m_controller->toggleSplitView();
+        QVERIFY(m_controller->isHiddenSidebar());
+        QVERIFY(m_library->defaults().boolean(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR));
+        m_controller->performClose();
+        QVERIFY(m_library->reopen());
+        open();
+        QVERIFY(m_controller->isHiddenSidebar());
+        QCOMPARE(m_shell->menus.item(MenuId::View, 4)->text(), base::text("Basic.Show.Sidebar"));
+        m_controller->toggleSplitView();
+        QVERIFY(!m_library->defaults().boolean(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR, true));
+        QCOMPARE(m_shell->menus.item(MenuId::View, 4)->text(), base::text("Basic.Hide.Sidebar"));
+    }
+
+    void doubleClickOnTheHeadScrollsToTheTop()
+    {
+        open();
+        int requests = 0;
+        QObject observer;
+        m_shell->utilities.bus().observe(base::MOSARO_NOTI_SCROLL_TO_TOP, &observer,
+                                         [&](const QVariant&) { ++requests; });
+        auto* head = m_controller->window().findChild<QMenuBar*>();
+        QTest::mouseDClick(head, Qt::LeftButton, {}, QPoint(head->width() - 5, head->height() / 2));
+        QCOMPARE(requests, 1);
+        QTest::mouseDClick(head, Qt::RightButton, {}, QPoint(head->width() - 5, head->height() / 2));
+        QCOMPARE(requests, 1);
+    }
+
+    void guideComesFirst()
+    {
+        m_shell->environment.unattended = false;
+        QVERIFY(m_library->package()
+                    .writeVersionRecord({{u"Version"_s, u"0.1"_s}, {u"Copy items to library"_s, true}})
+                    .ok());
+        open();
+        const auto version = [this] {
+            return m_library->package().versionRecord().value(u"Version"_s).toString();
+        };
+        QTRY_VERIFY(m_controller->isBusy());
+        auto* guide = m_controller->window().findChild<Guide*>();
+        QVERIFY(guide != nullptr);
+        QCOMPARE(version(), u"0.1"_s);
+        guide->showLastGuide();
+        guide->closeGuidePage();
+        QTRY_VERIFY(!m_controller->isBusy());
+        QVERIFY(!m_library->defaults().showGuide());
+        QTRY_COMPARE(version(), base::ZNUserDefaults::applicationVersion());
+    }
+
+    void copyModeFollowsTheRecord()
+    {
+        open();
+        QVERIFY(m_controller->isCopyImageToLib());
+        QVariantMap record = m_library->package().versionRecord();
+        record.insert(u"Copy items to library"_s, false);
+        QVERIFY(m_library->package().writeVersionRecord(record).ok());
+        m_shell->utilities.postNotification(base::MOSARO_NOTE_UPDATED_USER_DEFINED_BOOKMARKS);
+        QVERIFY(!m_controller->isCopyImageToLib());
+    }
+
+    void menusFollowTheWindow()
+    {
+        const auto collection = m_library->addCollection(u"Sorted"_s);
+        open();
+        m_controller->libraryView()->findCollectionItem(collection->collectionID());
+        QAction* sort = m_shell->menus.item(MenuId::BrowserView, 9);
+        QVERIFY(sort->isEnabled());
+        m_controller->browserView()->sortMedia(23);
+        QVERIFY(sort->isChecked());
+        m_controller->browserView()->sortMedia(24);
+        QVERIFY(!sort->isChecked());
+        m_controller->performClose();
+        QVERIFY(!sort->isEnabled());
+        QVERIFY(!m_shell->menus.item(MenuId::File, 5)->isEnabled());
+    }
+
+    void frameIsRemembered()
+    {
+        open();
+        m_controller->window().setGeometry(5, 6, 760, 540);
+        m_controller->performClose();
+        QVERIFY(m_library->reopen());
+        open();
+        QCOMPARE(m_controller->window().size(), QSize(760, 540));
+    }
 
 private:
-    void open();
+    void open()
+    {
+        m_controller = std::make_unique<MRController>(m_shell->environment);
+        m_controller->showWindow();
+        m_controller->setLibraryPath(m_library->packagePath());
+        QVERIFY(QTest::qWaitForWindowExposed(&m_controller->window()));
+    }
 
     std::unique_ptr<test::TemporaryLibrary> m_library;
     std::unique_ptr<test::ShellFixture> m_shell;
     std::unique_ptr<MRController> m_controller;
 };
-
-void MainControllerTest::initTestCase()
-{
-    base::installTexts();
-    kit::installLook(*qApp);
-}
-
-void MainControllerTest::init()
-{
-    m_library = std::make_unique<test::TemporaryLibrary>();
-    m_library->defaults().initialize();
-    m_shell = std::make_unique<test::ShellFixture>(m_library->manager(), m_library->defaults(),
-                                                   m_library->prompts());
-}
-
-void MainControllerTest::cleanup()
-{
-    m_controller.reset();
-    m_shell.reset();
-    m_library.reset();
-}
-
-void MainControllerTest::open()
-{
-    m_controller = std::make_unique<MRController>(m_shell->environment);
-    m_controller->showWindow();
-    m_controller->setLibraryPath(m_library->packagePath());
-    QVERIFY(QTest::qWaitForWindowExposed(&m_controller->window()));
-}
-
-void MainControllerTest::showsALibrary()
-{
-    MRController controller(m_shell->environment);
-    QVERIFY(!controller.controllerDidLoad());
-    controller.setLibraryPath({});
-    QVERIFY(!controller.controllerDidLoad() && !controller.isWindowVisible());
-    controller.showWindow();
-    QVERIFY(!controller.isWindowVisible());
-    controller.setLibraryPath(m_library->packagePath());
-    QVERIFY(controller.controllerDidLoad());
-    QVERIFY(controller.isWindowVisible());
-    QVERIFY(!controller.isBusy());
-}
-
-void MainControllerTest::selectionReachesTheBrowser()
-{
-    const auto first = m_library->addCollection(QStringLiteral("First"));
-    const auto second = m_library->addCollection(QStringLiteral("Second"));
-    m_library->addMedia(QStringLiteral("a"), first);
-    m_library->addMedia(QStringLiteral("b"), second);
-    m_library->addMedia(QStringLiteral("c"), second);
-    open();
-    m_controller->libraryView()->findCollectionItem(second->collectionID());
-    QTRY_COMPARE(m_controller->browserView()->itemCount(), 2);
-    QCOMPARE(m_controller->browserView()->selectedCollectionName(), QStringLiteral("Second"));
-    QVERIFY(m_controller->browserView()->isUserCollection());
-    m_controller->libraryView()->findCollectionItem(first->collectionID());
-    QTRY_COMPARE(m_controller->browserView()->itemCount(), 1);
-}
-
-void MainControllerTest::findsMediaInItsCollection()
-{
-    const auto collection = m_library->addCollection(QStringLiteral("Found"));
-    m_library->addMedia(QStringLiteral("a"), collection);
-    const auto wanted = m_library->addMedia(QStringLiteral("b"), collection);
-    open();
-    m_controller->findMedia(wanted->mediaID(), collection->collectionID());
-    QTRY_COMPARE(m_controller->browserView()->currentCollectionID(),
-                 collection->collectionID() + QStringLiteral("+Collection"));
-    QTRY_COMPARE(m_controller->browserView()->selectedCount(), 1);
-}
-
-void MainControllerTest::sheetMakesBusyAndKeepsTheWindow()
-{
-    open();
-    m_controller->begin(QStringLiteral("Working"));
-    QVERIFY(m_controller->isBusy());
-    m_controller->performClose();
-    QVERIFY(m_controller->isWindowVisible());
-    QVERIFY(m_library->isOpen());
-    QCOMPARE(m_library->prompts().beeps, 1);
-    m_controller->end();
-    QTRY_VERIFY(!m_controller->isBusy());
-    m_controller->performClose();
-    QVERIFY(!m_controller->isWindowVisible());
-}
-
-void MainControllerTest::closingEndsTheLibrary()
-{
-    open();
-    bool preferencesClosed = false;
-    QObject observer;
-    m_shell->utilities.bus().observe(base::MOSARO_NOTI_CLOSE_PREFS_WINDOW, &observer,
-                                     [&](const QVariant&) { preferencesClosed = true; });
-    QSignalSpy closed(m_controller.get(), &MRController::closed);
-    m_library->state().addExpandedCollection(QStringLiteral("kept"));
-    m_controller->performClose();
-    QCOMPARE(closed.count(), 1);
-    QVERIFY(preferencesClosed);
-    QVERIFY(!m_library->isOpen());
-    QVERIFY(!m_controller->controllerDidLoad());
-    QVERIFY(m_library->defaults().contains(base::PREFS_GLOBAL_MAIN_WINDOW_IS_FULLSCREEN));
-    QVERIFY(!m_library->defaults().boolean(base::PREFS_GLOBAL_MAIN_WINDOW_IS_FULLSCREEN, true));
-    QVERIFY(m_library->reopen());
-    QVERIFY(m_library->state().expandedCollections().contains(QStringLiteral("kept")));
-}
-
-void MainControllerTest::sidebarStaysHidden()
-{
-    open();
-    QVERIFY(!m_controller->isHiddenSidebar());
-    QVERIFY(!m_library->defaults().contains(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR));
-    m_controller->toggleSplitView();
-    QVERIFY(m_controller->isHiddenSidebar());
-    QVERIFY(m_library->defaults().boolean(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR));
-    m_controller->performClose();
-    QVERIFY(m_library->reopen());
-    open();
-    QVERIFY(m_controller->isHiddenSidebar());
-    QCOMPARE(m_shell->menus.item(MenuId::View, 4)->text(), base::text("Basic.Show.Sidebar"));
-    m_controller->toggleSplitView();
-    QVERIFY(!m_library->defaults().boolean(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR, true));
-    QCOMPARE(m_shell->menus.item(MenuId::View, 4)->text(), base::text("Basic.Hide.Sidebar"));
-}
-
-void MainControllerTest::doubleClickOnTheHeadScrollsToTheTop()
-{
-    open();
-    int requests = 0;
-    QObject observer;
-    m_shell->utilities.bus().observe(base::MOSARO_NOTI_SCROLL_TO_TOP, &observer,
-                                     [&](const QVariant&) { ++requests; });
-    auto* head = m_controller->window().findChild<QMenuBar*>();
-    QTest::mouseDClick(head, Qt::LeftButton, {}, QPoint(head->width() - 5, head->height() / 2));
-    QCOMPARE(requests, 1);
-    QTest::mouseDClick(head, Qt::RightButton, {}, QPoint(head->width() - 5, head->height() / 2));
-    QCOMPARE(requests, 1);
-}
-
-void MainControllerTest::guideComesFirst()
-{
-    m_shell->environment.unattended = false;
-    QVERIFY(m_library->package()
-                .writeVersionRecord({{QStringLiteral("Version"), QStringLiteral("0.1")},
-                                     {QStringLiteral("Copy items to library"), true}})
-                .ok());
-    open();
-    const auto version = [this] {
-        return m_library->package().versionRecord().value(QStringLiteral("Version")).toString();
-    };
-    QTRY_VERIFY(m_controller->isBusy());
-    auto* guide = m_controller->window().findChild<Guide*>();
-    QVERIFY(guide != nullptr);
-    QCOMPARE(version(), QStringLiteral("0.1"));
-    guide->showLastGuide();
-    guide->closeGuidePage();
-    QTRY_VERIFY(!m_controller->isBusy());
-    QVERIFY(!m_library->defaults().showGuide());
-    QTRY_COMPARE(version(), base::ZNUserDefaults::applicationVersion());
-}
-
-void MainControllerTest::copyModeFollowsTheRecord()
-{
-    open();
-    QVERIFY(m_controller->isCopyImageToLib());
-    QVariantMap record = m_library->package().versionRecord();
-    record.insert(QStringLiteral("Copy items to library"), false);
-    QVERIFY(m_library->package().writeVersionRecord(record).ok());
-    m_shell->utilities.postNotification(base::MOSARO_NOTE_UPDATED_USER_DEFINED_BOOKMARKS);
-    QVERIFY(!m_controller->isCopyImageToLib());
-}
-
-void MainControllerTest::menusFollowTheWindow()
-{
-    const auto collection = m_library->addCollection(QStringLiteral("Sorted"));
-    open();
-    m_controller->libraryView()->findCollectionItem(collection->collectionID());
-    QAction* sort = m_shell->menus.item(MenuId::BrowserView, 9);
-    QVERIFY(sort->isEnabled());
-    m_controller->browserView()->sortMedia(23);
-    QVERIFY(sort->isChecked());
-    m_controller->browserView()->sortMedia(24);
-    QVERIFY(!sort->isChecked());
-    m_controller->performClose();
-    QVERIFY(!sort->isEnabled());
-    QVERIFY(!m_shell->menus.item(MenuId::File, 5)->isEnabled());
-}
-
-void MainControllerTest::frameIsRemembered()
-{
-    open();
-    m_controller->window().setGeometry(5, 6, 760, 540);
-    m_controller->performClose();
-    QVERIFY(m_library->reopen());
-    open();
-    QCOMPARE(m_controller->window().size(), QSize(760, 540));
-}
 
 QTEST_MAIN(MainControllerTest)
 #include "tst_maincontroller.moc"
