@@ -21,6 +21,7 @@ namespace {
 
 constexpr qint64 kFrame = 16;      ///< Milliseconds between two reports of progress.
 constexpr qint64 kCommitSlice = 8; ///< Milliseconds of commits in one turn of the event loop.
+constexpr int kTidyPause = 5;      ///< Milliseconds until the store is asked again whether it is ready.
 constexpr size_t kSwatches = 4;
 
 int threadCount(int wanted)
@@ -213,7 +214,8 @@ void ImportRun::Private::drain()
     m_draining = true;
     QElapsedTimer slice;
     slice.start();
-    while (canCommit() && slice.elapsed() < kCommitSlice) {
+    const auto& context = m_environment.context;
+    while (canCommit() && !context.isTidying() && slice.elapsed() < kCommitSlice) {
         commitNext();
     }
     m_draining = false;
@@ -222,7 +224,7 @@ void ImportRun::Private::drain()
     }
     startWorkers();
     if (canCommit()) {
-        m_drainTimer.start(0);
+        m_drainTimer.start(context.isTidying() ? kTidyPause : 0);
     }
 }
 

@@ -291,6 +291,11 @@ void StoreContext::compact()
     }
 }
 
+bool StoreContext::isTidying() const
+{
+    return d->file->isTidying();
+}
+
 QString StoreContext::storeID() const
 {
     return d->storeID;

@@ -74,6 +74,8 @@ public:
     [[nodiscard]] base::Result<void> checkIntegrity(bool thorough);
     /// Compacts the file when much of it is free. Called at open.
     void compact();
+    /// The store tidies up on a worker; who saves thousands of times in a row pauses meanwhile.
+    [[nodiscard]] bool isTidying() const;
     /// Random text made with the file; part of archived references.
     [[nodiscard]] QString storeID() const;
     [[nodiscard]] const QString& path() const;

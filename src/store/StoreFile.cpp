@@ -78,6 +78,7 @@ base::Result<std::unique_ptr<StoreFile>> StoreFile::open(const QString& path)
         if (const auto migrated = migrate(file->m_database, path, currentMigrations()); !migrated)
             return migrated.failure();
         file->refreshCollation();
+        file->m_checkpointer = std::make_unique<Checkpointer>(file->m_database.getHandle(), path);
         return file;
     } catch (const SQLite::Exception& error) {
         return storeFailure(error, path);

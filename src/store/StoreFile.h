@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Result.h"
+#include "store/Checkpointer.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -42,6 +43,8 @@ public:
 
     [[nodiscard]] SQLite::Database& database() { return m_database; }
     [[nodiscard]] const QString& path() const { return m_path; }
+    /// The log is being moved into the store.
+    [[nodiscard]] bool isTidying() const { return m_checkpointer->isRunning(); }
     [[nodiscard]] LentStatement statement(const QByteArray& sql);
     void execute(const QByteArray& sql);
     /// The first column of the first row; 0 for none.
@@ -60,6 +63,7 @@ private:
     SQLite::Database m_database;
     QHash<QByteArray, std::vector<std::shared_ptr<SQLite::Statement>>> m_unused;
     int m_pooled = 0;
+    std::unique_ptr<Checkpointer> m_checkpointer;
 };
 
 /// Opens a transaction that can be written in; rolls back unless committed.
