@@ -5,9 +5,7 @@
 
 #include <QtTest>
 #include <SQLiteCpp/SQLiteCpp.h>
-#include <csignal>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,12 +15,6 @@ using namespace mosaro::test;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QStringList entries(const QString& path)
 {
@@ -38,7 +30,7 @@ QMap<QString, QByteArray> snapshot(const QString& path)
                       QDirIterator::Subdirectories);
     while (walk.hasNext()) {
         const QString entry = walk.next();
-        files.insert(entry, QFileInfo(entry).isDir() ? "folder"_ba : contents(entry));
+        files.insert(entry, QFileInfo(entry).isDir() ? "folder"_ba : fileContents(entry));
     }
     return files;
 }
@@ -54,25 +46,23 @@ public:
         m_process = ::fork();
         if (m_process == 0) {
             const int directory = ::open(qPrintable(path), O_RDONLY | O_DIRECTORY);
-            const char answer = ::flock(directory, LOCK_EX | LOCK_NB) == 0 ? 'y' : 'n';
-            (void)!::write(ready[1], &answer, 1);
+            if (::flock(directory, LOCK_EX | LOCK_NB) == 0)
+                (void)!::write(ready[1], "y", 1);
+            ::close(ready[1]);
             ::pause();
             ::_exit(0);
         }
-        char answer = 'n';
-        m_holds = ::read(ready[0], &answer, 1) == 1 && answer == 'y';
-        ::close(ready[0]);
         ::close(ready[1]);
+        char answer = 'n';
+        m_holds = ::read(ready[0], &answer, 1) == 1;
+        ::close(ready[0]);
     }
-    ~Holder() { kill(); }
-    void kill()
+    ~Holder()
     {
-        if (m_process > 0) {
-            ::kill(m_process, SIGKILL);
-            ::waitpid(m_process, nullptr, 0);
-        }
-        m_process = 0;
+        ::kill(m_process, SIGKILL);
+        ::waitpid(m_process, nullptr, 0);
     }
+    Q_DISABLE_COPY_MOVE(Holder)
     [[nodiscard]] bool holds() const { return m_holds; }
     [[nodiscard]] pid_t process() const { return m_process; }
 
@@ -81,7 +71,11 @@ private:
     bool m_holds = false;
 };
 
+using Damage = std::function<void(const QString&)>;
+constexpr auto kBrokenAtTheEnd = "a store with one broken page, the last";
+
 } // namespace
+Q_DECLARE_METATYPE(Damage)
 
 class TestLibrary : public QObject {
     Q_OBJECT
@@ -100,26 +94,26 @@ private Q_SLOTS:
         m_manager = std::make_unique<ZNDBManager>();
         m_manager->setUp(*m_defaults, m_bookmarks, at(u"support"_s));
         m_manager->setPrompts(&m_prompts);
+        m_path = at(u"L.mrlibrary"_s);
     }
 
     void newPackageHasExactlyItsEntries()
     {
-        const QString path = at(u"New.mrlibrary"_s);
         QVERIFY(!m_manager->isOpenedDatabase());
-        QVERIFY2(m_manager->createLibaryAtPath(path), qPrintable(m_manager->lastError()));
+        QVERIFY2(m_manager->createLibaryAtPath(m_path), qPrintable(m_manager->lastError()));
         QVERIFY(m_manager->isOpenedDatabase());
         QVERIFY(m_manager->lastError().isEmpty());
-        QCOMPARE(m_manager->libraryDirPath(), path);
-        QCOMPARE(m_manager->masterDirPath(), path + u"/Masters"_s);
+        QCOMPARE(m_manager->libraryDirPath(), m_path);
+        QCOMPARE(m_manager->masterDirPath(), m_path + u"/Masters"_s);
         QVERIFY(m_manager->package().versionRecord().value(u"Copy items to library"_s).toBool());
         QCOMPARE(m_manager->package().versionRecord().value(u"Version"_s).toString(),
                  base::ZNUserDefaults::applicationVersion());
         m_manager->closeDatabase();
         QVERIFY(!m_manager->isOpenedDatabase());
         QVERIFY(m_manager->libraryDirPath().isEmpty() && m_manager->masterDirPath().isEmpty());
-        QCOMPARE(entries(path),
+        QCOMPARE(entries(m_path),
                  (QStringList{u"MRLib.data"_s, u"Masters"_s, u"Mosaro"_s, u"Mosaro Library.plist"_s}));
-        QVERIFY(contents(path + u"/MRLib.data"_s).startsWith("<?xml"));
+        QVERIFY(fileContents(m_path + u"/MRLib.data"_s).startsWith("<?xml"));
     }
 
     void opensTheRememberedLibraryOrADefaultOne()
@@ -161,10 +155,8 @@ private Q_SLOTS:
 
     void createRefusesWhatExists()
     {
-        const QString path = at(u"A.mrlibrary"_s);
-        QVERIFY(m_manager->createLibaryAtPath(path));
-        m_manager->closeDatabase();
-        QVERIFY(!m_manager->createLibaryAtPath(path));
+        QVERIFY(makeLibrary());
+        QVERIFY(!m_manager->createLibaryAtPath(m_path));
         QVERIFY(!m_manager->lastError().isEmpty());
         QVERIFY(m_manager->isOpenedDatabase()); // Which the caller closes.
         writeFile(at(u"file"_s), "x");
@@ -172,191 +164,165 @@ private Q_SLOTS:
         QVERIFY(!m_manager->createLibaryAtPath(u"/proc/none/L.mrlibrary"_s));
         QVERIFY(!m_manager->isOpenedDatabase());
         QVERIFY(!m_manager->createLibaryAtPath(QString()));
-        // A limit on the size of files stands in for a full disk: no half library stays.
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{};
-        QCOMPARE(::getrlimit(RLIMIT_FSIZE, &limit), 0);
-        const rlimit small{10'000, limit.rlim_max};
-        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &small), 0);
         const QString half = at(u"Half.mrlibrary"_s);
-        const bool isCreated = m_manager->createLibaryAtPath(half);
-        QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-        QVERIFY(!isCreated && !QFileInfo::exists(half));
+        {
+            const FullDisk disk(10'000);
+            QVERIFY(!m_manager->createLibaryAtPath(half));
+        }
+        QVERIFY(!QFileInfo::exists(half)); // No half library stays.
     }
 
     void refusesToOpen_data()
     {
         QTest::addColumn<QString>("file");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<bool>("inLibrary");
-        const auto row = [](const char* name, const char* file, QByteArray bytes, bool inLibrary = true) {
-            QTest::newRow(name) << QString::fromLatin1(file) << std::move(bytes) << inLibrary;
+        QTest::addColumn<Damage>("damage");
+        const auto row = [](const char* name, const char* file, const Damage& damage) {
+            QTest::newRow(name) << QString::fromLatin1(file) << damage;
         };
-        row("a store of another program", "Mosaro", "SQLite format");
-        row("a text as store", "Mosaro", QByteArray(4096, 'x'));
-        row("a truncated store", "Mosaro", "truncate");
-        row("a store with broken pages", "Mosaro", "break");
-        row("a store with one broken page, the last", "Mosaro", "break the end");
-        row("a newer store", "Mosaro", "newer");
-        row("an emptied store, items there", "Mosaro", "");
-        row("no store, items there", "Mosaro", "remove");
-        row("an unreadable state record", "Mosaro Library.plist", "<plist><dict><key>");
-        row("an empty state record", "Mosaro Library.plist", "<plist version=\"1.0\"><dict/></plist>");
-        row("a state record that is a list", "Mosaro Library.plist",
-            "<plist version=\"1.0\"><array/></plist>");
-        row("a folder of pictures", "holiday.jpg", "jpeg", false);
-        row("a file as Masters", "Masters", "file");
+        const auto bytes = [](const QByteArray& written) {
+            return [written](const QString& file) { writeFile(file, written); };
+        };
+        const auto sql = [](const char* statement) {
+            return [statement](const QString& file) {
+                SQLite::Database(file.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
+                    .exec(statement);
+            };
+        };
+        /// Keeps so much of the store, and fills it up with rubbish or not at all.
+        const auto keep = [](auto kept, bool fills) {
+            return [kept, fills](const QString& file) {
+                const QByteArray now = fileContents(file);
+                const qsizetype size = kept(now.size());
+                writeFile(file, now.left(size) + QByteArray(fills ? now.size() - size : 0, '\x7f'));
+            };
+        };
+        row("a store of another program", "Mosaro", [sql](const QString& file) {
+            QVERIFY(QFile::remove(file));
+            sql("CREATE TABLE history (id)")(file);
+        });
+        row("a text as store", "Mosaro", bytes(QByteArray(4096, 'x')));
+        row("a truncated store", "Mosaro", keep([](auto size) { return size / 3; }, false));
+        row("a store with broken pages", "Mosaro", keep([](auto) { return 100; }, true));
+        row(kBrokenAtTheEnd, "Mosaro", keep([](auto size) { return size - 4096; }, true));
+        row("a newer store", "Mosaro", sql("PRAGMA user_version = 99"));
+        row("an emptied store, items there", "Mosaro", bytes({}));
+        row("no store, items there", "Mosaro", [](const QString& file) { QVERIFY(QFile::remove(file)); });
+        const char* const record = "Mosaro Library.plist";
+        row("an unreadable state record", record, bytes("<plist><dict><key>"));
+        row("an empty state record", record, bytes("<plist version=\"1.0\"><dict/></plist>"));
+        row("a state record that is a list", record, bytes("<plist version=\"1.0\"><array/></plist>"));
+        row("a folder of pictures", "holiday.jpg", [this](const QString& file) {
+            QVERIFY(QDir(m_path).removeRecursively());
+            writeFile(file, "jpeg");
+        });
+        row("a file as Masters", "Masters", [](const QString& file) {
+            QVERIFY(QDir(file).removeRecursively());
+            writeFile(file, "file");
+        });
     }
     void refusesToOpen()
     {
         QFETCH(QString, file);
-        QFETCH(QByteArray, bytes);
-        QFETCH(bool, inLibrary);
-        const QString path = at(u"L.mrlibrary"_s);
-        const QString target = path + u'/' + file;
-        if (inLibrary) {
-            QVERIFY(m_manager->createLibaryAtPath(path));
-            auto collection = m_manager->context()->insert<Collections>();
-            collection->setTitle(u"kept"_s);
-            QVERIFY(m_manager->saveChanges());
-            m_manager->closeDatabase();
-            writeFile(path + u"/Masters/2024/1/2/X.mritem/Preivew/preview.png"_s, "png");
-            m_defaults->remove(base::MOSARO_LIBRARY_LOCATION);
-        }
-        const bool isFoundLast = bytes == "break the end";
-        QByteArray now = contents(target);
-        if (file == "Masters"_L1) {
-            QVERIFY(QDir(target).removeRecursively());
-        } else if (bytes == "SQLite format") {
-            QVERIFY(QFile::remove(target));
-            SQLite::Database other(target.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-            other.exec("CREATE TABLE history (id)");
-        } else if (bytes == "newer") {
-            SQLite::Database store(target.toStdString(), SQLite::OPEN_READWRITE);
-            store.exec("PRAGMA user_version = 99");
-        }
-        if (bytes == "truncate")
-            bytes = now.left(now.size() / 3);
-        else if (bytes == "break")
-            bytes = now.left(100) + QByteArray(now.size() - 100, '\x7f');
-        else if (bytes == "break the end")
-            bytes = now.left(now.size() - 4096) + QByteArray(4096, '\x7f');
-        if (bytes == "remove")
-            QVERIFY(QFile::remove(target));
-        else if (bytes != "newer" && bytes != "SQLite format")
-            writeFile(target, bytes);
+        QFETCH(Damage, damage);
+        QVERIFY(m_manager->createLibaryAtPath(m_path));
+        m_manager->context()->insert<Collections>()->setTitle(u"kept"_s);
+        QVERIFY(m_manager->saveChanges());
+        m_manager->closeDatabase();
+        writeFile(m_path + u"/Masters/2024/1/2/X.mritem/Preivew/preview.png"_s, "png");
+        m_defaults->remove(base::MOSARO_LIBRARY_LOCATION);
+        damage(m_path + u'/' + file);
 
-        const auto before = snapshot(path);
-        QVERIFY(!m_manager->validateDatabaseAtURL(path));
+        const auto before = snapshot(m_path);
+        QVERIFY(!m_manager->validateDatabaseAtURL(m_path));
         QVERIFY(!m_manager->isOpenedDatabase());
         QVERIFY(m_manager->context() == nullptr);
         QVERIFY2(m_manager->lastError().contains(u' '), qPrintable(m_manager->lastError()));
         m_manager->closeDatabase();
-        QCOMPARE(snapshot(path), before);
+        QCOMPARE(snapshot(m_path), before);
         // Only what is found out at the very end comes after the library has become the remembered one.
-        QCOMPARE(m_defaults->data(base::MOSARO_LIBRARY_LOCATION).isEmpty(), !isFoundLast);
+        QCOMPARE(m_defaults->data(base::MOSARO_LIBRARY_LOCATION).isEmpty(),
+                 qstrcmp(QTest::currentDataTag(), kBrokenAtTheEnd) != 0);
     }
 
     void missingStateRecordIsMadeAnew()
     {
-        const QString path = at(u"L.mrlibrary"_s);
-        QVERIFY(m_manager->createLibaryAtPath(path));
-        m_manager->closeDatabase();
-        QVERIFY(QFile::remove(path + u"/Mosaro Library.plist"_s));
-        QVERIFY(QDir(path + u"/Masters"_s).removeRecursively());
-        QVERIFY(m_manager->validateDatabaseAtURL(path));
+        QVERIFY(makeLibrary());
+        QVERIFY(QFile::remove(m_path + u"/Mosaro Library.plist"_s));
+        QVERIFY(QDir(m_path + u"/Masters"_s).removeRecursively());
+        QVERIFY(m_manager->validateDatabaseAtURL(m_path));
         QCOMPARE(m_manager->state().exportPresets().size(), 7);
         QVERIFY(QFileInfo(m_manager->masterDirPath()).isDir());
     }
 
     void unknownStateKeysSurvive()
     {
-        const QString path = at(u"L.mrlibrary"_s);
-        QVERIFY(m_manager->createLibaryAtPath(path));
-        m_manager->closeDatabase();
+        QVERIFY(makeLibrary());
         // As a keyed archive of a record looks when it is read as a plain list: none of the known keys.
         const QVariantMap strange{{u"$archiver"_s, u"NSKeyedArchiver"_s},
                                   {u"$version"_s, 100000},
                                   {u"$objects"_s, QVariantList{u"$null"_s}},
                                   {u"$top"_s, QVariantMap{{u"root"_s, QVariantMap{{u"CF$UID"_s, 1}}}}}};
-        const QString record = path + u"/Mosaro Library.plist"_s;
+        const QString record = m_path + u"/Mosaro Library.plist"_s;
         QVERIFY(base::writePropertyListFile(record, strange, base::PropertyListFormat::Binary).ok());
-        QVERIFY(m_manager->validateDatabaseAtURL(path));
+        QVERIFY(m_manager->validateDatabaseAtURL(m_path));
         QCOMPARE(m_manager->state().systemCollections(), LibraryState::defaultSystemCollections());
+        const QByteArray before = fileContents(record);
         m_manager->state().addExpandedCollection(u"e"_s);
+        QVERIFY(m_manager->saveChanges());
+        QCOMPARE(fileContents(record), before); // Written at the close only.
         m_manager->closeDatabase();
         const QVariantMap written = base::readPropertyListFile(record).value().toMap();
         for (auto entry = strange.begin(); entry != strange.end(); ++entry)
             QVERIFY2(written.contains(entry.key()), qPrintable(entry.key()));
         QCOMPARE(written.value(u"$objects"_s).toList().size(), 1);
-        QVERIFY(contents(record).startsWith("bplist00"));
-        QVERIFY(m_manager->validateDatabaseAtURL(path));
+        QVERIFY(fileContents(record).startsWith("bplist00"));
+        QVERIFY(m_manager->validateDatabaseAtURL(m_path));
         QCOMPARE(m_manager->state().expandedCollections(), QStringList{u"e"_s});
-    }
-
-    void stateIsWrittenAtCloseOnly()
-    {
-        const QString path = at(u"L.mrlibrary"_s);
-        QVERIFY(m_manager->createLibaryAtPath(path));
-        const QString record = path + u"/Mosaro Library.plist"_s;
-        const QByteArray before = contents(record);
-        m_manager->state().addLastSelectedTag(u"t"_s);
-        QVERIFY(m_manager->saveChanges());
-        QCOMPARE(contents(record), before);
-        m_manager->closeDatabase();
-        QVERIFY(contents(record) != before);
     }
 
     void heldByAnotherProcess()
     {
-        const QString path = at(u"L.mrlibrary"_s);
-        QVERIFY(m_manager->createLibaryAtPath(path));
+        QVERIFY(m_manager->createLibaryAtPath(m_path));
         {
             ZNDBManager other;
             other.setUp(*m_defaults, m_bookmarks, at(u"support"_s));
-            QVERIFY(!other.validateDatabaseAtURL(path));
+            QVERIFY(!other.validateDatabaseAtURL(m_path));
             QVERIFY(other.lastError().contains(QString::number(::getpid())));
             QVERIFY(m_manager->isOpenedDatabase());
         }
         m_manager->closeDatabase();
-        const auto before = snapshot(path);
-        Holder holder(path);
-        QVERIFY(holder.holds());
-        QVERIFY(!m_manager->validateDatabaseAtURL(path));
+        const auto before = snapshot(m_path);
+        auto holder = std::make_unique<Holder>(m_path);
+        QVERIFY(holder->holds());
+        QVERIFY(!m_manager->validateDatabaseAtURL(m_path));
         const QString reason = m_manager->lastError();
-        QVERIFY2(reason.contains(QString::number(holder.process())) && reason.contains(u"tst_library"_s),
+        QVERIFY2(reason.contains(QString::number(holder->process())) && reason.contains(u"tst_library"_s),
                  qPrintable(reason));
-        QCOMPARE(snapshot(path), before);
-        m_prompts.saveAnswers = {path};
+        QCOMPARE(snapshot(m_path), before);
+        m_prompts.saveAnswers = {m_path};
         QVERIFY(!m_manager->createDatabase()); // Not deleted while another has it open.
-        QCOMPARE(snapshot(path), before);
-        holder.kill();
-        QVERIFY2(m_manager->validateDatabaseAtURL(path), qPrintable(m_manager->lastError()));
+        QCOMPARE(snapshot(m_path), before);
+        holder.reset();
+        QVERIFY2(m_manager->validateDatabaseAtURL(m_path), qPrintable(m_manager->lastError()));
     }
 
     void killedProcessLosesNothingSaved()
     {
-        const QString path = at(u"L.mrlibrary"_s);
-        QVERIFY(m_manager->createLibaryAtPath(path));
-        m_manager->closeDatabase();
+        QVERIFY(makeLibrary());
         const pid_t child = ::fork();
         if (child == 0) {
-            ZNDBManager manager;
-            manager.setUp(*m_defaults, m_bookmarks, at(u"support"_s));
-            if (manager.validateDatabaseAtURL(path)) {
-                auto saved = manager.context()->insert<Tags>();
-                saved->setTitle(u"saved"_s);
-                if (manager.saveChanges()) {
-                    manager.context()->insert<Tags>()->setTitle(u"pending"_s);
-                    ::kill(::getpid(), SIGKILL);
-                }
-            }
-            ::_exit(1);
+            if (!m_manager->validateDatabaseAtURL(m_path))
+                ::_exit(1);
+            m_manager->context()->insert<Tags>()->setTitle(u"saved"_s);
+            if (!m_manager->saveChanges())
+                ::_exit(1);
+            m_manager->context()->insert<Tags>()->setTitle(u"pending"_s);
+            ::kill(::getpid(), SIGKILL);
         }
         int status = 0;
         ::waitpid(child, &status, 0);
         QVERIFY(WIFSIGNALED(status));
-        QVERIFY(m_manager->validateDatabaseAtURL(path));
+        QVERIFY(m_manager->validateDatabaseAtURL(m_path));
         const auto tags = m_manager->context()->fetch<Tags>({});
         QCOMPARE(tags.value().size(), size_t(1));
         QCOMPARE(tags.value().front()->title(), u"saved"_s);
@@ -393,7 +359,7 @@ private Q_SLOTS:
         writeFile(path + u"/anything"_s, "old");
         m_prompts.saveAnswers = {at(u"Old"_s)}; // The panel asked about a name without the suffix.
         QVERIFY(!m_manager->createDatabase());
-        QCOMPARE(contents(path + u"/anything"_s), "old"_ba);
+        QCOMPARE(fileContents(path + u"/anything"_s), "old"_ba);
         m_prompts.saveAnswers = {path};
         QVERIFY(m_manager->createDatabase());
         QVERIFY(!QFileInfo::exists(path + u"/anything"_s));
@@ -405,20 +371,18 @@ private Q_SLOTS:
         QCOMPARE(downloads, at(u"support/Mosaro/Downloads"_s));
         writeFile(downloads + u"/a/b"_s, "x");
         m_manager->clearDownloadDirectory();
-        QVERIFY(QFileInfo(downloads).isDir());
-        QVERIFY(entries(downloads).isEmpty());
+        QVERIFY(QFileInfo(downloads).isDir() && entries(downloads).isEmpty());
         const QString day = at(u"keep/2024/3/9"_s);
-        QVERIFY(QDir().mkpath(day));
+        writeFile(day + u"/.hidden"_s, "x");
         QVERIFY(QDir().mkpath(at(u"keep/2024/4"_s)));
+        ZNDBManager::unusedFolderInPath(day + u'/');
+        QVERIFY(QFileInfo::exists(day));
+        QVERIFY(QFile::remove(day + u"/.hidden"_s));
         ZNDBManager::unusedFolderInPath(day);
         QCOMPARE(entries(at(u"keep/2024"_s)), QStringList{u"4"_s});
-        const QString other = at(u"keep/2025/1/1"_s);
-        writeFile(other + u"/.hidden"_s, "x");
-        ZNDBManager::unusedFolderInPath(other + u'/');
-        QVERIFY(QFileInfo::exists(other));
-        QVERIFY(QFile::remove(other + u"/.hidden"_s));
-        ZNDBManager::unusedFolderInPath(other);
-        QCOMPARE(entries(at(u"keep"_s)), QStringList{u"2024"_s});
+        QVERIFY(QDir().mkpath(at(u"keep/2025/1/1"_s)));
+        ZNDBManager::unusedFolderInPath(at(u"keep/2025/1/1"_s));
+        QCOMPARE(entries(at(u"keep"_s)), QStringList{u"2024"_s}); // Up to three levels.
         ZNDBManager::unusedFolderInPath(at(u"keep/none/none/none"_s));
         QVERIFY(QFileInfo::exists(at(u"keep"_s)));
     }
@@ -436,7 +400,15 @@ private Q_SLOTS:
     }
 
 private:
+    /// A new library at the usual place, closed again.
+    bool makeLibrary()
+    {
+        const bool isMade = m_manager->createLibaryAtPath(m_path);
+        m_manager->closeDatabase();
+        return isMade;
+    }
     std::unique_ptr<QTemporaryDir> m_root;
+    QString m_path;
     std::unique_ptr<base::ZNUserDefaults> m_defaults;
     FakeBookmarks m_bookmarks;
     FakePrompts m_prompts;
