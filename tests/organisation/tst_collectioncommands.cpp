@@ -5,6 +5,7 @@
 
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
 using namespace mosaro;
 using organisation::CollectionCommands;
 using organisation::CollectionNode;
@@ -24,22 +25,26 @@ private:
 
         World()
         {
-            const auto add = [this](const char* name, qint64 type, const QString& parent = {}) {
-                const QString title = QString::fromLatin1(name);
+            const auto add = [this](const QString& title, qint64 type, const QString& parent = {}) {
                 ids.insert(title, library.addCollection(title, type, parent)->collectionID());
             };
-            add("folder", store::kTypeFolder);
-            add("inside", store::kTypeCollection, ids.value(QStringLiteral("folder")));
-            add("smartInside", store::kTypeSmartCollection, ids.value(QStringLiteral("folder")));
-            add("top", store::kTypeCollection);
-            add("smartTop", store::kTypeSmartCollection);
-            ids.insert(QStringLiteral("all"), QStringLiteral("1"));
-            ids.insert(QStringLiteral("kind"), QStringLiteral("7"));
+            add(u"folder"_s, store::kTypeFolder);
+            add(u"inside"_s, store::kTypeCollection, ids.value(u"folder"_s));
+            add(u"smartInside"_s, store::kTypeSmartCollection, ids.value(u"folder"_s));
+            add(u"top"_s, store::kTypeCollection);
+            add(u"smartTop"_s, store::kTypeSmartCollection);
+            ids.insert(u"all"_s, u"1"_s);
+            ids.insert(u"kind"_s, u"7"_s);
             if (!tree.makeLibrary(library.context())) {
                 qFatal("no tree");
             }
         }
 
+        std::shared_ptr<store::Collections> record(const QString& id)
+        {
+            return library.context().first<store::Collections>(
+                store::Predicate::compare(QLatin1String("collectionID"), store::Comparison::Equal, id));
+        }
         NodeList nodes(const QString& names) const
         {
             NodeList list;
@@ -53,132 +58,102 @@ private:
 private Q_SLOTS:
     void initTestCase() { base::installTexts(); }
 
-    void availableName_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QStringList>("siblings");
-        QTest::addColumn<QString>("free");
-        const auto list = [](const char* titles) {
-            return QString::fromLatin1(titles).split(QLatin1Char('|'));
-        };
-
-        QTest::newRow("no sibling") << QStringLiteral("Photo") << QStringList() << QStringLiteral("Photo");
-        QTest::newRow("others") << QStringLiteral("Photo") << list("Video|Sound") << QStringLiteral("Photo");
-        QTest::newRow("contained is taken")
-            << QStringLiteral("Photo") << list("Photo archive") << QStringLiteral("Photo (2)");
-        QTest::newRow("other case is free")
-            << QStringLiteral("Photo") << list("photo archive") << QStringLiteral("Photo");
-        QTest::newRow("counts on") << QStringLiteral("Photo") << list("Photo|Photo (2)|Photo (4)")
-                                   << QStringLiteral("Photo (3)");
-        QTest::newRow("placeholder in the name")
-            << QStringLiteral("50%2 %1") << list("50%2 %1") << QStringLiteral("50%2 %1 (2)");
-    }
-
     void availableName()
     {
-        QFETCH(QString, name);
-        QFETCH(QStringList, siblings);
-        std::vector<CollectionNode> nodes(size_t(siblings.size()));
-        NodeList list;
-        for (qsizetype i = 0; i < siblings.size(); ++i) {
-            nodes[size_t(i)].title = siblings.at(i);
-            list.push_back(&nodes[size_t(i)]);
+        const struct {
+            QString name, siblings, free;
+        } rows[] = {
+            {u"Photo"_s, u""_s, u"Photo"_s},
+            {u"Photo"_s, u"Video|photo archive"_s, u"Photo"_s}, // another case is free
+            {u"Photo"_s, u"Photo archive"_s, u"Photo (2)"_s},   // contained is taken
+            {u"Photo"_s, u"Photo|Photo (2)|Photo (4)"_s, u"Photo (3)"_s},
+            {u"50%2 %1"_s, u"50%2 %1"_s, u"50%2 %1 (2)"_s},
+        };
+        for (const auto& row : rows) {
+            const QStringList titles = row.siblings.split(u'|', Qt::SkipEmptyParts);
+            std::vector<CollectionNode> nodes(size_t(titles.size()));
+            NodeList list;
+            for (qsizetype i = 0; i < titles.size(); ++i) {
+                nodes[size_t(i)].title = titles.at(i);
+                list.push_back(&nodes[size_t(i)]);
+            }
+            QCOMPARE(organisation::availableCollectionName(row.name, list), row.free);
         }
-        QTEST(organisation::availableCollectionName(name, list), "free");
     }
 
     void nameFromPaths()
     {
         QTemporaryDir root;
-        QDir(root.path()).mkpath(QStringLiteral("Pictures of Spring"));
-        QDir(root.path()).mkpath(QStringLiteral("Tool.app"));
-        test::writeFile(root.filePath(QStringLiteral("a.png")), "x");
-        const QString folder = root.filePath(QStringLiteral("Pictures of Spring"));
-        const QString file = root.filePath(QStringLiteral("a.png"));
+        QDir(root.path()).mkpath(u"Pictures of Spring"_s);
+        QDir(root.path()).mkpath(u"Tool.app"_s);
+        test::writeFile(root.filePath(u"a.png"_s), "x");
+        const QString folder = root.filePath(u"Pictures of Spring"_s);
+        const QString file = root.filePath(u"a.png"_s);
         const QString untitled = base::text("Basic.Untitled.Collection");
 
         using organisation::collectionNameFromPaths;
         QCOMPARE(collectionNameFromPaths({}), untitled);
         QCOMPARE(collectionNameFromPaths({file}), untitled);
         QCOMPARE(collectionNameFromPaths({file, file}), untitled);
-        QCOMPARE(collectionNameFromPaths({folder + QLatin1Char('/')}), QStringLiteral("Pictures of Spring"));
+        QCOMPARE(collectionNameFromPaths({folder + QLatin1Char('/')}), u"Pictures of Spring"_s);
         QCOMPARE(collectionNameFromPaths({file, folder}),
-                 QStringLiteral("Pictures of Spring ") + base::text("Basic.More"));
-        QCOMPARE(collectionNameFromPaths({root.filePath(QStringLiteral("Tool.app"))}),
-                 QStringLiteral("Tool"));
-    }
-
-    void placeOfNewItem_data()
-    {
-        QTest::addColumn<QString>("selected");
-        QTest::addColumn<bool>("possible");
-        QTest::addColumn<QString>("parent");
-
-        QTest::newRow("nothing") << QString() << true << QString();
-        QTest::newRow("folder") << QStringLiteral("folder") << true << QStringLiteral("folder");
-        QTest::newRow("in folder") << QStringLiteral("inside") << true << QStringLiteral("folder");
-        QTest::newRow("smart in folder") << QStringLiteral("smartInside") << true << QStringLiteral("folder");
-        QTest::newRow("top") << QStringLiteral("top") << true << QString();
-        QTest::newRow("smart top") << QStringLiteral("smartTop") << true << QString();
-        QTest::newRow("the first counts") << QStringLiteral("inside top") << true << QStringLiteral("folder");
-        QTest::newRow("system node") << QStringLiteral("all") << false << QString();
+                 u"Pictures of Spring "_s + base::text("Basic.More"));
+        QCOMPARE(collectionNameFromPaths({root.filePath(u"Tool.app"_s)}), u"Tool"_s);
     }
 
     void placeOfNewItem()
     {
-        QFETCH(QString, selected);
-        QFETCH(bool, possible);
-        QFETCH(QString, parent);
         const World world;
-        const auto place = organisation::placeForNewItem(world.nodes(selected));
-        QCOMPARE(place.has_value(), possible);
-        if (possible) {
-            QCOMPARE(place->parent ? place->parent->title : QString(), parent);
-        }
-    }
-
-    void possibleCommands_data()
-    {
-        QTest::addColumn<QString>("selected");
-        QTest::addColumn<bool>("add");
-        QTest::addColumn<bool>("import");
-        QTest::addColumn<bool>("edit");
-
-        QTest::newRow("nothing") << QString() << true << false << false;
-        QTest::newRow("collection") << QStringLiteral("top") << true << true << true;
-        QTest::newRow("folder") << QStringLiteral("folder") << true << true << true;
-        QTest::newRow("smart") << QStringLiteral("smartTop") << true << false << true;
-        QTest::newRow("all") << QStringLiteral("all") << false << false << false;
-        QTest::newRow("kind") << QStringLiteral("kind") << false << false << false;
-        QTest::newRow("two") << QStringLiteral("folder top") << false << false << false;
+        const auto parentFor = [&world](const QString& selected) {
+            const auto place = organisation::placeForNewItem(world.nodes(selected));
+            return !place ? u"impossible"_s : place->parent ? place->parent->title : u"top level"_s;
+        };
+        QCOMPARE(parentFor({}), u"top level"_s);
+        QCOMPARE(parentFor(u"folder"_s), u"folder"_s);
+        QCOMPARE(parentFor(u"inside"_s), u"folder"_s);
+        QCOMPARE(parentFor(u"smartInside"_s), u"folder"_s);
+        QCOMPARE(parentFor(u"smartTop"_s), u"top level"_s);
+        QCOMPARE(parentFor(u"inside top"_s), u"folder"_s); // the first counts
+        QCOMPARE(parentFor(u"top inside"_s), u"top level"_s);
+        QCOMPARE(parentFor(u"all"_s), u"impossible"_s);
     }
 
     void possibleCommands()
     {
-        QFETCH(QString, selected);
+        const struct {
+            QString selected;
+            bool add, import, edit;
+        } rows[] = {
+            {u""_s, true, false, false},      {u"top"_s, true, true, true},
+            {u"folder"_s, true, true, true},  {u"smartTop"_s, true, false, true},
+            {u"kind"_s, false, false, false}, {u"folder top"_s, false, false, false},
+        };
         const World world;
-        const NodeList nodes = world.nodes(selected);
-        QTEST(organisation::isCommandPossible(SidebarCommand::NewCollection, nodes), "add");
-        QTEST(organisation::isCommandPossible(SidebarCommand::NewFolder, nodes), "add");
-        QTEST(organisation::isCommandPossible(SidebarCommand::Import, nodes), "import");
-        QTEST(organisation::isCommandPossible(SidebarCommand::Edit, nodes), "edit");
+        for (const auto& row : rows) {
+            const auto isPossible = [nodes = world.nodes(row.selected)](SidebarCommand command) {
+                return organisation::isCommandPossible(command, nodes);
+            };
+            QCOMPARE(isPossible(SidebarCommand::NewCollection), row.add);
+            QCOMPARE(isPossible(SidebarCommand::NewFolder), row.add);
+            QCOMPARE(isPossible(SidebarCommand::Import), row.import);
+            QCOMPARE(isPossible(SidebarCommand::Edit), row.edit);
+        }
     }
 
     void addedItemHasItsDefaults()
     {
         World world;
         store::StoreContext& context = world.library.context();
-        const NodeList folder = world.nodes(QStringLiteral("folder"));
+        const NodeList folder = world.nodes(u"folder"_s);
         organisation::NewCollection item;
-        item.title = QStringLiteral("Fresh");
+        item.title = u"Fresh"_s;
         const auto id = CollectionCommands(context).addItem(item, folder.front());
         QVERIFY(id);
 
-        const auto record = context.first<store::Collections>(
-            store::Predicate::compare(QLatin1String("collectionID"), store::Comparison::Equal, id.value()));
+        const auto record = world.record(id.value());
         QVERIFY(record);
         QCOMPARE(record->collectionPID(), folder.front()->id);
-        QCOMPARE(record->title(), QStringLiteral("Fresh"));
+        QCOMPARE(record->title(), u"Fresh"_s);
         QCOMPARE(record->type(), store::kTypeCollection);
         QCOMPARE(record->sortKey(), 7);
         QCOMPARE(record->zoomValue(), 0.4);
@@ -200,26 +175,25 @@ private Q_SLOTS:
     {
         World world;
         store::StoreContext& context = world.library.context();
-        const CollectionNode* node = world.nodes(QStringLiteral("top")).front();
-        const auto record = context.first<store::Collections>(
-            store::Predicate::compare(QLatin1String("collectionID"), store::Comparison::Equal, node->id));
+        const CollectionNode* node = world.nodes(u"top"_s).front();
+        const auto record = world.record(node->id);
         record->setDateModified(QDateTime::fromSecsSinceEpoch(0));
         QVERIFY(context.save());
 
-        QVERIFY(CollectionCommands(context).rename(*node, QStringLiteral("folder")));
-        QCOMPARE(record->title(), QStringLiteral("folder"));
+        QVERIFY(CollectionCommands(context).rename(*node, u"folder"_s));
+        QCOMPARE(record->title(), u"folder"_s);
         QVERIFY(record->dateModified().toSecsSinceEpoch() > 0);
         QVERIFY(!context.hasChanges());
 
         context.remove(*record);
         QVERIFY(context.save());
-        const auto gone = CollectionCommands(context).rename(*node, QStringLiteral("x"));
+        const auto gone = CollectionCommands(context).rename(*node, u"x"_s);
         QVERIFY(!gone);
         QVERIFY(!gone.reason().isEmpty());
 
         QVERIFY(!CollectionCommands::isAcceptableTitle(QString()));
-        QVERIFY(!CollectionCommands::isAcceptableTitle(QStringLiteral(" ")));
-        QVERIFY(CollectionCommands::isAcceptableTitle(QStringLiteral("  ")));
+        QVERIFY(!CollectionCommands::isAcceptableTitle(u" "_s));
+        QVERIFY(CollectionCommands::isAcceptableTitle(u"  "_s));
     }
 };
 

@@ -1,60 +1,41 @@
 #include "base/Notifications.h"
 #include "base/PreferenceKeys.h"
 #include "base/Text.h"
-#include "import/MediaClassification.h"
 #include "organisation/ImportSession.h"
+#include "support/FakeDesktop.h"
 #include "support/TemporaryLibrary.h"
 
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
 using namespace mosaro;
 using importing::ImportItem;
 using organisation::ImportSession;
 
 namespace {
 
-class FakeBadge : public platform::LauncherBadge {
-public:
-    explicit FakeBadge(QStringList& log) : m_log(log) {}
-    void setPercent(int percent) override { m_log.append(QStringLiteral("badge %1").arg(percent)); }
-    void clear() override { m_log.append(QStringLiteral("badge off")); }
-
-private:
-    QStringList& m_log;
+struct FakeBadge : platform::LauncherBadge {
+    QStringList& log;
+    explicit FakeBadge(QStringList& lines) : log(lines) {}
+    void setPercent(int percent) override { log.append(u"badge %1"_s.arg(percent)); }
+    void clear() override { log.append(u"badge off"_s); }
 };
 
-class LoggingNotifier : public base::UserNotifier {
-public:
-    explicit LoggingNotifier(QStringList& log) : m_log(log) {}
+struct LoggingNotifier : base::UserNotifier {
+    QStringList& log;
+    explicit LoggingNotifier(QStringList& lines) : log(lines) {}
     void notify(const QString& title, const QString&, const QString& content) override
     {
-        m_log.append(title + QLatin1Char('/') + content);
+        log.append(title + QLatin1Char('/') + content);
     }
-
-private:
-    QStringList& m_log;
 };
 
 QString completed(const char* key, int count)
 {
     return base::text("Message.Import.Completed") + QLatin1Char('/') +
            base::text(key, QString::number(count));
-}
-
-/// Files named "bad…" fail, all others become a picture.
-importing::AnalysisResult fakeAnalysis(const importing::AnalysisRequest& request)
-{
-    importing::AnalysisResult result;
-    result.type = request.type;
-    result.kind = importing::MediaKind::Other;
-    if (QFileInfo(request.path).fileName().startsWith(QLatin1String("bad"))) {
-        result.outcome = base::Failure{QStringLiteral("spoilt")};
-    } else {
-        result.preview = "preview";
-    }
-    return result;
 }
 
 } // namespace
@@ -64,18 +45,15 @@ class TestImportSession : public QObject {
 
 private:
     /// A session on a library, all of whose effects on the outside end in one log, in order.
-    struct World {
+    struct World : test::FakeDesktop {
         test::TemporaryLibrary library;
-        test::FakeTypes types;
-        test::FakeThumbnailers thumbnailers;
-        importing::MediaClassification classification{types, thumbnailers};
-        platform::Platform platform;
         base::ZNUtilities utilities;
         QStringList log;
         LoggingNotifier notifier{log};
         QObject observer;
         bool copies = true;
-        std::function<importing::AnalysisResult(const importing::AnalysisRequest&)> analyse = fakeAnalysis;
+        std::function<importing::AnalysisResult(const importing::AnalysisRequest&)> analyse =
+            test::pictureUnlessBad;
         std::unique_ptr<ImportSession> session;
         std::shared_ptr<store::Collections> collection;
         QVariantList busPayloads;
@@ -83,30 +61,24 @@ private:
         World()
         {
             library.defaults().initialize();
-            types.mimeTypes.insert(QStringLiteral("png"), QStringLiteral("image/png"));
-            platform.aliases = std::make_unique<test::FakeAliases>();
-            platform.fileIndex = std::make_unique<test::FakeFileIndex>();
-            platform.bookmarks = std::make_unique<test::FakeBookmarks>();
             platform.badge = std::make_unique<FakeBadge>(log);
             utilities.setUserNotifier(&notifier);
             utilities.bus().observe(base::MOSARO_NOTE_UPDATED_USER_DEFINED_BOOKMARKS, &observer,
-                                    [this](const QVariant&) { log.append(QStringLiteral("access list")); });
+                                    [this](const QVariant&) { log.append(u"access list"_s); });
             utilities.bus().observe(base::MOSARO_NOTI_SHOW_IMPORT_PROCESS, &observer,
                                     [this](const QVariant& value) { busPayloads.append(value); });
-            collection = library.addCollection(QStringLiteral("Target"));
+            collection = library.addCollection(u"Target"_s);
             session = std::make_unique<ImportSession>(organisation::ImportSessionEnvironment{
                 library.manager(), library.defaults(), utilities, library.prompts(), platform, classification,
-                [this] { return copies; }, [this] { log.append(QStringLiteral("activate")); },
+                [this] { return copies; }, [this] { log.append(u"activate"_s); },
                 [this](const importing::AnalysisRequest& request) { return analyse(request); }});
             connect(session.get(), &ImportSession::sheetShouldBegin, &observer,
-                    [this] { log.append(QStringLiteral("sheet up")); });
-            connect(session.get(), &ImportSession::sheetShouldEnd, &observer, [this] {
-                log.append(session->isImporting() ? QStringLiteral("sheet down, busy")
-                                                  : QStringLiteral("sheet down"));
-            });
+                    [this] { log.append(u"sheet up"_s); });
+            connect(session.get(), &ImportSession::sheetShouldEnd, &observer,
+                    [this] { log.append(session->isImporting() ? u"busy"_s : u"sheet down"_s); });
             connect(session.get(), &ImportSession::failed, &observer,
                     [this](const std::vector<importing::FailedPath>& paths) {
-                        log.append(QStringLiteral("failed %1").arg(paths.size()));
+                        log.append(u"failed %1"_s.arg(paths.size()));
                     });
         }
 
@@ -127,6 +99,19 @@ private:
             QVERIFY(session->isImporting());
             QTRY_VERIFY(!session->isImporting());
         }
+
+        /// The log without the badge's percentages: progress is reported at most once per frame.
+        QString steps() const
+        {
+            static const QRegularExpression percentages(u"^badge \\d+$"_s);
+            QStringList left;
+            for (const QString& line : log) {
+                if (!percentages.match(line).hasMatch()) {
+                    left.append(line);
+                }
+            }
+            return left.join(u'|');
+        }
     };
 
 private Q_SLOTS:
@@ -135,24 +120,15 @@ private Q_SLOTS:
     void stepsComeInOrder()
     {
         World world;
-        const QString waiting = world.library.manager().downloadDirectory() + QStringLiteral("/left.png");
+        const QString waiting = world.library.manager().downloadDirectory() + u"/left.png"_s;
         test::writeFile(waiting, "x");
-        world.run(world.files({QStringLiteral("a.png"), QStringLiteral("bad.png"), QStringLiteral("c.png")}));
+        world.run(world.files({u"a.png"_s, u"bad.png"_s, u"c.png"_s}));
 
         QVERIFY(!QFileInfo::exists(waiting));
         QCOMPARE(world.collection->mediaCount(), 2);
-        // Progress is reported at most once per frame, so that only the last badge is sure to come.
-        QVERIFY(world.log.contains(QStringLiteral("badge 100")));
-        world.log.erase(std::remove_if(world.log.begin(), world.log.end(),
-                                       [](const QString& line) {
-                                           return line.startsWith(QLatin1String("badge ")) &&
-                                                  line != QLatin1String("badge off");
-                                       }),
-                        world.log.end());
-        QCOMPARE(world.log, QStringList({QStringLiteral("activate"), QStringLiteral("sheet up"),
-                                         QStringLiteral("badge off"), QStringLiteral("sheet down"),
-                                         completed("Message.Import.Completed.Items", 3),
-                                         QStringLiteral("activate"), QStringLiteral("failed 1")}));
+        QVERIFY(world.log.contains(u"badge 100"_s)); // only the last is sure to come
+        QCOMPARE(world.steps(), u"activate|sheet up|badge off|sheet down|%1|activate|failed 1"_s.arg(
+                                    completed("Message.Import.Completed.Items", 3)));
     }
 
     void preferencesSilence()
@@ -160,13 +136,11 @@ private Q_SLOTS:
         World world;
         world.library.defaults().updateUserDefaults(base::PREFS_GENERAL_SHOW_IMPORT_MEDIA_NOTI, false);
         world.library.defaults().updateUserDefaults(base::PREFS_GENERAL_SHOW_PROCESS_BADGE_ON_DOCK, false);
-        world.run(world.files({QStringLiteral("a.png")}));
-        QCOMPARE(world.log, QStringList({QStringLiteral("activate"), QStringLiteral("sheet up"),
-                                         QStringLiteral("badge off"), QStringLiteral("sheet down"),
-                                         QStringLiteral("activate")}));
+        world.run(world.files({u"a.png"_s}));
+        QCOMPARE(world.log.join(u'|'), u"activate|sheet up|badge off|sheet down|activate"_s);
         world.log.clear();
         world.session->updateBadgeSetting();
-        QCOMPARE(world.log, QStringList(QStringLiteral("badge off")));
+        QCOMPARE(world.log, QStringList(u"badge off"_s));
         world.library.defaults().updateUserDefaults(base::PREFS_GENERAL_SHOW_PROCESS_BADGE_ON_DOCK, true);
         world.session->updateBadgeSetting();
         QCOMPARE(world.log.size(), 1);
@@ -175,25 +149,24 @@ private Q_SLOTS:
     void nothingAcceptableSaysNothing()
     {
         World world;
-        world.run(world.files({QStringLiteral("notes.txt")}));
+        world.run(world.files({u"notes.txt"_s}));
         QCOMPARE(world.collection->mediaCount(), 0);
         QVERIFY(world.log.filter(base::text("Message.Import.Completed")).isEmpty());
-        QVERIFY(world.log.contains(QStringLiteral("sheet down")));
+        QVERIFY(world.log.contains(u"sheet down"_s));
     }
 
     void referencesAskForTheirFolder()
     {
         World world;
         world.copies = false;
-        const auto items = world.files({QStringLiteral("a.png"), QStringLiteral("b.png")});
+        const auto items = world.files({u"a.png"_s, u"b.png"_s});
         world.library.prompts().openAnswers.append(QStringList(world.library.folder()));
         world.run(items);
         QCOMPARE(world.library.prompts().openPanels.size(), 1);
         const base::OpenPanelRequest& asked = world.library.prompts().openPanels.first();
         QVERIFY(asked.directories && !asked.files && !asked.multiple);
         QCOMPARE(QDir::cleanPath(asked.directory), QDir::cleanPath(world.library.folder()));
-        const auto note = world.log.indexOf(QStringLiteral("access list"));
-        QVERIFY(note > world.log.indexOf(QStringLiteral("sheet down")));
+        QVERIFY(world.log.indexOf(u"access list"_s) > world.log.indexOf(u"sheet down"_s));
         QCOMPARE(world.collection->mediaCount(), 2);
     }
 
@@ -201,9 +174,9 @@ private Q_SLOTS:
     {
         World world;
         world.copies = false;
-        world.run(world.files({QStringLiteral("a.png")}));
+        world.run(world.files({u"a.png"_s}));
         QCOMPARE(world.collection->mediaCount(), 0);
-        QCOMPARE(world.log.last(), QStringLiteral("failed 1"));
+        QCOMPARE(world.log.last(), u"failed 1"_s);
         // The number of items that were tried, failed ones included.
         QVERIFY(world.log.contains(completed("Message.Import.Completed.Item", 1)));
     }
@@ -211,44 +184,41 @@ private Q_SLOTS:
     void progressByTheBus()
     {
         World world;
-        world.run(world.files({QStringLiteral("a.png")}), false);
-        QVERIFY(!world.log.contains(QStringLiteral("sheet up")));
+        world.run(world.files({u"a.png"_s}), false);
+        QVERIFY(!world.log.contains(u"sheet up"_s));
         QCOMPARE(world.busPayloads.first(), QVariant(true));
         QCOMPARE(world.busPayloads.last(), QVariant(false));
         const QVariantMap step = world.busPayloads.value(1).toMap();
-        QCOMPARE(step.value(QStringLiteral("file")).toString(), QStringLiteral("a.png"));
-        QCOMPARE(step.value(QStringLiteral("index")).toInt(), 1);
-        QCOMPARE(step.value(QStringLiteral("totalCount")).toInt(), 1);
+        QCOMPARE(step.value(u"file"_s).toString(), u"a.png"_s);
+        QCOMPARE(step.value(u"index"_s).toInt(), 1);
+        QCOMPARE(step.value(u"totalCount"_s).toInt(), 1);
     }
 
     void oneRunAtATime()
     {
         World world;
         QVERIFY(!world.session->addMediaItem({}, world.collection, true));
-        QVERIFY(!world.session->addMediaItem(world.files({QStringLiteral("a.png")}), nullptr, true));
-        QVERIFY(world.session->addMediaItem(world.files({QStringLiteral("a.png")}), world.collection, true));
-        QVERIFY(!world.session->addMediaItem(world.files({QStringLiteral("b.png")}), world.collection, true));
+        QVERIFY(!world.session->addMediaItem(world.files({u"a.png"_s}), nullptr, true));
+        QVERIFY(world.session->addMediaItem(world.files({u"a.png"_s}), world.collection, true));
+        QVERIFY(!world.session->addMediaItem(world.files({u"b.png"_s}), world.collection, true));
         QTRY_VERIFY(!world.session->isImporting());
         QCOMPARE(world.collection->mediaCount(), 1);
 
         world.library.manager().closeDatabase();
-        QVERIFY(!world.session->addMediaItem(world.files({QStringLiteral("c.png")}), world.collection, true));
+        QVERIFY(!world.session->addMediaItem(world.files({u"c.png"_s}), world.collection, true));
     }
 
     void stopCountsTheItemAtWhichItIsSeen()
     {
         World world;
-        QStringList names;
-        for (int number = 1; number <= 10; ++number) {
-            names.append(QStringLiteral("f%1.png").arg(number));
-        }
+        const auto names = u"1.png 2.png 3.png 4.png 5.png 6.png 7.png 8.png 9.png 10.png"_s.split(u' ');
         QSemaphore gate;
         world.analyse = [&](const importing::AnalysisRequest& request) {
             const QString name = QFileInfo(request.path).fileName();
             if (name != names[0] && name != names[1]) {
                 gate.acquire();
             }
-            return fakeAnalysis(request);
+            return test::pictureUnlessBad(request);
         };
         connect(world.session.get(), &ImportSession::progressed, world.session.get(),
                 [&](const importing::ImportProgress& progress) {
@@ -260,7 +230,7 @@ private Q_SLOTS:
         world.run(world.files(names));
         QCOMPARE(world.collection->mediaCount(), 2);
         QVERIFY(world.log.contains(completed("Message.Import.Completed.Items", 3)));
-        QVERIFY(world.log.contains(QStringLiteral("sheet down")));
+        QVERIFY(world.log.contains(u"sheet down"_s));
     }
 };
 

@@ -2,13 +2,12 @@
 #include "base/PreferenceKeys.h"
 #include "base/Text.h"
 #include "base/ZNUtilities.h"
-#include "import/Analysis.h"
-#include "import/MediaClassification.h"
 #include "kit/Look.h"
 #include "kit/Sheet.h"
 #include "organisation/ui/CollectionOutline.h"
 #include "organisation/ui/CollectionTreeModel.h"
 #include "organisation/ui/MRLibraryView.h"
+#include "support/FakeDesktop.h"
 #include "support/TemporaryLibrary.h"
 
 #include <QDragMoveEvent>
@@ -17,6 +16,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
 using namespace mosaro;
 using organisation::CollectionNode;
 using organisation::CollectionOutline;
@@ -25,40 +25,30 @@ using organisation::MRLibraryView;
 
 namespace {
 
-importing::AnalysisResult pictureFromAnyFile(const importing::AnalysisRequest& request)
-{
-    importing::AnalysisResult result;
-    result.type = request.type;
-    result.kind = importing::MediaKind::Other;
-    result.preview = "preview";
-    return result;
-}
-
 /// A library with its sidebar, which can be closed and opened again as the window does it.
-struct World {
+struct World : test::FakeDesktop {
     test::TemporaryLibrary library;
-    test::FakeTypes types;
-    test::FakeThumbnailers thumbnailers;
-    importing::MediaClassification classification{types, thumbnailers};
-    platform::Platform platform;
     base::ZNUtilities utilities;
     std::unique_ptr<MRLibraryView> view;
     bool busy = false;
 
-    World()
+    World() { library.defaults().initialize(); }
+
+    std::shared_ptr<store::Collections> add(const QString& title,
+                                            const std::shared_ptr<store::Collections>& parent = {},
+                                            qint64 type = store::kTypeCollection)
     {
-        library.defaults().initialize();
-        types.mimeTypes.insert(QStringLiteral("png"), QStringLiteral("image/png"));
-        platform.aliases = std::make_unique<test::FakeAliases>();
-        platform.fileIndex = std::make_unique<test::FakeFileIndex>();
-        platform.bookmarks = std::make_unique<test::FakeBookmarks>();
+        return library.addCollection(title, type, parent ? parent->collectionID() : QString());
     }
 
-    void open()
+    void open(const QStringList& expanded = {})
     {
+        for (const QString& id : expanded) {
+            library.state().addExpandedCollection(id);
+        }
         view = std::make_unique<MRLibraryView>(organisation::SidebarEnvironment{
             library.manager(), library.defaults(), library.prompts(), platform, utilities, classification,
-            [this] { return busy; }, [] { return true; }, [] {}, pictureFromAnyFile});
+            [this] { return busy; }, [] { return true; }, [] {}, test::pictureUnlessBad});
         view->resize(231, 700);
         view->readLibrary();
         view->show();
@@ -71,6 +61,11 @@ struct World {
         view.reset();
         QVERIFY(library.reopen());
         open();
+    }
+
+    void post(QLatin1String notification, const QVariant& value = {})
+    {
+        utilities.postNotification(notification, value);
     }
 
     CollectionOutline& outline() const { return *view->findChild<CollectionOutline*>(); }
@@ -92,22 +87,20 @@ struct World {
         QTest::mouseClick(outline().viewport(), Qt::LeftButton, modifiers, rect.center());
     }
 
-    QStringList selectedTitles() const
+    void press(Qt::Key key) const { QTest::keyClick(&outline(), key); }
+
+    /// The titles of the selection, as "A|B".
+    QString selected() const
     {
         QStringList titles;
         for (const auto& element : view->selectedCollections()) {
             titles.append(element.title);
         }
-        return titles;
+        return titles.join(u'|');
     }
 
     QLineEdit* editor() const { return outline().viewport()->findChild<QLineEdit*>(); }
 };
-
-QString words(const char* text)
-{
-    return QString::fromLatin1(text);
-}
 
 } // namespace
 
@@ -115,29 +108,24 @@ class TestLibraryView : public QObject {
     Q_OBJECT
 
 private:
-    /// Drops files at a point of the tree, as the desktop would; whether the place accepted them.
-    static bool dropFiles(const World& world, const QPoint& position, const QStringList& paths)
+    /// Drops a file or folder at a point of the tree, as the desktop would; whether the place accepted them.
+    static bool dropFile(const World& world, const QPoint& position, const QString& path)
     {
         QMimeData data;
-        QList<QUrl> urls;
-        for (const QString& path : paths) {
-            urls.append(QUrl::fromLocalFile(path));
-        }
-        data.setUrls(urls);
+        data.setUrls({QUrl::fromLocalFile(path)});
         QWidget* viewport = world.outline().viewport();
         QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(viewport, &enter);
         QDragMoveEvent move(position, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(viewport, &move);
-        const bool accepted = move.isAccepted();
-        if (accepted) {
-            QDropEvent drop(position, Qt::CopyAction, &data, Qt::LeftButton, {});
-            QCoreApplication::sendEvent(viewport, &drop);
-        } else {
+        if (!move.isAccepted()) {
             QDragLeaveEvent leave;
             QCoreApplication::sendEvent(viewport, &leave);
+            return false;
         }
-        return accepted;
+        QDropEvent drop(position, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(viewport, &drop);
+        return true;
     }
 
 private Q_SLOTS:
@@ -153,8 +141,8 @@ private Q_SLOTS:
         world.open();
         QVERIFY(world.row(base::text("Lib.All")).isValid());
         QVERIFY(!world.row(base::text("Lib.Screen")).isValid());
-        QCOMPARE(world.selectedTitles(), QStringList());
-        QCOMPARE(world.library.state().expandedCollections(), QStringList(words("0")));
+        QCOMPARE(world.selected(), QString());
+        QCOMPARE(world.library.state().expandedCollections(), QStringList(u"0"_s));
     }
 
     void newCollectionOpensItsNameForEditing()
@@ -167,14 +155,13 @@ private Q_SLOTS:
         QVERIFY(field);
         QCOMPARE(field->text(), base::text("Basic.Untitled.Collection"));
         QCOMPARE(field->selectedText(), field->text());
-        QTest::keyClicks(field, words("Clients"));
+        QTest::keyClicks(field, u"Clients"_s);
         QTest::keyClick(field, Qt::Key_Return);
-        QTRY_VERIFY(world.row(words("Clients")).isValid());
-        QCOMPARE(world.selectedTitles(), QStringList(words("Clients")));
+        QTRY_VERIFY(world.row(u"Clients"_s).isValid());
+        QCOMPARE(world.selected(), u"Clients"_s);
 
         world.reopen();
-        QVERIFY(world.row(words("Clients")).isValid());
-        QCOMPARE(world.selectedTitles(), QStringList(words("Clients")));
+        QCOMPARE(world.selected(), u"Clients"_s);
     }
 
     void renameByKeyboard_data()
@@ -182,12 +169,11 @@ private Q_SLOTS:
         QTest::addColumn<QString>("typed");
         QTest::addColumn<int>("endKey");
         QTest::addColumn<QString>("title");
-
-        QTest::newRow("taken over") << words("B") << int(Qt::Key_Return) << words("B");
-        QTest::newRow("escape") << words("B") << int(Qt::Key_Escape) << words("A");
-        QTest::newRow("one blank") << words(" ") << int(Qt::Key_Return) << words("A");
-        QTest::newRow("empty") << QString() << int(Qt::Key_Return) << words("A");
-        QTest::newRow("tab edits no other row") << words("B") << int(Qt::Key_Tab) << words("B");
+        QTest::newRow("taken over") << u"B"_s << int(Qt::Key_Return) << u"B"_s;
+        QTest::newRow("escape") << u"B"_s << int(Qt::Key_Escape) << u"A"_s;
+        QTest::newRow("one blank") << u" "_s << int(Qt::Key_Return) << u"A"_s;
+        QTest::newRow("empty") << QString() << int(Qt::Key_Return) << u"A"_s;
+        QTest::newRow("tab edits no other row") << u"B"_s << int(Qt::Key_Tab) << u"B"_s;
     }
 
     void renameByKeyboard()
@@ -195,14 +181,13 @@ private Q_SLOTS:
         QFETCH(QString, typed);
         QFETCH(int, endKey);
         QFETCH(QString, title);
-        QTest::failOnWarning(QRegularExpression(words("[Ee]dit")));
+        QTest::failOnWarning(QRegularExpression(u"[Ee]dit"_s));
         World world;
-        const auto record = world.library.addCollection(words("A"));
-        world.library.addCollection(words("Z"));
-        world.library.state().addExpandedCollection(words("16"));
-        world.open();
-        world.click(words("A"));
-        QTest::keyClick(&world.outline(), Qt::Key_F2);
+        const auto record = world.add(u"A"_s);
+        world.add(u"Z"_s);
+        world.open({u"16"_s});
+        world.click(u"A"_s);
+        world.press(Qt::Key_F2);
         QLineEdit* field = world.editor();
         QVERIFY(field);
         field->clear();
@@ -211,240 +196,215 @@ private Q_SLOTS:
         QTRY_VERIFY(!world.editor());
         QCOMPARE(record->title(), title);
         QVERIFY(world.row(title).isValid());
-        QCOMPARE(world.selectedTitles(), QStringList(title));
+        QCOMPARE(world.selected(), title);
         QTRY_VERIFY(world.outline().hasFocus());
     }
 
     void commandsFollowTheSelection()
     {
         World world;
-        world.library.addCollection(words("A"));
-        world.library.addCollection(words("B"));
-        world.library.state().addExpandedCollection(words("16"));
-        world.library.state().addExpandedCollection(words("0"));
-        world.open();
+        world.add(u"A"_s);
+        world.add(u"B"_s);
+        world.open({u"16"_s, u"0"_s});
         QVERIFY(world.view->validateCommand(0) && !world.view->validateCommand(2000));
-        world.click(words("A"));
+        world.click(u"A"_s);
         QVERIFY(world.view->validateCommand(2) && world.view->validateCommand(2000));
         world.busy = true;
         QVERIFY(!world.view->validateCommand(0));
         world.busy = false;
-        world.click(words("B"), Qt::ControlModifier);
-        QCOMPARE(world.selectedTitles(), QStringList({words("A"), words("B")}));
+        world.click(u"B"_s, Qt::ControlModifier);
+        QCOMPARE(world.selected(), u"A|B"_s);
         QVERIFY(!world.view->validateCommand(0));
         world.click(base::text("Lib.All"), Qt::ControlModifier);
-        QCOMPARE(world.selectedTitles(), QStringList({words("A"), words("B")}));
+        QCOMPARE(world.selected(), u"A|B"_s);
         world.click(base::text("Lib.All"));
-        QCOMPARE(world.selectedTitles(), QStringList(base::text("Lib.All")));
+        QCOMPARE(world.selected(), base::text("Lib.All"));
         QVERIFY(!world.view->validateCommand(0));
         QTest::mouseClick(world.outline().viewport(), Qt::LeftButton, {},
                           QPoint(20, world.outline().viewport()->height() - 5));
-        QCOMPARE(world.selectedTitles(), QStringList());
+        QCOMPARE(world.selected(), QString());
     }
 
     void keyboardPassesOverHeadings()
     {
         World world;
-        world.library.addCollection(words("A"));
-        world.library.state().addExpandedCollection(words("0"));
-        world.library.state().addExpandedCollection(words("16"));
-        world.open();
+        world.add(u"A"_s);
+        world.open({u"0"_s, u"16"_s});
         world.click(base::text("Lib.Recent"));
-        QTest::keyClick(&world.outline(), Qt::Key_Down);
-        QCOMPARE(world.selectedTitles(), QStringList(words("A")));
-        QTest::keyClick(&world.outline(), Qt::Key_Up);
-        QTest::keyClick(&world.outline(), Qt::Key_Up);
-        QTest::keyClick(&world.outline(), Qt::Key_Up);
-        QCOMPARE(world.selectedTitles(), QStringList(base::text("Lib.All")));
+        world.press(Qt::Key_Down);
+        QCOMPARE(world.selected(), u"A"_s);
+        world.press(Qt::Key_Up);
+        world.press(Qt::Key_Up);
+        world.press(Qt::Key_Up);
+        QCOMPARE(world.selected(), base::text("Lib.All"));
         world.outline().collapse(world.row(base::text("Lib.Your.Collections").toUpper()));
-        QTest::keyClick(&world.outline(), Qt::Key_End);
-        QCOMPARE(world.selectedTitles(), QStringList(base::text("Lib.Recent")));
-        QTest::keyClick(&world.outline(), Qt::Key_Home);
-        QCOMPARE(world.selectedTitles(), QStringList(base::text("Lib.All")));
+        world.press(Qt::Key_End);
+        QCOMPARE(world.selected(), base::text("Lib.Recent"));
+        world.press(Qt::Key_Home);
+        QCOMPARE(world.selected(), base::text("Lib.All"));
     }
 
     void selectionReachesTheBrowserOnce()
     {
         World world;
-        const auto folder = world.library.addCollection(words("F"), store::kTypeFolder);
-        const auto inside =
-            world.library.addCollection(words("In"), store::kTypeCollection, folder->collectionID());
-        world.library.addMedia(words("one"), inside);
-        world.library.addMedia(words("two"), inside);
-        world.library.state().addExpandedCollection(words("16"));
-        world.open();
+        const auto folder = world.add(u"F"_s, {}, store::kTypeFolder);
+        const auto inside = world.add(u"In"_s, folder);
+        world.library.addMedia(u"one"_s, inside);
+        world.library.addMedia(u"two"_s, inside);
+        world.open({u"16"_s});
         QSignalSpy changes(world.view.get(), &MRLibraryView::selectionChanged);
-        world.click(words("F"));
+        world.click(u"F"_s);
         QCOMPARE(changes.size(), 1);
         QCOMPARE(world.view->selectedObjects().ids.size(), size_t(2));
         QCOMPARE(world.view->selectedObjects().totalFileSize, 2000);
 
         world.view->findCollectionItem(inside->collectionID());
         QCOMPARE(changes.size(), 2);
-        QCOMPARE(world.selectedTitles(), QStringList(words("In")));
-        QCOMPARE(world.view->selectedPath(), QStringList(words("F")));
+        QCOMPARE(world.selected(), u"In"_s);
+        QCOMPARE(world.view->selectedPath(), QStringList(u"F"_s));
         QVERIFY(world.library.state().expandedCollections().contains(folder->collectionID()));
 
-        world.library.addMedia(words("three"), inside);
-        world.utilities.postNotification(base::MOSARO_NOTI_RELOAD_CURRENT_SELECTION);
+        world.library.addMedia(u"three"_s, inside);
+        world.post(base::MOSARO_NOTI_RELOAD_CURRENT_SELECTION);
         QCOMPARE(changes.size(), 3);
         QCOMPARE(world.view->selectedObjects().ids.size(), size_t(3));
         world.view->readLibrary();
         QCOMPARE(changes.size(), 4);
-        QCOMPARE(world.selectedTitles(), QStringList(words("In")));
+        QCOMPARE(world.selected(), u"In"_s);
     }
 
     void collapsingSelectsTheParent()
     {
         World world;
-        const auto folder = world.library.addCollection(words("F"), store::kTypeFolder);
-        world.library.addCollection(words("In"), store::kTypeCollection, folder->collectionID());
-        world.library.state().addExpandedCollection(words("16"));
-        world.library.state().addExpandedCollection(folder->collectionID());
-        world.open();
-        world.click(words("In"));
-        world.outline().collapse(world.row(words("F")));
-        QCOMPARE(world.selectedTitles(), QStringList(words("F")));
-        QCOMPARE(world.library.state().expandedCollections(), QStringList(words("16")));
-        world.outline().collapse(world.row(base::text("Lib.Your.Collections").toUpper()));
-        QCOMPARE(world.selectedTitles(), QStringList());
-        QCOMPARE(world.library.state().lastSelectedCollections(), QStringList());
-    }
+        const auto outer = world.add(u"Outer"_s, {}, store::kTypeFolder);
+        const auto inner = world.add(u"Inner"_s, outer, store::kTypeFolder);
+        world.add(u"In"_s, inner);
+        world.open({u"16"_s, outer->collectionID(), inner->collectionID()});
+        world.click(u"In"_s);
+        world.outline().collapse(world.row(u"Inner"_s));
+        QCOMPARE(world.selected(), u"Inner"_s);
+        QCOMPARE(world.library.state().expandedCollections(), (QStringList{u"16"_s, outer->collectionID()}));
 
-    void collapsingHidesWhatTookTheSelectionOver()
-    {
-        World world;
-        const auto outer = world.library.addCollection(words("Outer"), store::kTypeFolder);
-        const auto inner =
-            world.library.addCollection(words("Inner"), store::kTypeFolder, outer->collectionID());
-        world.library.addCollection(words("In"), store::kTypeCollection, inner->collectionID());
-        for (const QString& id : {words("16"), outer->collectionID(), inner->collectionID()}) {
-            world.library.state().addExpandedCollection(id);
-        }
-        world.open();
-        world.click(words("In"));
-        world.outline().collapse(world.row(words("Outer")));
-        QVERIFY(!world.row(words("Inner")).isValid());
-        QCOMPARE(world.selectedTitles(), QStringList());
-        QCOMPARE(world.outline().currentIndex(), world.row(words("Outer")));
+        world.outline().expand(world.row(u"Inner"_s));
+        world.click(u"In"_s);
+        world.outline().collapse(world.row(u"Outer"_s)); // hides Inner, which would take the selection over
+        QVERIFY(!world.row(u"Inner"_s).isValid());
+        QCOMPARE(world.selected(), QString());
+        QCOMPARE(world.outline().currentIndex(), world.row(u"Outer"_s));
+
+        world.click(u"Outer"_s);
+        world.outline().collapse(world.row(base::text("Lib.Your.Collections").toUpper()));
+        QCOMPARE(world.selected(), QString());
+        QCOMPARE(world.library.state().lastSelectedCollections(), QStringList());
     }
 
     void expansionAndSelectionSurvive()
     {
         World world;
-        const auto folder = world.library.addCollection(words("F"), store::kTypeFolder);
-        world.library.addCollection(words("In"), store::kTypeCollection, folder->collectionID());
-        world.library.addCollection(words("Top"));
-        world.library.state().addExpandedCollection(words("16"));
-        world.library.state().addExpandedCollection(words("gone"));
-        world.open();
-        QVERIFY(!world.library.state().expandedCollections().contains(words("gone")));
-        world.outline().expand(world.row(words("F")));
-        world.click(words("In"));
-        world.click(words("Top"), Qt::ControlModifier);
+        const auto folder = world.add(u"F"_s, {}, store::kTypeFolder);
+        world.add(u"In"_s, folder);
+        world.add(u"Top"_s);
+        world.open({u"16"_s, u"gone"_s});
+        QVERIFY(!world.library.state().expandedCollections().contains(u"gone"_s));
+        world.outline().expand(world.row(u"F"_s));
+        world.click(u"In"_s);
+        world.click(u"Top"_s, Qt::ControlModifier);
         world.reopen();
-        QCOMPARE(world.selectedTitles(), QStringList({words("In"), words("Top")}));
+        QCOMPARE(world.selected(), u"In|Top"_s);
         QVERIFY(!world.row(base::text("Lib.All")).isValid());
 
         for (const QString& id : world.library.state().expandedCollections()) {
             world.library.state().removeExpandedCollection(id);
         }
         world.reopen();
-        QCOMPARE(world.selectedTitles(), QStringList());
+        QCOMPARE(world.selected(), QString());
     }
 
     void recentDaysChange()
     {
         World world;
-        world.library.state().addExpandedCollection(words("0"));
-        world.open();
+        world.open({u"0"_s});
         QSignalSpy changes(world.view.get(), &MRLibraryView::selectionChanged);
-        world.utilities.postNotification(base::MOSARO_NOTI_RECENT_DAYS_CHANGED, 3);
+        world.post(base::MOSARO_NOTI_RECENT_DAYS_CHANGED, 3);
         QCOMPARE(changes.size(), 0);
         world.click(base::text("Lib.Recent"));
-        world.utilities.postNotification(base::MOSARO_NOTI_RECENT_DAYS_CHANGED, 3);
+        world.post(base::MOSARO_NOTI_RECENT_DAYS_CHANGED, 3);
         QCOMPARE(changes.size(), 2);
-        world.utilities.postNotification(base::MOSARO_NOTI_RECENT_DAYS_CHANGED);
+        world.post(base::MOSARO_NOTI_RECENT_DAYS_CHANGED);
         QCOMPARE(changes.size(), 2);
     }
 
     void droppedFiles_data()
     {
         QTest::addColumn<QString>("onto");
-        QTest::addColumn<bool>("accepted");
-        QTest::addColumn<QString>("selected");
-
-        QTest::newRow("collection") << words("C") << true << words("C");
-        QTest::newRow("folder") << words("F") << true << words("Holiday");
-        QTest::newRow("empty area") << QString() << true << words("Holiday (2)");
-        QTest::newRow("smart collection") << words("S") << false << QString();
-        QTest::newRow("system node") << words("All") << false << QString();
-        QTest::newRow("heading") << words("LIBRARY") << false << QString();
+        QTest::addColumn<QString>("selected"); // none: refused
+        QTest::newRow("collection") << u"C"_s << u"C"_s;
+        QTest::newRow("folder") << u"F"_s << u"Holiday"_s;
+        QTest::newRow("empty area") << QString() << u"Holiday (2)"_s;
+        QTest::newRow("smart collection") << u"S"_s << QString();
+        QTest::newRow("system node") << u"All"_s << QString();
+        QTest::newRow("heading") << u"LIBRARY"_s << QString();
     }
 
     void droppedFiles()
     {
         QFETCH(QString, onto);
-        QFETCH(bool, accepted);
         QFETCH(QString, selected);
+        const bool accepted = !selected.isEmpty();
         World world;
-        world.library.addCollection(words("C"));
-        world.library.addCollection(words("F"), store::kTypeFolder);
-        world.library.addCollection(words("S"), store::kTypeSmartCollection);
-        world.library.addCollection(words("Holiday plans"));
-        world.library.state().addExpandedCollection(words("0"));
-        world.library.state().addExpandedCollection(words("16"));
-        world.open();
-        const QString folder = world.library.folder(words("Holiday"));
-        test::writeFile(folder + words("/a.png"), "\x89PNG");
+        world.add(u"C"_s);
+        world.add(u"F"_s, {}, store::kTypeFolder);
+        world.add(u"S"_s, {}, store::kTypeSmartCollection);
+        world.add(u"Holiday plans"_s);
+        world.open({u"0"_s, u"16"_s});
+        const QString folder = world.library.folder(u"Holiday"_s);
+        test::writeFile(folder + u"/a.png"_s, "\x89PNG");
 
         const QRect place = world.outline().visualRect(world.row(onto));
         const QPoint position = place.isValid() ? place.center() : QPoint(20, world.outline().height() - 5);
-        QSignalSpy changes(world.view.get(), &MRLibraryView::selectionChanged);
-        QCOMPARE(dropFiles(world, position, {folder}), accepted);
+        QCOMPARE(dropFile(world, position, folder), accepted);
         QCOMPARE(world.view->isBusy(), accepted);
         if (!accepted) {
             return;
         }
         QVERIFY(kit::Sheet::isAttachedTo(*world.view));
-        QVERIFY(!dropFiles(world, position, {folder}));
+        QVERIFY(!dropFile(world, position, folder));
         QTRY_VERIFY(!world.view->isBusy());
         QVERIFY(!kit::Sheet::isAttachedTo(*world.view));
-        QCOMPARE(world.selectedTitles(), QStringList(selected));
+        QCOMPARE(world.selected(), selected);
         QCOMPARE(world.view->selectedObjects().ids.size(), size_t(1));
     }
 
     void requestsToImport()
     {
         World world;
-        world.library.addCollection(words("C"));
-        world.library.addCollection(words("D"));
-        world.library.state().addExpandedCollection(words("16"));
-        world.open();
-        const QString file = world.library.folder() + words("/a.png");
+        world.add(u"C"_s);
+        world.add(u"D"_s);
+        world.open({u"16"_s});
+        const QString file = world.library.folder() + u"/a.png"_s;
         test::writeFile(file, "\x89PNG");
 
-        world.utilities.postNotification(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, QStringList(file));
-        world.utilities.postNotification(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX);
+        world.post(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, QStringList(file));
+        world.post(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX);
         QVERIFY(!world.view->isBusy());
         QVERIFY(world.library.prompts().openPanels.isEmpty());
 
-        world.click(words("C"));
-        world.utilities.postNotification(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, file);
+        world.click(u"C"_s);
+        world.post(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, file);
         QVERIFY(!world.view->isBusy());
-        world.utilities.postNotification(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, QStringList(file));
+        world.post(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, QStringList(file));
         QVERIFY(world.view->isBusy());
         QTRY_VERIFY(!world.view->isBusy());
 
         world.library.prompts().openAnswers.append(QStringList({file, file}));
-        world.utilities.postNotification(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX);
+        world.post(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX);
         QCOMPARE(world.library.prompts().openPanels.size(), 1);
-        QCOMPARE(world.library.prompts().openPanels.first().title, base::text("Message.Import", words("C")));
+        QCOMPARE(world.library.prompts().openPanels.first().title, base::text("Message.Import", u"C"_s));
         QTRY_VERIFY(!world.view->isBusy());
         QCOMPARE(world.view->selectedObjects().ids.size(), size_t(2));
 
-        world.click(words("D"), Qt::ControlModifier);
-        world.utilities.postNotification(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX);
+        world.click(u"D"_s, Qt::ControlModifier);
+        world.post(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX);
         QCOMPARE(world.library.prompts().openPanels.size(), 1);
     }
 };

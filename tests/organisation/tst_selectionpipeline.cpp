@@ -7,6 +7,7 @@
 #include <QTimeZone>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
 using namespace mosaro;
 using organisation::CollectionTree;
 using organisation::NodeList;
@@ -16,7 +17,7 @@ using store::Predicate;
 
 namespace {
 
-QDateTime at(const QString& text, const char* zone)
+QDateTime at(const QString& text, const QByteArray& zone = "UTC")
 {
     QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
     moment.setTimeZone(QTimeZone(zone));
@@ -36,16 +37,13 @@ private:
 
         World()
         {
-            folder = library.addCollection(QStringLiteral("folder"), store::kTypeFolder);
-            inner =
-                library.addCollection(QStringLiteral("inner"), store::kTypeFolder, folder->collectionID());
-            inFolder =
-                library.addCollection(QStringLiteral("in"), store::kTypeCollection, folder->collectionID());
-            deep =
-                library.addCollection(QStringLiteral("deep"), store::kTypeCollection, inner->collectionID());
-            beside = library.addCollection(QStringLiteral("beside"));
-            smart = library.addCollection(QStringLiteral("smart"), store::kTypeSmartCollection);
-            otherSmart = library.addCollection(QStringLiteral("other"), store::kTypeSmartCollection);
+            folder = collection(u"folder"_s, store::kTypeFolder);
+            inner = collection(u"inner"_s, store::kTypeFolder, folder);
+            inFolder = collection(u"in"_s, store::kTypeCollection, folder);
+            deep = collection(u"deep"_s, store::kTypeCollection, inner);
+            beside = collection(u"beside"_s, store::kTypeCollection);
+            smart = collection(u"smart"_s, store::kTypeSmartCollection);
+            otherSmart = collection(u"other"_s, store::kTypeSmartCollection);
             add("one", inFolder, 7);
             add("two", deep, 14);
             add("three", deep, 7);
@@ -56,6 +54,11 @@ private:
             }
         }
 
+        std::shared_ptr<store::Collections> collection(const QString& title, qint64 type,
+                                                       const std::shared_ptr<store::Collections>& parent = {})
+        {
+            return library.addCollection(title, type, parent ? parent->collectionID() : QString());
+        }
         void add(const char* title, const std::shared_ptr<store::Collections>& owner, qint64 kind)
         {
             const auto media = library.addMedia(QString::fromLatin1(title), owner);
@@ -111,7 +114,7 @@ private Q_SLOTS:
         QCOMPARE(select(world, {beside}), words("four five"));
         QCOMPARE(select(world, {folder}), words("one two three"));
         QCOMPARE(select(world, {folder, in, beside}), words("one two three four five"));
-        const auto empty = world.library.addCollection(QStringLiteral("empty"), store::kTypeFolder);
+        const auto empty = world.library.addCollection(u"empty"_s, store::kTypeFolder);
         QVERIFY(world.tree.makeUserCollections(world.library.context()));
         QCOMPARE(select(world, {empty->collectionID()}), QStringList());
     }
@@ -126,8 +129,7 @@ private Q_SLOTS:
             if (record.title() != QLatin1String("smart")) {
                 return std::nullopt;
             }
-            return Predicate::compare(QLatin1String("mediaTitle"), Comparison::BeginsWith,
-                                      QStringLiteral("t"));
+            return Predicate::compare(QLatin1String("mediaTitle"), Comparison::BeginsWith, u"t"_s);
         };
         QCOMPARE(select(world, both, byTitle), words("two three"));
         QCOMPARE(select(world, {both.last()}, byTitle), QStringList());
@@ -147,9 +149,8 @@ private Q_SLOTS:
     void hundredThousandItems()
     {
         test::TemporaryLibrary library;
-        const auto folder = library.addCollection(QStringLiteral("F"), store::kTypeFolder);
-        const auto owner =
-            library.addCollection(QStringLiteral("C"), store::kTypeCollection, folder->collectionID());
+        const auto folder = library.addCollection(u"F"_s, store::kTypeFolder);
+        const auto owner = library.addCollection(u"C"_s, store::kTypeCollection, folder->collectionID());
         constexpr int kCount = 100'000;
         for (int i = 0; i < kCount; ++i) {
             const auto media = library.context().insert<store::Media>();
@@ -169,52 +170,49 @@ private Q_SLOTS:
 
     void recentStart_data()
     {
-        QTest::addColumn<QDateTime>("now");
+        QTest::addColumn<QByteArray>("zone");
+        QTest::addColumn<QString>("now");
         QTest::addColumn<int>("days");
-        QTest::addColumn<QDateTime>("start");
-
+        QTest::addColumn<QString>("start");
+        const auto row = [](const char* name, const char* zone, const char* now, int days,
+                            const char* start) {
+            QTest::newRow(name) << QByteArray(zone) << QString::fromLatin1(now) << days
+                                << QString::fromLatin1(start);
+        };
         // Seven days of 25 hours are seven days and seven hours.
-        QTest::newRow("evening") << at(QStringLiteral("2024-06-15T20:00:00"), "UTC") << 7
-                                 << at(QStringLiteral("2024-06-09T00:00:00"), "UTC");
-        QTest::newRow("small hours fall on the day before")
-            << at(QStringLiteral("2024-06-15T06:59:59"), "UTC") << 7
-            << at(QStringLiteral("2024-06-08T00:00:00"), "UTC");
-        QTest::newRow("last second of the rule") << at(QStringLiteral("2024-06-15T07:00:00"), "UTC") << 7
-                                                 << at(QStringLiteral("2024-06-09T00:00:00"), "UTC");
-        QTest::newRow("no days: the next midnight") << at(QStringLiteral("2024-06-15T12:00:00"), "UTC") << 0
-                                                    << at(QStringLiteral("2024-06-16T00:00:00"), "UTC");
-        QTest::newRow("over the change to summer time")
-            << at(QStringLiteral("2024-04-02T08:30:00"), "Europe/Berlin") << 7
-            << at(QStringLiteral("2024-03-27T00:00:00"), "Europe/Berlin");
-        QTest::newRow("a day without midnight begins at one")
-            << at(QStringLiteral("2018-11-05T12:00:00"), "America/Sao_Paulo") << 1
-            << at(QStringLiteral("2018-11-05T00:00:00"), "America/Sao_Paulo");
-        QTest::newRow("the day that lacks its midnight")
-            << at(QStringLiteral("2018-11-04T23:00:00"), "America/Sao_Paulo") << 1
-            << at(QStringLiteral("2018-11-04T01:00:00"), "America/Sao_Paulo");
-        QTest::newRow("year boundary") << at(QStringLiteral("2024-01-03T10:00:00"), "Asia/Tokyo") << 3
-                                       << at(QStringLiteral("2024-01-01T00:00:00"), "Asia/Tokyo");
+        row("evening", "UTC", "2024-06-15T20:00:00", 7, "2024-06-09T00:00:00");
+        row("small hours fall on the day before", "UTC", "2024-06-15T06:59:59", 7, "2024-06-08T00:00:00");
+        row("last second of the rule", "UTC", "2024-06-15T07:00:00", 7, "2024-06-09T00:00:00");
+        row("no days: the next midnight", "UTC", "2024-06-15T12:00:00", 0, "2024-06-16T00:00:00");
+        row("over the change to summer time", "Europe/Berlin", "2024-04-02T08:30:00", 7,
+            "2024-03-27T00:00:00");
+        row("after a day without midnight", "America/Sao_Paulo", "2018-11-05T12:00:00", 1,
+            "2018-11-05T00:00:00");
+        row("a day without midnight", "America/Sao_Paulo", "2018-11-04T23:00:00", 1, "2018-11-04T01:00:00");
+        row("year boundary", "Asia/Tokyo", "2024-01-03T10:00:00", 3, "2024-01-01T00:00:00");
     }
 
     void recentStart()
     {
-        QFETCH(QDateTime, now);
+        QFETCH(QByteArray, zone);
+        QFETCH(QString, now);
         QFETCH(int, days);
-        QTEST(organisation::recentStart(now, days), "start");
+        QFETCH(QString, start);
+        QCOMPARE(organisation::recentStart(at(now, zone), days), at(start, zone));
     }
 
     void recentWindow()
     {
         World world;
         base::ZNUserDefaults& defaults = world.library.defaults();
-        const QDateTime now = at(QStringLiteral("2024-06-15T20:00:00"), "UTC");
+        const QDateTime now = at(u"2024-06-15T20:00:00"_s);
         const auto importedAt = [&world](const char* title, const QDateTime& date) {
             const auto media = world.library.addMedia(QString::fromLatin1(title), world.beside);
             media->setMediaDateImported(date);
             QVERIFY(world.library.context().save());
         };
-        importedAt("first", at(QStringLiteral("2024-06-09T00:00:00"), "UTC"));
-        importedAt("before", at(QStringLiteral("2024-06-08T23:59:59"), "UTC"));
+        importedAt("first", at(u"2024-06-09T00:00:00"_s));
+        importedAt("before", at(u"2024-06-08T23:59:59"_s));
         importedAt("now", now);
         importedAt("later", now.addSecs(1));
 

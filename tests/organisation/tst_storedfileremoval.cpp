@@ -6,6 +6,7 @@
 
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
 using namespace mosaro;
 using organisation::StoredFileRemoval;
 
@@ -16,9 +17,9 @@ class Log : public base::ProgressSink, public base::UserNotifier, public base::S
 public:
     QStringList lines;
 
-    void begin(const QString&) override { lines.append(QStringLiteral("begin")); }
+    void begin(const QString&) override { lines.append(u"begin"_s); }
     void update(const QString&, int percent) override { lines.append(QString::number(percent)); }
-    void end() override { lines.append(QStringLiteral("end")); }
+    void end() override { lines.append(u"end"_s); }
     void notify(const QString&, const QString&, const QString& content) override { lines.append(content); }
     void play(const QString& resource) override { lines.append(resource); }
 };
@@ -36,7 +37,7 @@ private:
     [[nodiscard]] QString masters() const { return m_library.package().masterDirPath(); }
     QString makeItem(const QString& place)
     {
-        test::writeFile(masters() + place + QStringLiteral("/Preivew/preview.png"), "x");
+        test::writeFile(masters() + place + u"/Preivew/preview.png"_s, "x");
         return masters() + place;
     }
     void remove(const QStringList& paths)
@@ -44,7 +45,7 @@ private:
         m_log.lines.clear();
         StoredFileRemoval removal(m_log, m_utilities, m_library.defaults());
         removal.deleteMediaFiles(paths);
-        QTRY_VERIFY(m_log.lines.contains(QStringLiteral("end")));
+        QTRY_VERIFY(m_log.lines.contains(u"end"_s));
     }
 
 private Q_SLOTS:
@@ -59,48 +60,44 @@ private Q_SLOTS:
     void removesItemsAndTheDateFoldersThatTheyLeaveEmpty()
     {
         m_library.defaults().updateUserDefaults(base::PREFS_GENERAL_SOUND_EFFECTS, true);
-        const QString kept = makeItem(QStringLiteral("/2026/2/1/KEPT.mritem"));
-        const QStringList gone{makeItem(QStringLiteral("/2026/2/1/A.mritem")),
-                               makeItem(QStringLiteral("/2026/2/3/B.mritem")),
-                               makeItem(QStringLiteral("/2025/12/31/C.mritem"))};
+        const QString kept = makeItem(u"/2026/2/1/KEPT.mritem"_s);
+        const QStringList gone{makeItem(u"/2026/2/1/A.mritem"_s), makeItem(u"/2026/2/3/B.mritem"_s),
+                               makeItem(u"/2025/12/31/C.mritem"_s)};
         remove(gone);
-        QCOMPARE(m_log.lines, QStringList({QStringLiteral("33"), QStringLiteral("66"), QStringLiteral("100"),
-                                           QStringLiteral("end"),
-                                           base::text("Message.Remove.Completed.Items", QStringLiteral("3")),
-                                           QStringLiteral(":/sounds/DeleteItem.wav")}));
-        QVERIFY(QFileInfo::exists(kept + QStringLiteral("/Preivew/preview.png")));
-        QCOMPARE(QDir(masters()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-                 QStringList(QStringLiteral("2026")));
-        QCOMPARE(QDir(masters() + QStringLiteral("/2026/2")).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
-                 QStringList(QStringLiteral("1")));
+        QCOMPARE(m_log.lines, QStringList({u"33"_s, u"66"_s, u"100"_s, u"end"_s,
+                                           base::text("Message.Remove.Completed.Items", u"3"_s),
+                                           u":/sounds/DeleteItem.wav"_s}));
+        QVERIFY(QFileInfo::exists(kept + u"/Preivew/preview.png"_s));
+        QCOMPARE(QDir(masters()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList(u"2026"_s));
+        QCOMPARE(QDir(masters() + u"/2026/2"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+                 QStringList(u"1"_s));
     }
 
     void aLinkIsRemovedAndNotWhatItLeadsTo()
     {
-        const QString target = makeItem(QStringLiteral("/2024/1/1/TARGET.mritem"));
-        const QString link = masters() + QStringLiteral("/2024/1/1/LINK.mritem");
+        const QString target = makeItem(u"/2024/1/1/TARGET.mritem"_s);
+        const QString link = masters() + u"/2024/1/1/LINK.mritem"_s;
         QVERIFY(QFile::link(target, link));
         remove({link});
         QVERIFY(!QFileInfo(link).isSymLink());
-        QVERIFY(QFileInfo::exists(target + QStringLiteral("/Preivew/preview.png")));
+        QVERIFY(QFileInfo::exists(target + u"/Preivew/preview.png"_s));
     }
 
     void whatCannotBeRemovedIsCounted()
     {
         m_library.defaults().updateUserDefaults(base::PREFS_GENERAL_SOUND_EFFECTS, false);
-        remove({masters() + QStringLiteral("/2020/1/1/NONE.mritem")});
+        remove({masters() + u"/2020/1/1/NONE.mritem"_s});
         QCOMPARE(m_log.lines,
-                 QStringList({QStringLiteral("100"), QStringLiteral("end"),
-                              base::text("Message.Remove.Completed.Item", QStringLiteral("1"))}));
+                 QStringList({u"100"_s, u"end"_s, base::text("Message.Remove.Completed.Item", u"1"_s)}));
         m_library.defaults().updateUserDefaults(base::PREFS_GENERAL_SHOW_REMOVE_MEDIA_NOTI, false);
-        remove({masters() + QStringLiteral("/2020/1/1/NONE.mritem")});
-        QCOMPARE(m_log.lines, QStringList({QStringLiteral("100"), QStringLiteral("end")}));
+        remove({masters() + u"/2020/1/1/NONE.mritem"_s});
+        QCOMPARE(m_log.lines, QStringList({u"100"_s, u"end"_s}));
     }
 
     void nothingToRemoveOnlyHidesThePanel()
     {
         remove({});
-        QCOMPARE(m_log.lines, QStringList(QStringLiteral("end")));
+        QCOMPARE(m_log.lines, QStringList(u"end"_s));
     }
 };
 
