@@ -6,6 +6,7 @@
 #include <limits>
 
 using namespace mosaro::base;
+using namespace Qt::StringLiterals;
 using Color = std::optional<ColorValue>;
 Q_DECLARE_METATYPE(Color)
 
@@ -19,14 +20,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<Color>("color");
         QTest::addColumn<QString>("text");
-        QTest::newRow("black") << Color({0, 0, 0, 1})
-                               << QStringLiteral("0.000000+0.000000+0.000000+1.000000");
+        QTest::newRow("black") << Color({0, 0, 0, 1}) << u"0.000000+0.000000+0.000000+1.000000"_s;
         QTest::newRow("rounded") << Color({1.0F / 3, 2.0F / 3, 0.0000004F, 0.5F})
-                                 << QStringLiteral("0.333333+0.666667+0.000000+0.500000");
+                                 << u"0.333333+0.666667+0.000000+0.500000"_s;
         QTest::newRow("beyond white")
-            << Color({1.35F, 12, 0.15F, 1}) << QStringLiteral("1.350000+12.000000+0.150000+1.000000");
-        QTest::newRow("negative") << Color({-0.25F, 0, 0, 0})
-                                  << QStringLiteral("-0.250000+0.000000+0.000000+0.000000");
+            << Color({1.35F, 12, 0.15F, 1}) << u"1.350000+12.000000+0.150000+1.000000"_s;
+        QTest::newRow("negative") << Color({-0.25F, 0, 0, 0}) << u"-0.250000+0.000000+0.000000+0.000000"_s;
     }
     void writes()
     {
@@ -39,11 +38,11 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<Color>("color");
-        QTest::newRow("short numbers") << QStringLiteral("1+0.5+0+1") << Color({1, 0.5F, 0, 1});
-        QTest::newRow("more parts") << QStringLiteral("1+0+0+1+9") << Color({1, 0, 0, 1});
-        QTest::newRow("no numbers") << QStringLiteral("a+0,5++1") << Color({0, 0, 0, 1});
-        QTest::newRow("not finite") << QStringLiteral("nan+inf+0+1") << Color({0, 0, 0, 1});
-        QTest::newRow("three parts") << QStringLiteral("1+0.5+0") << Color();
+        QTest::newRow("short numbers") << u"1+0.5+0+1"_s << Color({1, 0.5F, 0, 1});
+        QTest::newRow("more parts") << u"1+0+0+1+9"_s << Color({1, 0, 0, 1});
+        QTest::newRow("no numbers") << u"a+0,5++1"_s << Color({0, 0, 0, 1});
+        QTest::newRow("not finite") << u"nan+inf+0+1"_s << Color({0, 0, 0, 1});
+        QTest::newRow("three parts") << u"1+0.5+0"_s << Color();
         QTest::newRow("empty") << QString() << Color();
     }
     void reads()
@@ -67,8 +66,8 @@ private Q_SLOTS:
         const mosaro::test::CommaLocale comma;
         if (!comma.isActive())
             QSKIP("no locale with a decimal comma can be made on this machine");
-        QCOMPARE(colorAsString({0.5F, 0, 0, 1}), QStringLiteral("0.500000+0.000000+0.000000+1.000000"));
-        QVERIFY(colorFromString(QStringLiteral("0.5+0+0+1")) == Color({0.5F, 0, 0, 1}));
+        QCOMPARE(colorAsString({0.5F, 0, 0, 1}), u"0.500000+0.000000+0.000000+1.000000"_s);
+        QVERIFY(colorFromString(u"0.5+0+0+1"_s) == Color({0.5F, 0, 0, 1}));
     }
 
     void showsWithinBounds()

@@ -1,5 +1,6 @@
 #include "base/Text.h"
 #include "base/ZNFileManager.h"
+#include "support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -8,14 +9,10 @@
 #include <limits>
 
 using namespace mosaro::base;
+using mosaro::test::writeFile;
+using namespace Qt::StringLiterals;
 
 namespace {
-
-void touch(const QString& path)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-}
 
 class FileManagerTest : public QObject {
     Q_OBJECT
@@ -26,13 +23,12 @@ private Q_SLOTS:
 
     void freeNamesBeginWithTwo()
     {
-        const QString path = m_folder->filePath(QStringLiteral("Photo 100% (1).new"));
-        const QString suffix = QStringLiteral("png");
-        const QStringList expected{path + QStringLiteral(".png"), path + QStringLiteral(" (2).png"),
-                                   path + QStringLiteral(" (3).png")};
+        const QString path = m_folder->filePath(u"Photo 100% (1).new"_s);
+        const QString suffix = u"png"_s;
+        const QStringList expected{path + u".png"_s, path + u" (2).png"_s, path + u" (3).png"_s};
         for (const QString& name : expected) {
             QCOMPARE(m_manager.availableFileName(path, suffix), name);
-            touch(name);
+            writeFile(name);
         }
         // A gap is filled.
         QVERIFY(QFile::remove(expected[1]));
@@ -41,83 +37,71 @@ private Q_SLOTS:
 
     void folderNames()
     {
-        const QString path = m_folder->filePath(QStringLiteral("Export"));
+        const QString path = m_folder->filePath(u"Export"_s);
         QCOMPARE(m_manager.availableFolderName(path), path);
         QVERIFY(m_manager.createDirectoryAtPath(path));
-        QCOMPARE(m_manager.availableFolderName(path), path + QStringLiteral(" (2)"));
-    }
-
-    void aDanglingLinkTakesItsName()
-    {
-        const QString path = m_folder->filePath(QStringLiteral("link"));
-        QVERIFY(QFile::link(QStringLiteral("/no/such/file"), path));
-        QCOMPARE(m_manager.availableFolderName(path), path + QStringLiteral(" (2)"));
+        QVERIFY(QFile::link(u"/no/such/file"_s, path + u" (2)"_s)); // A dangling link takes its name.
+        QCOMPARE(m_manager.availableFolderName(path), path + u" (3)"_s);
     }
 
     void thePlainNameWhenAllAreTaken()
     {
-        const QString path = m_folder->filePath(QStringLiteral("a"));
-        touch(path + QStringLiteral(".png"));
+        const QString path = m_folder->filePath(u"a"_s);
+        writeFile(path + u".png"_s);
         for (int number = 2; number <= 9998; ++number)
-            touch(path + QStringLiteral(" (%1).png").arg(number));
-        QCOMPARE(m_manager.availableFileName(path, QStringLiteral("png")), path + QStringLiteral(".png"));
-        QVERIFY(QFile::remove(path + QStringLiteral(" (9998).png")));
-        QCOMPARE(m_manager.availableFileName(path, QStringLiteral("png")),
-                 path + QStringLiteral(" (9998).png"));
+            writeFile(path + u" (%1).png"_s.arg(number));
+        QCOMPARE(m_manager.availableFileName(path, u"png"_s), path + u".png"_s);
+        QVERIFY(QFile::remove(path + u" (9998).png"_s));
+        QCOMPARE(m_manager.availableFileName(path, u"png"_s), path + u" (9998).png"_s);
     }
 
-    void sizes_data()
-    {
-        QTest::addColumn<qint64>("bytes");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("none") << 0LL << QStringLiteral("Zero KB");
-        QTest::newRow("unknown") << -1LL << QStringLiteral("Zero KB");
-        QTest::newRow("one") << 1LL << QStringLiteral("1 byte");
-        QTest::newRow("bytes") << 999LL << QStringLiteral("999 bytes");
-        QTest::newRow("first KB") << 1000LL << QStringLiteral("1 KB");
-        QTest::newRow("KB without decimals") << 12'499LL << QStringLiteral("12 KB");
-        QTest::newRow("last KB") << 999'499LL << QStringLiteral("999 KB");
-        QTest::newRow("rounded up to a MB") << 999'500LL << QStringLiteral("1 MB");
-        QTest::newRow("MB with one decimal") << 3'440'000LL << QStringLiteral("3.4 MB");
-        QTest::newRow("rounded up to a GB") << 999'990'000LL << QStringLiteral("1 GB");
-        QTest::newRow("GB with two decimals") << 1'234'567'890LL << QStringLiteral("1.23 GB");
-        QTest::newRow("no zeros at the end") << 20'500'000'000LL << QStringLiteral("20.5 GB");
-        QTest::newRow("TB") << 4'000'000'000'000LL << QStringLiteral("4 TB");
-        QTest::newRow("largest") << std::numeric_limits<qint64>::max() << QStringLiteral("9223.37 PB");
-    }
     void sizes()
     {
-        QFETCH(const qint64, bytes);
-        QTEST(m_manager.fileSizeAsString(bytes), "text");
+        const std::pair<qint64, QString> expected[] = {{0, u"Zero KB"_s},
+                                                       {-1, u"Zero KB"_s},
+                                                       {1, u"1 byte"_s},
+                                                       {999, u"999 bytes"_s},
+                                                       {1000, u"1 KB"_s},
+                                                       {12'499, u"12 KB"_s},
+                                                       {999'499, u"999 KB"_s},
+                                                       {999'500, u"1 MB"_s},
+                                                       {3'440'000, u"3.4 MB"_s},
+                                                       {999'990'000, u"1 GB"_s},
+                                                       {1'234'567'890, u"1.23 GB"_s},
+                                                       {20'500'000'000, u"20.5 GB"_s},
+                                                       {4'000'000'000'000, u"4 TB"_s},
+                                                       {std::numeric_limits<qint64>::max(), u"9223.37 PB"_s}};
+        for (const auto& [bytes, text] : expected)
+            QCOMPARE(m_manager.fileSizeAsString(bytes), text);
     }
 
     void createsFoldersOnce()
     {
-        const QString path = m_folder->filePath(QStringLiteral("a/b/c"));
+        const QString path = m_folder->filePath(u"a/b/c"_s);
         QVERIFY(m_manager.createDirectoryAtPath(path));
         QVERIFY(QDir(path).exists());
         QVERIFY(!m_manager.createDirectoryAtPath(path));
         QVERIFY(!m_manager.createDirectoryAtPath(QString()));
-        touch(m_folder->filePath(QStringLiteral("file")));
-        QVERIFY(!m_manager.createDirectoryAtPath(m_folder->filePath(QStringLiteral("file/below"))));
+        writeFile(m_folder->filePath(u"file"_s));
+        QVERIFY(!m_manager.createDirectoryAtPath(m_folder->filePath(u"file/below"_s)));
     }
 
     void removesLinksButNotWhatTheyLeadTo()
     {
-        const QString kept = m_folder->filePath(QStringLiteral("kept"));
+        const QString kept = m_folder->filePath(u"kept"_s);
         QVERIFY(m_manager.createDirectoryAtPath(kept));
-        touch(kept + QStringLiteral("/file"));
-        const QString removed = m_folder->filePath(QStringLiteral("removed/inner"));
+        writeFile(kept + u"/file"_s);
+        const QString removed = m_folder->filePath(u"removed/inner"_s);
         QVERIFY(m_manager.createDirectoryAtPath(removed));
-        QVERIFY(QFile::link(kept, removed + QStringLiteral("/link")));
-        const QString link = m_folder->filePath(QStringLiteral("link"));
+        QVERIFY(QFile::link(kept, removed + u"/link"_s));
+        const QString link = m_folder->filePath(u"link"_s);
         QVERIFY(QFile::link(kept, link));
 
         QVERIFY(m_manager.removeItemAtPath(link));
-        QVERIFY(m_manager.removeItemAtPath(m_folder->filePath(QStringLiteral("removed"))));
-        QVERIFY(QFile::exists(kept + QStringLiteral("/file")));
+        QVERIFY(m_manager.removeItemAtPath(m_folder->filePath(u"removed"_s)));
+        QVERIFY(QFile::exists(kept + u"/file"_s));
         QCOMPARE(QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 1);
-        QVERIFY(!m_manager.removeItemAtPath(m_folder->filePath(QStringLiteral("missing"))));
+        QVERIFY(!m_manager.removeItemAtPath(m_folder->filePath(u"missing"_s)));
         QVERIFY(!m_manager.removeItemAtPath(QString()));
     }
 

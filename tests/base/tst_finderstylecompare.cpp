@@ -2,22 +2,16 @@
 
 #include <QStringList>
 #include <QTest>
-#include <thread>
+#include <future>
 
 using namespace mosaro::base;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 int sign(int value)
 {
     return (value > 0) - (value < 0);
-}
-
-int compareUtf8(const QString& left, const QString& right)
-{
-    const QByteArray a = left.toUtf8();
-    const QByteArray b = right.toUtf8();
-    return finderStyleCompareUtf8(a.constData(), int(a.size()), b.constData(), int(b.size()));
 }
 
 class FinderStyleCompareTest : public QObject {
@@ -32,25 +26,25 @@ private Q_SLOTS:
         const auto add = [](const char* name, const QString& left, const QString& right, int expected) {
             QTest::newRow(name) << left << right << expected;
         };
-        add("equal", QStringLiteral("icon"), QStringLiteral("icon"), 0);
-        add("empty first", QString(), QStringLiteral("a"), -1);
-        add("both empty", QString(), QStringLiteral(""), 0);
-        add("numbers by value", QStringLiteral("a2"), QStringLiteral("a10"), -1);
-        add("numbers within", QStringLiteral("IMG_9 final"), QStringLiteral("IMG_10"), -1);
-        add("leading zeros", QStringLiteral("a007"), QStringLiteral("a7"), 0);
-        add("very long numbers", QStringLiteral("a123456789012345678901234567890"),
-            QStringLiteral("a123456789012345678901234567891"), -1);
-        add("case folded", QStringLiteral("LOGO"), QStringLiteral("logo"), 0);
-        add("case does not outweigh", QStringLiteral("apple"), QStringLiteral("Banana"), -1);
-        add("width folded", QStringLiteral("ＡＢＣ１"), QStringLiteral("abc1"), 0);
-        add("composition folded", QStringLiteral("\u00E9"), QStringLiteral("e\u0301"), 0);
-        add("diacritics differ", QStringLiteral("resume"), QStringLiteral("résumé"), -1);
-        add("diacritics after letters", QStringLiteral("résumé"), QStringLiteral("resumf"), -1);
-        add("punctuation counts", QStringLiteral("ab"), QStringLiteral("a-b"), 1);
-        add("kinds of punctuation", QStringLiteral("a-b"), QStringLiteral("a_b"), 1);
-        add("blank before letters", QStringLiteral("a b"), QStringLiteral("ab"), -1);
-        add("digits before letters", QStringLiteral("1"), QStringLiteral("a"), -1);
-        add("beyond the first plane", QStringLiteral("\U0001F3A8"), QStringLiteral("\U0001F3A8"), 0);
+        add("equal", u"icon"_s, u"icon"_s, 0);
+        add("empty first", QString(), u"a"_s, -1);
+        add("both empty", QString(), u""_s, 0);
+        add("numbers by value", u"a2"_s, u"a10"_s, -1);
+        add("numbers within", u"IMG_9 final"_s, u"IMG_10"_s, -1);
+        add("leading zeros", u"a007"_s, u"a7"_s, 0);
+        add("very long numbers", u"a123456789012345678901234567890"_s, u"a123456789012345678901234567891"_s,
+            -1);
+        add("case folded", u"LOGO"_s, u"logo"_s, 0);
+        add("case does not outweigh", u"apple"_s, u"Banana"_s, -1);
+        add("width folded", u"ＡＢＣ１"_s, u"abc1"_s, 0);
+        add("composition folded", u"\u00E9"_s, u"e\u0301"_s, 0);
+        add("diacritics differ", u"resume"_s, u"résumé"_s, -1);
+        add("diacritics after letters", u"résumé"_s, u"resumf"_s, -1);
+        add("punctuation counts", u"ab"_s, u"a-b"_s, 1);
+        add("kinds of punctuation", u"a-b"_s, u"a_b"_s, 1);
+        add("blank before letters", u"a b"_s, u"ab"_s, -1);
+        add("digits before letters", u"1"_s, u"a"_s, -1);
+        add("beyond the first plane", u"\U0001F3A8"_s, u"\U0001F3A8"_s, 0);
     }
     void compares()
     {
@@ -59,7 +53,10 @@ private Q_SLOTS:
         QFETCH(const int, expected);
         QCOMPARE(sign(finderStyleCompare(left, right)), expected);
         QCOMPARE(sign(finderStyleCompare(right, left)), -expected);
-        QCOMPARE(sign(compareUtf8(left, right)), expected);
+        const QByteArray a = left.toUtf8();
+        const QByteArray b = right.toUtf8();
+        QCOMPARE(sign(finderStyleCompareUtf8(a.constData(), int(a.size()), b.constData(), int(b.size()))),
+                 expected);
     }
 
     /// SQLite hands over what stands in the file: not all of it need be UTF-8.
@@ -73,37 +70,24 @@ private Q_SLOTS:
 
     void sortsAndKeepsTheOrderOfEqualOnes()
     {
-        struct Item {
-            QString title;
-            int number;
-        };
-        std::vector<Item> items{{QStringLiteral("b"), 1},  {QStringLiteral("A"), 2},
-                                {QStringLiteral("B"), 3},  {QStringLiteral("a10"), 4},
-                                {QStringLiteral("a9"), 5}, {QStringLiteral("a"), 6}};
-        sortedArray(items, [](const Item& item) { return item.title; });
-        QList<int> order;
-        for (const Item& item : items)
-            order.append(item.number);
-        QCOMPARE(order, (QList<int>{2, 6, 5, 4, 1, 3}));
+        QStringList titles{u"b"_s, u"A"_s, u"B"_s, u"a10"_s, u"a9"_s, u"a"_s};
+        sortedArray(titles, [](const QString& title) { return title; });
+        QCOMPARE(titles, (QStringList{u"A"_s, u"a"_s, u"a9"_s, u"a10"_s, u"b"_s, u"B"_s}));
     }
 
     void everyThreadComparesAlike()
     {
-        std::vector<std::thread> threads;
-        std::atomic<int> wrong{0};
-        threads.reserve(4);
+        std::vector<std::future<int>> threads;
         for (int i = 0; i < 4; ++i) {
-            threads.emplace_back([&wrong] {
-                for (int number = 0; number < 2000; ++number) {
-                    const QString left = QStringLiteral("Item %1").arg(number);
-                    const QString right = QStringLiteral("item %1").arg(number + 1);
-                    wrong += finderStyleCompare(left, right) < 0 ? 0 : 1;
-                }
-            });
+            threads.push_back(std::async(std::launch::async, [] {
+                int wrong = 0;
+                for (int number = 0; number < 2000; ++number)
+                    wrong += finderStyleCompare(u"Item %1"_s.arg(number), u"item %1"_s.arg(number + 1)) >= 0;
+                return wrong;
+            }));
         }
         for (auto& thread : threads)
-            thread.join();
-        QCOMPARE(wrong.load(), 0);
+            QCOMPARE(thread.get(), 0);
     }
 };
 

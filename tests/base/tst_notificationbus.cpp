@@ -3,6 +3,7 @@
 #include <QTest>
 
 using namespace mosaro::base;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,14 +18,12 @@ private Q_SLOTS:
     {
         NotificationBus bus;
         QStringList calls;
-        bus.observe(kName, this,
-                    [&](const QVariant& value) { calls << QStringLiteral("a") + value.toString(); });
-        bus.observe(kName, this,
-                    [&](const QVariant& value) { calls << QStringLiteral("b") + value.toString(); });
-        bus.observe(kOther, this, [&](const QVariant&) { calls << QStringLiteral("other"); });
+        for (const QString& name : {u"a"_s, u"b"_s})
+            bus.observe(kName, this, [&, name](const QVariant& value) { calls << name + value.toString(); });
+        bus.observe(kOther, this, [&](const QVariant&) { calls << u"other"_s; });
         bus.post(kName, 7);
-        bus.post(QLatin1String("NOBODY"));
-        QCOMPARE(calls, (QStringList{QStringLiteral("a7"), QStringLiteral("b7")}));
+        bus.post("NOBODY"_L1);
+        QCOMPARE(calls, (QStringList{u"a7"_s, u"b7"_s}));
     }
 
     void postsWithinPostsGoDeepFirst()
@@ -32,16 +31,14 @@ private Q_SLOTS:
         NotificationBus bus;
         QStringList calls;
         bus.observe(kName, this, [&](const QVariant& value) {
-            calls << QStringLiteral("first");
+            calls << u"first"_s;
             if (value.toInt() > 0)
                 bus.post(kName, value.toInt() - 1);
-            calls << QStringLiteral("first ends");
+            calls << u"first ends"_s;
         });
         bus.observe(kName, this, [&](const QVariant& value) { calls << value.toString(); });
         bus.post(kName, 1);
-        const QStringList expected{QStringLiteral("first"),      QStringLiteral("first"),
-                                   QStringLiteral("first ends"), QStringLiteral("0"),
-                                   QStringLiteral("first ends"), QStringLiteral("1")};
+        const QStringList expected{u"first"_s, u"first"_s, u"first ends"_s, u"0"_s, u"first ends"_s, u"1"_s};
         QCOMPARE(calls, expected);
     }
 

@@ -3,6 +3,7 @@
 #include "base/Threads.h"
 #include "base/ZNUserDefaults.h"
 #include "base/ZNUtilities.h"
+#include "support/FakePlatform.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -10,55 +11,24 @@
 #include <QThreadPool>
 
 using namespace mosaro::base;
+using namespace mosaro::test;
+using namespace Qt::StringLiterals;
 
 namespace {
-
-class Sounds : public SoundPlayer {
-public:
-    QStringList played;
-    void play(const QString& resource) override { played.append(resource); }
-};
-
-class Notes : public UserNotifier {
-public:
-    QStringList notes;
-    void notify(const QString& title, const QString& subtitle, const QString& content) override
-    {
-        notes.append(title + QLatin1Char('|') + subtitle + QLatin1Char('|') + content);
-    }
-};
-
-class Alerts : public Prompts {
-public:
-    QList<AlertRequest> requests;
-    int answer = 1;
-    int alert(const AlertRequest& request) override
-    {
-        requests.append(request);
-        return answer;
-    }
-    QStringList openPanel(const OpenPanelRequest&) override { return {}; }
-    std::optional<QString> savePanel(const SavePanelRequest&) override { return std::nullopt; }
-    void beep() override {}
-};
 
 class UtilitiesTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        installTexts();
-        installTexts();
-    }
+    void initTestCase() { installTexts(); }
 
     void textsFallBackOnTheirKeys()
     {
-        QCOMPARE(text("Basic.OK"), QStringLiteral("OK"));
-        QCOMPARE(text("No.Such.Key"), QStringLiteral("No.Such.Key"));
-        const QString path = QStringLiteral("50%1 %2.png");
-        QCOMPARE(text("Failure.PropertyList.File", path, QStringLiteral("why")),
-                 QStringLiteral("“50%1 %2.png”: why"));
+        installTexts(); // Again.
+        QCOMPARE(text("Basic.OK"), u"OK"_s);
+        QCOMPARE(text("No.Such.Key"), u"No.Such.Key"_s);
+        const QString path = u"50%1 %2.png"_s;
+        QCOMPARE(text("Failure.PropertyList.File", path, u"why"_s), u"“50%1 %2.png”: why"_s);
     }
 
     void soundsAreGated_data()
@@ -66,29 +36,26 @@ private Q_SLOTS:
         QTest::addColumn<QVariant>("preference");
         QTest::addColumn<int>("effect");
         QTest::addColumn<QString>("played");
-        QTest::newRow("move") << QVariant(true) << 0 << QStringLiteral(":/sounds/MoveItem.wav");
-        QTest::newRow("delete") << QVariant(true) << 1 << QStringLiteral(":/sounds/DeleteItem.wav");
-        QTest::newRow("tags") << QVariant(true) << 2 << QStringLiteral(":/sounds/RemoveTags.wav");
-        QTest::newRow("snap") << QVariant(true) << 3 << QStringLiteral(":/sounds/Snap.wav");
+        QTest::newRow("first") << QVariant(true) << 0 << u":/sounds/MoveItem.wav"_s;
+        QTest::newRow("last") << QVariant(true) << 3 << u":/sounds/Snap.wav"_s;
         QTest::newRow("beyond") << QVariant(true) << 4 << QString();
         QTest::newRow("below") << QVariant(true) << -1 << QString();
         QTest::newRow("off") << QVariant(false) << 0 << QString();
-        QTest::newRow("off, last") << QVariant(false) << 3 << QString();
-        QTest::newRow("never chosen") << QVariant() << 1 << QStringLiteral(":/sounds/DeleteItem.wav");
+        QTest::newRow("never chosen") << QVariant() << 1 << u":/sounds/DeleteItem.wav"_s;
     }
     void soundsAreGated()
     {
         QFETCH(const QVariant, preference);
         QFETCH(const int, effect);
-        QFETCH(const QString, played);
         const QTemporaryDir folder;
-        ZNUserDefaults defaults(folder.filePath(QStringLiteral("test.ini")));
+        ZNUserDefaults defaults(folder.filePath(u"test.ini"_s));
         defaults.updateUserDefaults(PREFS_GENERAL_SOUND_EFFECTS, preference);
         ZNUtilities utilities;
-        Sounds sounds;
+        utilities.playSoundEffect(effect, defaults); // To nobody.
+        FakeSounds sounds;
         utilities.setSoundPlayer(&sounds);
         utilities.playSoundEffect(effect, defaults);
-        QCOMPARE(sounds.played.join(QLatin1Char(' ')), played);
+        QTEST(sounds.played.join(u' '), "played");
         QCOMPARE(defaults.boolean(PREFS_GENERAL_SOUND_EFFECTS), preference.isNull() || preference.toBool());
     }
 
@@ -96,12 +63,12 @@ private Q_SLOTS:
     void soundsAreShortWaves()
     {
         for (const char* name : {"MoveItem", "DeleteItem", "RemoveTags", "Snap"}) {
-            QFile file(QStringLiteral(":/sounds/%1.wav").arg(QLatin1String(name)));
+            QFile file(u":/sounds/%1.wav"_s.arg(QLatin1String(name)));
             QVERIFY2(file.open(QIODevice::ReadOnly), name);
             const QByteArray bytes = file.readAll();
             QVERIFY(bytes.startsWith("RIFF") && bytes.mid(8, 8) == "WAVEfmt ");
-            QCOMPARE(bytes.mid(20, 8), QByteArray("\x01\x00\x01\x00\x44\xAC\x00\x00", 8));
-            QCOMPARE(bytes.mid(34, 2), QByteArray("\x10\x00", 2));
+            QCOMPARE(bytes.mid(20, 8), "\x01\x00\x01\x00\x44\xAC\x00\x00"_ba);
+            QCOMPARE(bytes.mid(34, 2), "\x10\x00"_ba);
             const double seconds = double(bytes.size() - 44) / 2 / 44100;
             QVERIFY2(seconds >= 0.15 && seconds <= 0.6, name);
             const auto* samples = reinterpret_cast<const qint16*>(bytes.constData() + 44);
@@ -113,65 +80,50 @@ private Q_SLOTS:
     void notificationsNeedATitleAndAContent()
     {
         ZNUtilities utilities;
-        Notes notes;
-        utilities.setUserNotifier(&notes);
-        utilities.postUserNotification(QStringLiteral("T"), {}, QStringLiteral("C"));
-        utilities.postUserNotification({}, QStringLiteral("S"), QStringLiteral("C"));
-        utilities.postUserNotification(QStringLiteral("T"), QStringLiteral("S"), {});
-        QCOMPARE(notes.notes, QStringList{QStringLiteral("T||C")});
+        utilities.postUserNotification(u"T"_s, {}, u"C"_s); // To nobody.
+        FakeNotifier notifier;
+        utilities.setUserNotifier(&notifier);
+        utilities.postUserNotification(u"T"_s, {}, u"C"_s);
+        utilities.postUserNotification({}, u"S"_s, u"C"_s);
+        utilities.postUserNotification(u"T"_s, u"S"_s, {});
+        QCOMPARE(notifier.notes.size(), 1);
+        const auto& note = notifier.notes.first();
+        QCOMPARE((QStringList{note.title, note.subtitle, note.content}),
+                 (QStringList{u"T"_s, u""_s, u"C"_s}));
     }
 
     void alertsPassTheirTextsUnchanged()
     {
         ZNUtilities utilities;
-        Alerts alerts;
-        utilities.setPrompts(&alerts);
-        const QString informative = QStringLiteral("100%d %1 <b>");
-        QCOMPARE(utilities.alertWithMessageText(QStringLiteral("M"), QStringLiteral("OK"), {}, informative),
-                 1);
-        QCOMPARE(alerts.requests.first().informativeText, informative);
-        alerts.answer = 0;
-        QCOMPARE(utilities.alertWithMessageText(QStringLiteral("M"), QStringLiteral("OK"), {}, {}), 0);
-    }
-
-    void withoutPortsNothingHappens()
-    {
-        const QTemporaryDir folder;
-        ZNUserDefaults defaults(folder.filePath(QStringLiteral("test.ini")));
-        ZNUtilities utilities;
-        utilities.playSoundEffect(0, defaults);
-        utilities.postUserNotification(QStringLiteral("T"), {}, QStringLiteral("C"));
-        utilities.postNotification(QLatin1String("NOBODY"));
-        QCOMPARE(utilities.alertWithMessageText({}, {}, {}, {}), 0);
+        QCOMPARE(utilities.alertWithMessageText({}, {}, {}, {}), 0); // To nobody.
+        FakePrompts prompts;
+        prompts.alertAnswers = {1, 0};
+        utilities.setPrompts(&prompts);
+        const QString informative = u"100%d %1 <b>"_s;
+        QCOMPARE(utilities.alertWithMessageText(u"M"_s, u"OK"_s, {}, informative), 1);
+        QCOMPARE(prompts.alerts.first().informativeText, informative);
+        QCOMPARE(utilities.alertWithMessageText(u"M"_s, u"OK"_s, {}, {}), 0);
     }
 
     void workHopsToAWorkerAndBack()
     {
         QThreadPool pool;
         QObject receiver;
+        auto dead = std::make_unique<QObject>();
         bool onWorker = false;
         bool back = false;
+        bool backToTheDead = false;
         QVERIFY(onMainThread());
         runOnWorker(pool, [&] {
             onWorker = !onMainThread();
+            postToMain(*dead, [&] { backToTheDead = true; });
             postToMain(receiver, [&] { back = onMainThread(); });
         });
         QVERIFY(pool.waitForDone());
         QVERIFY(!back);
+        dead.reset();
         QTRY_VERIFY(back);
-        QVERIFY(onWorker);
-    }
-
-    void nothingComesBackToTheDead()
-    {
-        QThreadPool pool;
-        auto receiver = std::make_unique<QObject>();
-        bool back = false;
-        runOnWorker(pool, [&] { postToMain(*receiver, [&] { back = true; }); });
-        QVERIFY(pool.waitForDone());
-        receiver.reset();
-        QCoreApplication::processEvents();
-        QVERIFY(!back);
+        QVERIFY(onWorker && !backToTheDead);
     }
 };
 
