@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
 using namespace mosaro;
 using namespace mosaro::browser;
 
@@ -33,24 +34,165 @@ class TestCells : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void sizesFollowTheZoom();
-    void picturesAreNotEnlarged_data();
-    void picturesAreNotEnlarged();
-    void layersStandWhereTold();
-    void tinyPicturesHaveRoomForMarks();
-    void faintColorsAreLifted();
-    void previewsAreRead_data();
-    void previewsAreRead();
-    void hostilePreviewsAreFailures_data();
-    void hostilePreviewsAreFailures();
-    void loaderServesWhatIsWanted();
-    void loaderLooksAtFilesAgain();
-    void loaderMayGoWhileReading();
+    void sizesFollowTheZoom()
+    {
+        QCOMPARE(cellSize(0.4, false), QSize(184, 144));
+        QCOMPARE(cellSize(0.7, false), QSize(322, 252));
+        QVERIFY(cellSize(0.4, true).height() > 144 + 12 + 11);
+    }
+
+    void picturesAreNotEnlarged()
+    {
+        const std::pair<QSize, QSize> rows[] = {
+            {{4000, 1000}, {184, 46}}, {{1000, 4000}, {36, 144}}, {{16, 16}, {16, 16}},
+            {{184, 144}, {184, 144}},  {{100'000, 1}, {184, 1}},
+        };
+        for (const auto& [original, fitted] : rows) {
+            QCOMPARE(fittedSize(original, {184, 144}), fitted);
+        }
+    }
+
+    void layersStandWhereTold()
+    {
+        const CellGeometry cell(QRect(100, 50, 184, 186), 0.4, {184, 144});
+        QCOMPARE(cell.imageFrame(), QRectF(100, 50, 184, 144));
+        QCOMPARE(cell.selectionFrame(), QRectF(96, 46, 192, 152));
+        QCOMPARE(cell.frame(), QRectF(98, 48, 188, 148));
+        QCOMPARE(cell.rating(30).size(), QSizeF(40, 14));
+        QCOMPARE(cell.rating(30).bottomLeft(), QPointF(99.3, 194.7));
+        QCOMPARE(cell.badge(false), QRectF(256, 176, 24, 14));
+        QCOMPARE(cell.badge(true), QRectF(254, 164, 24, 24));
+        QCOMPARE(cell.alias().topRight(), QPointF(283, 51));
+        QCOMPARE(cell.missingSymbol(), QRectF(265, 53, 16, 16));
+        QCOMPARE(cell.modifiedSymbol().size(), QSizeF(58, 58));
+        QCOMPARE(cell.modifiedSymbol().center(), cell.frame().center());
+        QCOMPARE(cell.label(60).center().x(), 192 - 30 - 10);
+        QVERIFY(!cell.showsShortRating());
+        const CellGeometry narrow(QRect(0, 0, 184, 186), 0.4, {72, 144});
+        QVERIFY(narrow.showsShortRating());
+        const CellGeometry wider(QRect(0, 0, 184, 186), 0.4, {73, 144});
+        QVERIFY(!wider.showsShortRating());
+    }
+
+    void tinyPicturesHaveRoomForMarks()
+    {
+        const CellGeometry cell(QRect(0, 0, 184, 186), 0.4, {16, 16});
+        QCOMPARE(cell.picture().size(), QSizeF(16, 16));
+        for (const QRectF& layer : {cell.badge(false), cell.badge(true), cell.alias(), cell.tags(),
+                                    cell.missingSymbol(), cell.modifiedSymbol(), cell.rating(28)}) {
+            QVERIFY(cell.selectionFrame().contains(layer));
+        }
+        QVERIFY(!cell.rating(28).intersects(cell.badge(false)));
+    }
+
+    void faintColorsAreLifted()
+    {
+        const QColor dark(0x1B, 0x1B, 0x1B);
+        QCOMPARE(badge::readable(Qt::white, dark), QColor(Qt::white));
+        QVERIFY(badge::readable(QColor(0x30, 0x30, 0x30), dark).lightnessF() > 0.39F);
+        QVERIFY(badge::readable(QColor(0x66, 0x66, 0x66), dark).lightnessF() < 0.42F); // hardly faint
+        QCOMPARE(badge::readable(QColor(0x70, 0x70, 0x70), dark), QColor(0x70, 0x70, 0x70));
+    }
+
+    void previewsAreRead()
+    {
+        const struct {
+            const char* name;
+            QByteArray bytes;
+            qreal ratio;
+            QSize expected;
+        } rows[] = {
+            {"png", encoded({800, 400}, "png"), 1, {184, 92}},
+            {"jpeg of that name", encoded({800, 400}, "jpg"), 1, {184, 92}},
+            {"for a fine screen", encoded({800, 400}, "jpg"), 2, {368, 184}},
+            {"no more pixels than there are", encoded({200, 100}, "png"), 2, {200, 100}},
+            {"small", encoded({16, 8}, "png"), 1, {16, 8}},
+        };
+        for (const auto& row : rows) {
+            const QImage image = loadPreview(request(write(row.bytes), {184, 144}, row.ratio)).image;
+            QVERIFY2(image.size() == row.expected, row.name);
+            const QColor left = image.pixelColor(image.width() / 8, image.height() / 2);
+            const QColor right = image.pixelColor(image.width() * 7 / 8, image.height() / 2);
+            QVERIFY2(left.blue() > 200 && left.red() < 60, row.name);
+            QVERIFY2(right.red() > 200 && right.blue() < 60, row.name);
+        }
+    }
+
+    void hostilePreviewsAreFailures()
+    {
+        QByteArray liar = encoded({64, 64}, "bmp");
+        liar.replace(18, 8, QByteArray::fromHex("0000010000000100")); // 65,536 by 65,536
+        for (const QByteArray& bytes :
+             {QByteArray(), QByteArray("preview"), encoded({64, 64}, "png").left(20), liar}) {
+            QVERIFY(loadPreview(request(write(bytes), {184, 144})).image.isNull());
+        }
+        QVERIFY(loadPreview(request(m_dir.filePath(u"none.png"_s), {184, 144})).image.isNull());
+    }
+
+    void loaderServesWhatIsWanted()
+    {
+        PreviewLoader loader;
+        std::vector<PreviewRequest> wanted;
+        for (int number = 0; number < 40; ++number) {
+            wanted.push_back(request(write(encoded({40, 40}, "png"), u"%1.png"_s.arg(number)), {20, 20}));
+        }
+        loader.want(wanted);
+        loader.want({wanted[39]}); // all the others that had not begun are no longer wanted
+        QTRY_VERIFY(loader.isIdle());
+        QVERIFY(loader.picture(wanted[39]) != nullptr);
+        QCOMPARE(loader.picture(wanted[39])->image.size(), QSize(20, 20));
+        QCOMPARE(loader.picture(wanted[39])->originalSize, QSize(40, 40));
+        QCOMPARE(loader.picture(wanted[20]), nullptr);
+
+        PreviewRequest larger = wanted[39];
+        larger.box = {30, 30};
+        QCOMPARE(loader.picture(larger), nullptr);
+        QVERIFY(loader.anyPicture(larger) != nullptr); // in the meantime
+        PreviewRequest newer = wanted[39];
+        newer.version = 2;
+        QCOMPARE(loader.picture(newer), nullptr); // the picture changed
+        PreviewRequest missing = request(m_dir.filePath(u"none.png"_s), {20, 20});
+        loader.want({missing});
+        QTRY_VERIFY(loader.picture(missing) != nullptr);
+        QVERIFY(loader.picture(missing)->image.isNull());
+    }
+
+    void loaderLooksAtFilesAgain()
+    {
+        const QString path = write(encoded({40, 40}, "png"), u"watched.png"_s);
+        PreviewRequest wanted = request(path, {20, 20});
+        wanted.file.path = path;
+        PreviewLoader loader;
+        QVERIFY(!loader.fileState(path));
+        loader.want({wanted});
+        QTRY_VERIFY(loader.isFileStateFresh(path));
+        QVERIFY(loader.fileState(path)->readable);
+        QVERIFY(QFile::remove(path));
+        loader.expireFileStates();
+        QVERIFY(!loader.isFileStateFresh(path));
+        QVERIFY(loader.fileState(path)->readable); // shown until the second look
+        wanted.wantsImage = false;
+        loader.want({wanted});
+        QTRY_VERIFY(loader.isFileStateFresh(path));
+        QVERIFY(!loader.fileState(path)->readable);
+        wanted.wantsImage = true;
+        QVERIFY(loader.picture(wanted) != nullptr); // the second look left the picture alone
+    }
+
+    void loaderMayGoWhileReading()
+    {
+        const QString path = write(encoded({3000, 3000}, "png"), u"large.png"_s);
+        for (int round = 0; round < 5; ++round) {
+            PreviewLoader loader;
+            loader.want({request(path, {20, 20}), request(path, {30, 30})});
+        }
+        QCoreApplication::processEvents(); // nothing arrives at what is gone
+    }
 
 private:
     QTemporaryDir m_dir;
 
-    QString write(const QByteArray& bytes, const QString& name = QStringLiteral("preview.png"))
+    QString write(const QByteArray& bytes, const QString& name = u"preview.png"_s)
     {
         const QString path = m_dir.filePath(name);
         test::writeFile(path, bytes);
@@ -65,184 +207,6 @@ private:
         return made;
     }
 };
-
-void TestCells::sizesFollowTheZoom()
-{
-    QCOMPARE(imageBoxSize(0.4), QSize(184, 144));
-    QCOMPARE(imageBoxSize(0.7), QSize(322, 252));
-    QCOMPARE(cellSize(0.4, false), QSize(184, 144));
-    QVERIFY(cellSize(0.4, true).height() > 144 + 12 + 11);
-}
-
-void TestCells::picturesAreNotEnlarged_data()
-{
-    QTest::addColumn<QSize>("original");
-    QTest::addColumn<QSize>("expected");
-    QTest::newRow("wide") << QSize(4000, 1000) << QSize(184, 46);
-    QTest::newRow("tall") << QSize(1000, 4000) << QSize(36, 144);
-    QTest::newRow("small") << QSize(16, 16) << QSize(16, 16);
-    QTest::newRow("exact") << QSize(184, 144) << QSize(184, 144);
-    QTest::newRow("a line") << QSize(100000, 1) << QSize(184, 1);
-}
-
-void TestCells::picturesAreNotEnlarged()
-{
-    QFETCH(QSize, original);
-    QFETCH(QSize, expected);
-    QCOMPARE(fittedSize(original, {184, 144}), expected);
-}
-
-void TestCells::layersStandWhereTold()
-{
-    const CellGeometry cell(QRect(100, 50, 184, 186), 0.4, {184, 144});
-    QCOMPARE(cell.imageFrame(), QRectF(100, 50, 184, 144));
-    QCOMPARE(cell.selectionFrame(), QRectF(96, 46, 192, 152));
-    QCOMPARE(cell.frame(), QRectF(98, 48, 188, 148));
-    QCOMPARE(cell.rating(30).size(), QSizeF(40, 14));
-    QCOMPARE(cell.rating(30).bottomLeft(), QPointF(99.3, 194.7));
-    QCOMPARE(cell.badge(false), QRectF(256, 176, 24, 14));
-    QCOMPARE(cell.badge(true), QRectF(254, 164, 24, 24));
-    QCOMPARE(cell.alias().topRight(), QPointF(283, 51));
-    QCOMPARE(cell.missingSymbol(), QRectF(265, 53, 16, 16));
-    QCOMPARE(cell.modifiedSymbol().size(), QSizeF(58, 58));
-    QCOMPARE(cell.modifiedSymbol().center(), cell.frame().center());
-    QCOMPARE(cell.label(60).center().x(), 192 - 30 - 10);
-    QVERIFY(!cell.showsShortRating());
-    const CellGeometry narrow(QRect(0, 0, 184, 186), 0.4, {72, 144});
-    QVERIFY(narrow.showsShortRating());
-    const CellGeometry wider(QRect(0, 0, 184, 186), 0.4, {73, 144});
-    QVERIFY(!wider.showsShortRating());
-}
-
-void TestCells::tinyPicturesHaveRoomForMarks()
-{
-    const CellGeometry cell(QRect(0, 0, 184, 186), 0.4, {16, 16});
-    QCOMPARE(cell.picture().size(), QSizeF(16, 16));
-    for (const QRectF& layer : {cell.badge(false), cell.badge(true), cell.alias(), cell.tags(),
-                                cell.missingSymbol(), cell.modifiedSymbol(), cell.rating(28)}) {
-        QVERIFY(cell.selectionFrame().contains(layer));
-    }
-    QVERIFY(!cell.rating(28).intersects(cell.badge(false)));
-}
-
-void TestCells::faintColorsAreLifted()
-{
-    const QColor dark(0x1B, 0x1B, 0x1B);
-    QCOMPARE(badge::readable(Qt::white, dark), QColor(Qt::white));
-    QVERIFY(badge::readable(QColor(0x30, 0x30, 0x30), dark).lightnessF() > 0.39F);
-    QVERIFY(badge::readable(QColor(0x66, 0x66, 0x66), dark).lightnessF() < 0.42F); // hardly faint
-    QCOMPARE(badge::readable(QColor(0x70, 0x70, 0x70), dark), QColor(0x70, 0x70, 0x70));
-}
-
-void TestCells::previewsAreRead_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QSize>("box");
-    QTest::addColumn<qreal>("ratio");
-    QTest::addColumn<QSize>("expected");
-    QTest::newRow("png") << encoded({800, 400}, "png") << QSize(184, 144) << 1.0 << QSize(184, 92);
-    QTest::newRow("jpeg of that name")
-        << encoded({800, 400}, "jpg") << QSize(184, 144) << 1.0 << QSize(184, 92);
-    QTest::newRow("for a fine screen")
-        << encoded({800, 400}, "jpg") << QSize(184, 144) << 2.0 << QSize(368, 184);
-    QTest::newRow("no more pixels than there are")
-        << encoded({200, 100}, "png") << QSize(184, 144) << 2.0 << QSize(200, 100);
-    QTest::newRow("small") << encoded({16, 8}, "png") << QSize(184, 144) << 1.0 << QSize(16, 8);
-}
-
-void TestCells::previewsAreRead()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QSize, box);
-    QFETCH(qreal, ratio);
-    QFETCH(QSize, expected);
-    const PreviewResult result = loadPreview(request(write(bytes), box, ratio));
-    QCOMPARE(result.image.size(), expected);
-    const QColor left = result.image.pixelColor(expected.width() / 8, expected.height() / 2);
-    const QColor right = result.image.pixelColor(expected.width() * 7 / 8, expected.height() / 2);
-    QVERIFY(left.blue() > 200 && left.red() < 60);
-    QVERIFY(right.red() > 200 && right.blue() < 60);
-}
-
-void TestCells::hostilePreviewsAreFailures_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    const QByteArray png = encoded({64, 64}, "png");
-    QByteArray liar = encoded({64, 64}, "bmp");
-    liar.replace(18, 8, QByteArray::fromHex("0000010000000100")); // 65,536 by 65,536
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("no picture") << QByteArray("preview");
-    QTest::newRow("truncated header") << png.left(20);
-    QTest::newRow("claims to be huge") << liar;
-}
-
-void TestCells::hostilePreviewsAreFailures()
-{
-    QFETCH(QByteArray, bytes);
-    QVERIFY(loadPreview(request(write(bytes), {184, 144})).image.isNull());
-    QVERIFY(loadPreview(request(m_dir.filePath(QStringLiteral("none.png")), {184, 144})).image.isNull());
-}
-
-void TestCells::loaderServesWhatIsWanted()
-{
-    PreviewLoader loader;
-    std::vector<PreviewRequest> wanted;
-    for (int number = 0; number < 40; ++number) {
-        wanted.push_back(
-            request(write(encoded({40, 40}, "png"), QStringLiteral("%1.png").arg(number)), {20, 20}));
-    }
-    loader.want(wanted);
-    loader.want({wanted[39]}); // all the others that had not begun are no longer wanted
-    QTRY_VERIFY(loader.isIdle());
-    QVERIFY(loader.picture(wanted[39]) != nullptr);
-    QCOMPARE(loader.picture(wanted[39])->image.size(), QSize(20, 20));
-    QCOMPARE(loader.picture(wanted[39])->originalSize, QSize(40, 40));
-    QCOMPARE(loader.picture(wanted[20]), nullptr);
-
-    PreviewRequest larger = wanted[39];
-    larger.box = {30, 30};
-    QCOMPARE(loader.picture(larger), nullptr);
-    QVERIFY(loader.anyPicture(larger) != nullptr); // in the meantime
-    PreviewRequest newer = wanted[39];
-    newer.version = 2;
-    QCOMPARE(loader.picture(newer), nullptr); // the picture changed
-    PreviewRequest missing = request(m_dir.filePath(QStringLiteral("none.png")), {20, 20});
-    loader.want({missing});
-    QTRY_VERIFY(loader.picture(missing) != nullptr);
-    QVERIFY(loader.picture(missing)->image.isNull());
-}
-
-void TestCells::loaderLooksAtFilesAgain()
-{
-    const QString path = write(encoded({40, 40}, "png"), QStringLiteral("watched.png"));
-    PreviewRequest wanted = request(path, {20, 20});
-    wanted.file.path = path;
-    PreviewLoader loader;
-    QVERIFY(!loader.fileState(path));
-    loader.want({wanted});
-    QTRY_VERIFY(loader.isFileStateFresh(path));
-    QVERIFY(loader.fileState(path)->readable);
-    QVERIFY(QFile::remove(path));
-    loader.expireFileStates();
-    QVERIFY(!loader.isFileStateFresh(path));
-    QVERIFY(loader.fileState(path)->readable); // shown until the second look
-    wanted.wantsImage = false;
-    loader.want({wanted});
-    QTRY_VERIFY(loader.isFileStateFresh(path));
-    QVERIFY(!loader.fileState(path)->readable);
-    wanted.wantsImage = true;
-    QVERIFY(loader.picture(wanted) != nullptr); // the second look left the picture alone
-}
-
-void TestCells::loaderMayGoWhileReading()
-{
-    const QString path = write(encoded({3000, 3000}, "png"), QStringLiteral("large.png"));
-    for (int round = 0; round < 5; ++round) {
-        PreviewLoader loader;
-        loader.want({request(path, {20, 20}), request(path, {30, 30})});
-    }
-    QCoreApplication::processEvents(); // nothing arrives at what is gone
-}
 
 QTEST_MAIN(TestCells)
 #include "tst_cells_ui.moc"

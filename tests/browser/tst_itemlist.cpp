@@ -7,24 +7,44 @@
 
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
 using namespace mosaro;
 using namespace mosaro::browser;
 using Shape = store::SelectionElement::Shape;
 
 namespace {
 
-std::vector<store::RowId> rowsOf(const std::vector<std::shared_ptr<store::Media>>& items)
-{
+/// A library with one collection, and the list of what a test puts there.
+struct Shelf {
+    test::TemporaryLibrary library;
+    std::shared_ptr<store::Collections> collection = library.addCollection(u"C"_s);
+    ItemList items{library.manager()};
     std::vector<store::RowId> rows;
-    for (const auto& media : items) {
+
+    std::shared_ptr<store::Media> add(const QString& title)
+    {
+        const auto media = library.addMedia(title, collection);
         rows.push_back(media->rowId());
+        items.setIds(rows);
+        return media;
     }
-    return rows;
-}
+    [[nodiscard]] QString titles()
+    {
+        QStringList all;
+        for (int index = 0; index < items.count(); ++index) {
+            all.append(items.contentAt(index).title);
+        }
+        return all.join(u' ');
+    }
+    [[nodiscard]] qint64 ratingAt(size_t index)
+    {
+        return library.context().object<store::Media>(rows[index])->mediaRating();
+    }
+};
 
 store::SelectionElement element(Shape shape, int type)
 {
-    return {shape, QStringLiteral("7"), type, QStringLiteral("Web"), 1};
+    return {shape, u"7"_s, type, u"Web"_s, 1};
 }
 
 } // namespace
@@ -34,305 +54,204 @@ class TestItemList : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { base::installTexts(); }
-    void ordersByEveryKey_data();
-    void ordersByEveryKey();
-    void readsWhatIsAskedFor();
-    void findsItems();
-    void changesShowAfterRefresh();
-    void imageVersionsOutliveTheirItems();
-    void fileStates_data();
-    void fileStates();
-    void ratesItems();
-    void countLines_data();
-    void countLines();
-    void emptyStates_data();
-    void emptyStates();
-    void factsOfSelections();
-};
-
-void TestItemList::ordersByEveryKey_data()
-{
-    QTest::addColumn<int>("key");
-    QTest::addColumn<QString>("ascending");
-    QTest::newRow("title") << 0 << QStringLiteral("a2 A10 b");
-    QTest::newRow("size") << 1 << QStringLiteral("b a2 A10");
-    QTest::newRow("rating") << 2 << QStringLiteral("A10 a2 b");
-    QTest::newRow("width") << 3 << QStringLiteral("a2 b A10");
-    QTest::newRow("height") << 4 << QStringLiteral("A10 b a2");
-    QTest::newRow("imported") << 7 << QStringLiteral("b A10 a2");
-    QTest::newRow("no such key") << 9 << QStringLiteral("b A10 a2"); // as given
-}
-
-void TestItemList::ordersByEveryKey()
-{
-    QFETCH(int, key);
-    QFETCH(QString, ascending);
-    test::TemporaryLibrary library;
-    const auto collection = library.addCollection(QStringLiteral("C"));
-    std::vector<std::shared_ptr<store::Media>> made;
-    const auto add = [&](const QString& title, int size, int rating, int width, int height, int day) {
-        made.push_back(library.addMedia(title, collection));
-        made.back()->setMediaFileSize(size);
-        made.back()->setMediaRating(rating);
-        made.back()->setMediaWidth(width);
-        made.back()->setMediaHeight(height);
-        made.back()->setMediaDateImported(QDateTime(QDate(2024, 1, day), QTime(12, 0)));
-    };
-    add(QStringLiteral("b"), 1, 5, 20, 20, 1);
-    add(QStringLiteral("A10"), 30, 1, 30, 10, 2);
-    add(QStringLiteral("a2"), 20, 3, 10, 30, 3);
-    QVERIFY(library.context().save());
-
-    ItemList items(library.manager());
-    const auto titles = [&items] {
-        QStringList all;
-        for (int index = 0; index < items.count(); ++index) {
-            all.append(items.contentAt(index).title);
+    void ordersByEveryKey()
+    {
+        Shelf shelf;
+        const auto add = [&shelf](const QString& title, int size, int rating, int width, int height,
+                                  int day) {
+            const auto media = shelf.add(title);
+            media->setMediaFileSize(size);
+            media->setMediaRating(rating);
+            media->setMediaWidth(width);
+            media->setMediaHeight(height);
+            media->setMediaDateImported(QDateTime(QDate(2024, 1, day), QTime(12, 0)));
+        };
+        add(u"b"_s, 1, 5, 20, 20, 1);
+        add(u"A10"_s, 30, 1, 30, 10, 2);
+        add(u"a2"_s, 20, 3, 10, 30, 3);
+        QVERIFY(shelf.library.context().save());
+        const struct {
+            int key;
+            QString ascending, descending;
+        } rows[] = {{0, u"a2 A10 b"_s, u"b A10 a2"_s}, {1, u"b a2 A10"_s, u"A10 a2 b"_s},
+                    {2, u"A10 a2 b"_s, u"b a2 A10"_s}, {3, u"a2 b A10"_s, u"A10 b a2"_s},
+                    {4, u"A10 b a2"_s, u"a2 b A10"_s}, {7, u"b A10 a2"_s, u"a2 A10 b"_s},
+                    {9, u"b A10 a2"_s, u"b A10 a2"_s}}; // no such key: as given
+        for (const auto& row : rows) {
+            shelf.items.setIds(shelf.rows);
+            QVERIFY(shelf.items.order({row.key, true}));
+            QCOMPARE(shelf.titles(), row.ascending);
+            QVERIFY(shelf.items.order({row.key, false}));
+            QCOMPARE(shelf.titles(), row.descending);
         }
-        return all;
-    };
-    items.setIds(rowsOf(made));
-    QVERIFY(items.order({key, true}));
-    QCOMPARE(titles().join(QLatin1Char(' ')), ascending);
-    QVERIFY(items.order({key, false}));
-    QStringList reversed = ascending.split(QLatin1Char(' '));
-    if (key <= 8) {
-        std::reverse(reversed.begin(), reversed.end());
     }
-    QCOMPARE(titles(), reversed);
-}
 
-void TestItemList::readsWhatIsAskedFor()
-{
-    test::TemporaryLibrary library;
-    const auto collection = library.addCollection(QStringLiteral("C"));
-    std::vector<store::RowId> rows;
-    for (int number = 0; number < 150; ++number) {
-        rows.push_back(library.addMedia(QString::number(number), collection)->rowId());
+    void readsWhatIsAskedFor()
+    {
+        Shelf shelf;
+        for (int number = 0; number < 150; ++number) {
+            const auto media = shelf.add(QString::number(number));
+            if (number == 5) {
+                shelf.library.link(media, shelf.library.addTag(u"T"_s));
+            }
+        }
+        shelf.rows.push_back(99999); // a row that is gone
+        ItemList& items = shelf.items;
+        items.setIds(shelf.rows);
+        items.setSortKey(1);
+        QVERIFY(!items.isRead(3));
+        items.prepare(0, 10);
+        QVERIFY(items.isRead(3));
+        QVERIFY(!items.isRead(140));
+        QVERIFY(items.contentAt(5).hasTags);
+        QVERIFY(!items.contentAt(6).hasTags);
+        QCOMPARE(items.contentAt(3).subtitle, items.itemAt(3)->fileSizeAsString());
+        QCOMPARE(items.contentAt(149).title, u"149"_s);
+        QVERIFY(items.contentAt(150).title.isEmpty());
+        for (const int nowhere : {-1, 150, 151}) {
+            QCOMPARE(items.itemAt(nowhere), nullptr);
+        }
     }
-    const auto tagged = library.context().object<store::Media>(rows[5]);
-    library.link(tagged, library.addTag(QStringLiteral("T")));
-    rows.push_back(99999); // a row that is gone
 
-    ItemList items(library.manager());
-    items.setIds(rows);
-    items.setSortKey(1);
-    QVERIFY(!items.isRead(3));
-    items.prepare(0, 10);
-    QVERIFY(items.isRead(3));
-    QVERIFY(!items.isRead(140));
-    QVERIFY(items.contentAt(5).hasTags);
-    QVERIFY(!items.contentAt(6).hasTags);
-    QCOMPARE(items.contentAt(3).subtitle, items.itemAt(3)->fileSizeAsString());
-    QCOMPARE(items.contentAt(149).title, QStringLiteral("149"));
-    QCOMPARE(items.itemAt(150), nullptr);
-    QVERIFY(items.contentAt(150).title.isEmpty());
-    QCOMPARE(items.itemAt(-1), nullptr);
-    QCOMPARE(items.itemAt(151), nullptr);
-}
+    void findsItems()
+    {
+        Shelf shelf;
+        ItemList& items = shelf.items;
+        shelf.add(u"Zebra"_s);
+        const auto ete = shelf.add(u"\u00C9t\u00E9 %"_s);
+        const auto etude = shelf.add(u"etude"_s);
+        const auto elsewhere = shelf.library.addMedia(u"eternal"_s, shelf.collection);
+        QCOMPARE(items.indexOfMediaID(etude->mediaID()), 2);
+        QCOMPARE(items.indexOfMediaID(elsewhere->mediaID()), -1);
+        QCOMPARE(items.indexOfMediaID(QString()), -1);
+        QCOMPARE(items.mediaIDAt(1), ete->mediaID());
+        QCOMPARE(items.mediaIDAt(-1), QString());
+        QCOMPARE(items.indexOfTitle(u"ET"_s, 0), 1); // case and accents do not matter
+        QCOMPARE(items.indexOfTitle(u"et"_s, 2), 2);
+        QCOMPARE(items.indexOfTitle(u"z"_s, 2), 0);  // going round
+        QCOMPARE(items.indexOfTitle(u"%"_s, 0), -1); // no pattern
+        QCOMPARE(items.indexOfTitle(QString(), 0), -1);
+    }
 
-void TestItemList::findsItems()
-{
-    test::TemporaryLibrary library;
-    const auto collection = library.addCollection(QStringLiteral("C"));
-    const auto zebra = library.addMedia(QStringLiteral("Zebra"), collection);
-    const auto ete = library.addMedia(QString::fromUtf8("\xC3\x89t\xC3\xA9 %"), collection);
-    const auto etude = library.addMedia(QStringLiteral("etude"), collection);
-    const auto elsewhere = library.addMedia(QStringLiteral("eternal"), collection);
-    ItemList items(library.manager());
-    items.setIds(rowsOf({zebra, ete, etude}));
-    QCOMPARE(items.indexOfMediaID(etude->mediaID()), 2);
-    QCOMPARE(items.indexOfMediaID(elsewhere->mediaID()), -1);
-    QCOMPARE(items.indexOfMediaID(QString()), -1);
-    QCOMPARE(items.mediaIDAt(1), ete->mediaID());
-    QCOMPARE(items.mediaIDAt(-1), QString());
-    QCOMPARE(items.indexOfTitle(QStringLiteral("ET"), 0), 1); // case and accents do not matter
-    QCOMPARE(items.indexOfTitle(QStringLiteral("et"), 2), 2);
-    QCOMPARE(items.indexOfTitle(QStringLiteral("z"), 2), 0);  // going round
-    QCOMPARE(items.indexOfTitle(QStringLiteral("%"), 0), -1); // no pattern
-    QCOMPARE(items.indexOfTitle(QString(), 0), -1);
-}
+    void changesShowAfterRefresh()
+    {
+        Shelf shelf;
+        const auto media = shelf.add(u"Old"_s);
+        QCOMPARE(shelf.items.contentAt(0).title, u"Old"_s);
+        QCOMPARE(shelf.items.contentAt(0).imageVersion, 1);
+        media->setMediaTitle(u"New"_s);
+        media->setMediaLabel(3);
+        QCOMPARE(shelf.items.contentAt(0).title, u"Old"_s); // a snapshot
+        shelf.items.raiseImageVersion(0);
+        shelf.items.raiseImageVersion(0);
+        shelf.items.raiseImageVersion(1); // no such item
+        shelf.items.refresh();
+        QCOMPARE(shelf.items.contentAt(0).title, u"New"_s);
+        QCOMPARE(shelf.items.contentAt(0).label, 3);
+        QCOMPARE(shelf.items.contentAt(0).imageVersion, 3); // outlives the item
+    }
 
-void TestItemList::changesShowAfterRefresh()
-{
-    test::TemporaryLibrary library;
-    const auto media = library.addMedia(QStringLiteral("Old"), library.addCollection(QStringLiteral("C")));
-    ItemList items(library.manager());
-    items.setIds({media->rowId()});
-    QCOMPARE(items.contentAt(0).title, QStringLiteral("Old"));
-    media->setMediaTitle(QStringLiteral("New"));
-    media->setMediaLabel(3);
-    QCOMPARE(items.contentAt(0).title, QStringLiteral("Old")); // a snapshot
-    items.refresh();
-    QCOMPARE(items.contentAt(0).title, QStringLiteral("New"));
-    QCOMPARE(items.contentAt(0).label, 3);
-}
-
-void TestItemList::imageVersionsOutliveTheirItems()
-{
-    test::TemporaryLibrary library;
-    const auto media = library.addMedia(QStringLiteral("A"), library.addCollection(QStringLiteral("C")));
-    ItemList items(library.manager());
-    items.setIds({media->rowId()});
-    QCOMPARE(items.contentAt(0).imageVersion, 1);
-    items.raiseImageVersion(0);
-    items.raiseImageVersion(0);
-    items.refresh();
-    QCOMPARE(items.contentAt(0).imageVersion, 3);
-    items.raiseImageVersion(1); // no such item
-}
-
-void TestItemList::fileStates_data()
-{
-    QTest::addColumn<int>("secondsOff");
-    QTest::addColumn<int>("bytesOff");
-    QTest::addColumn<bool>("exists");
-    QTest::addColumn<bool>("modified");
-    QTest::newRow("as it was") << 0 << 0 << true << false;
-    QTest::newRow("touched") << 60 << 0 << true << false;
-    QTest::newRow("another size alone") << 0 << 5 << true << false;
-    QTest::newRow("changed") << 60 << 5 << true << true;
-    QTest::newRow("gone") << 60 << 5 << false << false;
-}
-
-void TestItemList::fileStates()
-{
-    QFETCH(int, secondsOff);
-    QFETCH(int, bytesOff);
-    QFETCH(bool, exists);
-    QFETCH(bool, modified);
-    QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("a.png"));
-    test::writeFile(path, "12345678");
-    const FileFacts facts{path, QFileInfo(path).lastModified().addSecs(secondsOff), 8 + bytesOff};
-    if (!exists) {
+    void fileStates()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(u"a.png"_s);
+        test::writeFile(path, "12345678");
+        const QDateTime written = QFileInfo(path).lastModified();
+        QCOMPARE(fileState({path, written, 8}), (FileState{true, false}));
+        QCOMPARE(fileState({path, written.addSecs(60), 8}), (FileState{true, false}));
+        QCOMPARE(fileState({path, written, 13}), (FileState{true, false})); // another size alone
+        QCOMPARE(fileState({path, written.addSecs(60), 13}), (FileState{true, true}));
         QVERIFY(QFile::remove(path));
+        QCOMPARE(fileState({path, written.addSecs(60), 13}), (FileState{false, false}));
+        QCOMPARE(fileState({}), (FileState{false, false}));
     }
-    QCOMPARE(fileState(facts), (FileState{exists, modified}));
-    QCOMPARE(fileState({}), (FileState{false, false}));
-}
 
-void TestItemList::ratesItems()
-{
-    test::TemporaryLibrary library;
-    const auto collection = library.addCollection(QStringLiteral("C"));
-    std::vector<store::RowId> rows;
-    for (int number = 0; number < 3; ++number) {
-        rows.push_back(library.addMedia(QString::number(number), collection)->rowId());
+    void ratesItems()
+    {
+        Shelf shelf;
+        for (const QString& title : {u"0"_s, u"1"_s, u"2"_s}) {
+            shelf.add(title);
+        }
+        BrowserCommands commands(shelf.library.manager());
+        QVERIFY(commands.ratingImages({shelf.rows[0], shelf.rows[2], 4711}, 4)); // one that is gone
+        QVERIFY(!commands.ratingImages(shelf.rows, -1));
+        QVERIFY(!commands.ratingImages(shelf.rows, 6));
+        QVERIFY(!commands.ratingImages({}, 3));
+        QVERIFY(shelf.library.reopen());
+        QCOMPARE(shelf.ratingAt(0), 4);
+        QCOMPARE(shelf.ratingAt(1), 0);
+        QCOMPARE(shelf.ratingAt(2), 4);
+        QVERIFY(commands.ratingImages(shelf.rows, 0));
+        QCOMPARE(shelf.ratingAt(0), 0);
+        shelf.library.manager().closeDatabase();
+        QVERIFY(!commands.ratingImages(shelf.rows, 1));
     }
-    const auto ratingOf = [&library](store::RowId row) {
-        return library.context().object<store::Media>(row)->mediaRating();
-    };
-    BrowserCommands commands(library.manager());
-    QVERIFY(commands.ratingImages({rows[0], rows[2], 4711}, 4)); // a row that is gone is passed over
-    QVERIFY(!commands.ratingImages(rows, -1));
-    QVERIFY(!commands.ratingImages(rows, 6));
-    QVERIFY(!commands.ratingImages({}, 3));
-    QVERIFY(library.reopen());
-    QCOMPARE(ratingOf(rows[0]), 4);
-    QCOMPARE(ratingOf(rows[1]), 0);
-    QCOMPARE(ratingOf(rows[2]), 4);
-    QVERIFY(commands.ratingImages(rows, 0));
-    QCOMPARE(ratingOf(rows[0]), 0);
-    library.manager().closeDatabase();
-    QVERIFY(!commands.ratingImages(rows, 1));
-}
 
-void TestItemList::countLines_data()
-{
-    QTest::addColumn<int>("selected");
-    QTest::addColumn<int>("total");
-    QTest::addColumn<QString>("line");
-    QTest::newRow("empty") << 0 << 0 << QString();
-    QTest::newRow("one") << 0 << 1 << QStringLiteral("1 item, 2 MB");
-    QTest::newRow("many") << 0 << 1284 << QStringLiteral("1,284 items, 2 MB");
-    QTest::newRow("selected") << 1 << 42 << QStringLiteral("1 of 42 selected");
-    QTest::newRow("all selected") << 100000 << 100000 << QStringLiteral("100,000 of 100,000 selected");
-}
+    void countLines()
+    {
+        QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
+        QCOMPARE(countLine(0, 0, 0), QString());
+        QCOMPARE(countLine(0, 1, 2'000'000), u"1 item, 2 MB"_s);
+        QCOMPARE(countLine(0, 1284, 2'000'000), u"1,284 items, 2 MB"_s);
+        QCOMPARE(countLine(1, 42, 2'000'000), u"1 of 42 selected"_s);
+        QCOMPARE(countLine(100'000, 100'000, 2'000'000), u"100,000 of 100,000 selected"_s);
+    }
 
-void TestItemList::countLines()
-{
-    QFETCH(int, selected);
-    QFETCH(int, total);
-    QFETCH(QString, line);
-    QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedStates));
-    QCOMPARE(countLine(selected, total, 2'000'000), line);
-}
+    void emptyStates()
+    {
+        const QString noMedia = base::text("Basic.No.Media");
+        const auto collection = element(Shape::CollectionNode, 10000);
+        const auto smart = element(Shape::CollectionNode, 10001);
+        const auto folder = element(Shape::CollectionNode, 10002);
+        const auto system = element(Shape::SystemNode, 7);
+        const EmptyState neither{std::nullopt, {}};
+        QCOMPARE(emptyState({}, true, 0), (EmptyState{false, base::text("Basic.No.Collection.Selected")}));
+        QCOMPARE(emptyState({}, true, 1), (EmptyState{false, base::text("Basic.No.Tag.Selected")}));
+        QCOMPARE(emptyState({}, false, 2), (EmptyState{false, base::text("Basic.No.Color.Selected")}));
+        QCOMPARE(emptyState({collection, folder}, false, 0), neither);
+        QCOMPARE(emptyState({collection, folder}, true, 0), (EmptyState{std::nullopt, noMedia}));
+        QCOMPARE(emptyState({collection}, false, 0), (EmptyState{false, {}}));
+        QCOMPARE(emptyState({collection}, true, 0), (EmptyState{true, {}}));
+        QCOMPARE(emptyState({folder}, true, 0), (EmptyState{true, {}}));
+        QCOMPARE(emptyState({smart}, false, 0), (EmptyState{false, {}}));
+        QCOMPARE(emptyState({smart}, true, 0), (EmptyState{false, noMedia}));
+        QCOMPARE(emptyState({system}, true, 0), (EmptyState{false, noMedia}));
+        QCOMPARE(emptyState({element(Shape::TagRow, 0)}, true, 1), (EmptyState{false, noMedia}));
+        QCOMPARE(emptyState({element(Shape::Colour, 2)}, false, 2), (EmptyState{false, {}}));
+        // The shape and the type contradict each other.
+        QCOMPARE(emptyState({element(Shape::CollectionNode, 4)}, true, 0), neither);
+        QCOMPARE(emptyState({element(Shape::SystemNode, 10000)}, true, 0), neither);
+    }
 
-void TestItemList::emptyStates_data()
-{
-    QTest::addColumn<SelectedCollections>("selected");
-    QTest::addColumn<bool>("empty");
-    QTest::addColumn<int>("tab");
-    QTest::addColumn<EmptyState>("expected");
-    const auto row = [](const char* name, const SelectedCollections& selected, bool empty, int tab,
-                        const EmptyState& expected) {
-        QTest::newRow(name) << selected << empty << tab << expected;
-    };
-    const QString noMedia = base::text("Basic.No.Media");
-    const auto collection = element(Shape::CollectionNode, 10000);
-    const auto smart = element(Shape::CollectionNode, 10001);
-    const auto folder = element(Shape::CollectionNode, 10002);
-    const auto system = element(Shape::SystemNode, 7);
-    const auto tag = element(Shape::TagRow, 0);
-    const auto colour = element(Shape::Colour, 2);
-    row("nothing, collections", {}, true, 0, {false, base::text("Basic.No.Collection.Selected")});
-    row("nothing, tags", {}, true, 1, {false, base::text("Basic.No.Tag.Selected")});
-    row("nothing, colours", {}, false, 2, {false, base::text("Basic.No.Color.Selected")});
-    row("several with items", {collection, folder}, false, 0, {std::nullopt, {}});
-    row("several, empty", {collection, folder}, true, 0, {std::nullopt, noMedia});
-    row("collection", {collection}, false, 0, {false, {}});
-    row("empty collection", {collection}, true, 0, {true, {}});
-    row("empty folder", {folder}, true, 0, {true, {}});
-    row("smart", {smart}, false, 0, {false, {}});
-    row("empty smart", {smart}, true, 0, {false, noMedia});
-    row("a collection node of a system type", {element(Shape::CollectionNode, 4)}, true, 0,
-        {std::nullopt, {}});
-    row("a system node of a user type", {element(Shape::SystemNode, 10000)}, true, 0, {std::nullopt, {}});
-    row("system", {system}, false, 0, {false, {}});
-    row("empty system", {system}, true, 0, {false, noMedia});
-    row("empty tag", {tag}, true, 1, {false, noMedia});
-    row("empty colour", {colour}, true, 2, {false, noMedia});
-}
-
-void TestItemList::emptyStates()
-{
-    QFETCH(SelectedCollections, selected);
-    QFETCH(bool, empty);
-    QFETCH(int, tab);
-    QFETCH(EmptyState, expected);
-    QCOMPARE(emptyState(selected, empty, tab), expected);
-}
-
-void TestItemList::factsOfSelections()
-{
-    test::TemporaryLibrary library;
-    auto& manager = library.manager();
-    const auto shop = library.addCollection(QStringLiteral("Shop"));
-    store::SelectionElement collection{Shape::CollectionNode, shop->collectionID(), 10000,
-                                       QStringLiteral("Stale"), shop->rowId()};
-    const auto system = element(Shape::SystemNode, 7);
-    QVERIFY(isUserCollection({collection}));
-    QVERIFY(!isUserCollection({collection, collection}));
-    QVERIFY(!isUserCollection({system}));
-    QVERIFY(!isUserCollection({element(Shape::CollectionNode, 10002)}));
-    QCOMPARE(selectedCollectionName({collection}, manager), QStringLiteral("Shop"));
-    QCOMPARE(selectedCollectionName({system}, manager), QStringLiteral("Web"));
-    QCOMPARE(selectedCollectionName({element(Shape::Colour, 1)}, manager), base::text("Tooltip.Colors"));
-    QCOMPARE(selectedCollectionName({}, manager), base::text("Basic.Back"));
-    QCOMPARE(selectedCollectionName({system, collection}, manager), base::text("Basic.Back"));
-    QCOMPARE(currentCollectionID({collection}, manager),
-             shop->collectionID() + QStringLiteral("+Collection"));
-    QCOMPARE(currentCollectionID({system}, manager), QStringLiteral("7+Collection"));
-    QCOMPARE(currentCollectionID({collection, system}, manager), QString());
-    store::SelectionElement unknown = system;
-    unknown.id = QStringLiteral("99");
-    QCOMPARE(currentCollectionID({unknown}, manager), QString());
-    collection.record = 4711;
-    QCOMPARE(selectedCollectionName({collection}, manager), QString());
-    manager.closeDatabase();
-    QCOMPARE(currentCollectionID({system}, manager), QString());
-}
+    void factsOfSelections()
+    {
+        test::TemporaryLibrary library;
+        auto& manager = library.manager();
+        const auto shop = library.addCollection(u"Shop"_s);
+        store::SelectionElement collection{Shape::CollectionNode, shop->collectionID(), 10000, u"Stale"_s,
+                                           shop->rowId()};
+        const auto system = element(Shape::SystemNode, 7);
+        QVERIFY(isUserCollection({collection}));
+        QVERIFY(!isUserCollection({collection, collection}));
+        QVERIFY(!isUserCollection({system}));
+        QVERIFY(!isUserCollection({element(Shape::CollectionNode, 10002)}));
+        QCOMPARE(selectedCollectionName({collection}, manager), u"Shop"_s);
+        QCOMPARE(selectedCollectionName({system}, manager), u"Web"_s);
+        QCOMPARE(selectedCollectionName({element(Shape::Colour, 1)}, manager), base::text("Tooltip.Colors"));
+        QCOMPARE(selectedCollectionName({}, manager), base::text("Basic.Back"));
+        QCOMPARE(selectedCollectionName({system, collection}, manager), base::text("Basic.Back"));
+        QCOMPARE(currentCollectionID({collection}, manager), shop->collectionID() + u"+Collection"_s);
+        QCOMPARE(currentCollectionID({system}, manager), u"7+Collection"_s);
+        QCOMPARE(currentCollectionID({collection, system}, manager), QString());
+        store::SelectionElement unknown = system;
+        unknown.id = u"99"_s;
+        QCOMPARE(currentCollectionID({unknown}, manager), QString());
+        collection.record = 4711;
+        QCOMPARE(selectedCollectionName({collection}, manager), QString());
+        manager.closeDatabase();
+        QCOMPARE(currentCollectionID({system}, manager), QString());
+    }
+};
 
 QTEST_GUILESS_MAIN(TestItemList)
 #include "tst_itemlist.moc"

@@ -19,18 +19,19 @@
 #include <QSlider>
 #include <QtTest>
 
+using namespace Qt::StringLiterals;
 using namespace mosaro;
 using namespace mosaro::browser;
 using Shape = store::SelectionElement::Shape;
 
 namespace {
 
-/// The browser over a library with one collection of items named by number, newest last.
+/// The browser over a library with one selected collection of items named by number, newest last.
 struct Bench {
     test::TemporaryLibrary library;
     base::NotificationBus bus;
     bool busy = false;
-    std::shared_ptr<store::Collections> collection = library.addCollection(QStringLiteral("Shop"));
+    std::shared_ptr<store::Collections> collection = library.addCollection(u"Shop"_s);
     store::MediaSet media;
     std::unique_ptr<MRBrowserView> view;
 
@@ -50,6 +51,7 @@ struct Bench {
         view->show();
         view->activateWindow();
         grid().setFocus();
+        selectShop();
     }
     MRMediaBrowserView& grid() { return *view->findChild<MRMediaBrowserView*>(); }
     EmptyPlaces& places() { return *view->findChild<EmptyPlaces*>(); }
@@ -71,6 +73,8 @@ struct Bench {
     }
     void selectShop() { select({collectionNode()}, media); }
     QString titleAt(int index) { return grid().model()->title(index); }
+    QString firstSelected() { return titleAt(grid().selectionIndexes().first()); }
+    void selectRange(int first, int last) { grid().setSelectionIndexes(kit::GridSelection({first, last})); }
 };
 
 } // namespace
@@ -79,267 +83,241 @@ class TestBrowserView : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void showsASelection();
-    void sortsAndKeepsTheFirstSelected();
-    void ratingKeepsOrResorts();
-    void zoomFollowsTheSelection();
-    void emptyPlaces();
-    void dropsIntoUserCollectionsOnly();
-    void preferencesChangeTheCells();
-    void scrollsToTopWhenAsked();
-    void findsAnItem();
-    void contextMenuCommandsWork();
-    void worksWithoutLibrary();
-};
-
-void TestBrowserView::initTestCase()
-{
-    base::installTexts();
-    kit::installLook(*qApp);
-}
-
-void TestBrowserView::showsASelection()
-{
-    Bench bench(5);
-    QSignalSpy changes(bench.view.get(), &MRBrowserView::selectionChanged);
-    bench.selectShop();
-    QVERIFY(changes.count() > 0);
-    QCOMPARE(bench.view->itemCount(), 5);
-    QCOMPARE(bench.titleAt(0), QStringLiteral("4")); // newest import first
-    QCOMPARE(bench.countLine(), QStringLiteral("5 items, 5 KB"));
-    bench.view->selectAll();
-    QCOMPARE(bench.view->selectedCount(), 5);
-    QCOMPARE(bench.countLine(), QStringLiteral("5 of 5 selected"));
-    bench.view->selectNone();
-    QCOMPARE(bench.countLine(), QStringLiteral("5 items, 5 KB"));
-    bench.view->selectAll();
-    bench.selectShop(); // a rebuilt list has no selection
-    QCOMPARE(bench.view->selectedCount(), 0);
-}
-
-void TestBrowserView::sortsAndKeepsTheFirstSelected()
-{
-    Bench bench(6);
-    bench.selectShop();
-    QSignalSpy sorted(bench.view.get(), &MRBrowserView::sortChanged);
-    bench.grid().setSelectionIndexes(kit::GridSelection({1, 3}));
-    bench.view->sortMedia(23);
-    QCOMPARE(bench.view->currentSortKey(), 0);
-    QVERIFY(!bench.view->currentAscending());
-    bench.view->ascendOrDescendMedia(33);
-    QVERIFY(bench.view->currentAscending());
-    QCOMPARE(sorted.count(), 2);
-    QCOMPARE(bench.titleAt(0), QStringLiteral("0"));
-    QCOMPARE(bench.view->selectedCount(), 1); // of several only the first
-    QCOMPARE(bench.titleAt(bench.grid().selectionIndexes().first()), QStringLiteral("4"));
-    bench.view->sortMedia(32); // no sort command
-    bench.view->sortMedia(22);
-    QCOMPARE(sorted.count(), 2);
-    QVERIFY(bench.library.reopen());
-    bench.selectShop();
-    QCOMPARE(bench.view->currentSortKey(), 0);
-    QVERIFY(bench.view->currentAscending());
-}
-
-void TestBrowserView::ratingKeepsOrResorts()
-{
-    Bench bench(6);
-    bench.selectShop();
-    bench.grid().setSelectionIndexes(kit::GridSelection({2, 4}));
-    bench.view->ratingImages(3);
-    QCOMPARE(bench.grid().selectionIndexes(), kit::GridSelection({2, 4}));
-    bench.view->sortMedia(25);
-    QCOMPARE(bench.titleAt(0).toInt() >= 1 && bench.titleAt(0).toInt() <= 3, true);
-    bench.grid().setSelectionIndexes(kit::GridSelection({5, 5}));
-    const QString last = bench.titleAt(5);
-    bench.view->ratingImages(5); // goes to the top, and stays selected
-    QCOMPARE(bench.titleAt(0), last);
-    QCOMPARE(bench.grid().selectionIndexes(), kit::GridSelection({0, 0}));
-}
-
-void TestBrowserView::zoomFollowsTheSelection()
-{
-    Bench bench(3);
-    const store::SelectionElement system{Shape::SystemNode, QStringLiteral("1"), 1, QStringLiteral("All"), 0};
-    bench.selectShop();
-    QCOMPARE(bench.slider().value(), 400);
-    bench.slider().setValue(600);
-    QCOMPARE(bench.grid().zoomValue(), 0.6);
-    QCOMPARE(bench.collection->zoomValue(), 0.6);
-    bench.select({system}, bench.media);
-    QCOMPARE(bench.slider().value(), 400);
-    bench.selectShop();
-    QCOMPARE(bench.slider().value(), 600);
-    bench.view->zoomBy(10);
-    QCOMPARE(bench.grid().zoomValue(), kLargestZoom);
-    bench.view->zoomBy(0.1);
-    QCOMPARE(bench.grid().zoomValue(), kSmallestZoom);
-    Q_EMIT bench.grid().magnified(0.05);
-    QCOMPARE(bench.slider().value(), 450);
-    QCOMPARE(bench.collection->zoomValue(), 0.45);
-}
-
-void TestBrowserView::emptyPlaces()
-{
-    Bench bench(1);
-    int requests = 0;
-    bench.bus.observe(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX, this,
-                      [&requests](const QVariant&) { ++requests; });
-    bench.select({bench.collectionNode()}, {});
-    QVERIFY(bench.places().showsDropZone());
-    QVERIFY(bench.countLine().isEmpty());
-    QVERIFY(!bench.slider().isVisible());
-    bench.grid().findChild<QPushButton*>()->click();
-    QCOMPARE(requests, 1);
-    bench.selectShop();
-    QVERIFY(!bench.places().showsDropZone());
-    QVERIFY(bench.slider().isVisible());
-    bench.select({}, {});
-    QVERIFY(!bench.places().showsDropZone());
-    QCOMPARE(bench.places().guide(), base::text("Basic.No.Collection.Selected"));
-    bench.bus.removeObserver(this);
-}
-
-void TestBrowserView::dropsIntoUserCollectionsOnly()
-{
-    Bench bench(2);
-    QStringList imported;
-    bench.bus.observe(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, this,
-                      [&imported](const QVariant& value) { imported = value.toStringList(); });
-    QMimeData data;
-    data.setUrls(
-        {QUrl::fromLocalFile(QStringLiteral("/tmp/a b.png")), QUrl(QStringLiteral("https://x.org/y.png"))});
-    const auto drop = [&bench, &imported](const QMimeData& dropped) {
-        imported.clear();
-        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(bench.grid().viewport(), &enter);
-        QDropEvent event({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
-        event.ignore();
-        QCoreApplication::sendEvent(bench.grid().viewport(), &event);
-        return event.isAccepted();
-    };
-    bench.selectShop();
-    QVERIFY(drop(data));
-    QCOMPARE(imported, QStringList{QStringLiteral("/tmp/a b.png")});
-    bench.select({bench.collectionNode()}, {}); // an empty one takes them as well
-    QVERIFY(drop(data));
-    bench.busy = true;
-    QVERIFY(!drop(data));
-    bench.busy = false;
-    QMimeData text;
-    text.setText(QStringLiteral("no files"));
-    QVERIFY(!drop(text));
-    store::SelectionElement folder = bench.collectionNode();
-    folder.type = store::kTypeFolder;
-    bench.select({folder}, bench.media);
-    QVERIFY(!drop(data));
-    bench.library.manager().closeDatabase();
-    QVERIFY(!drop(data));
-    bench.bus.removeObserver(this);
-}
-
-void TestBrowserView::preferencesChangeTheCells()
-{
-    Bench bench(3);
-    bench.selectShop();
-    const QSize titled = bench.grid().metrics().cell;
-    QCOMPARE(bench.grid().metrics().spacing, QSize(20, 20));
-    bench.library.defaults().updateUserDefaultsWithValue(base::PREFS_GENERAL_SHOW_TITLE_IN_BROWSER, false,
-                                                         base::MOSARO_NOTI_SHOW_TITLE_OPTIONS_CHANGED, {},
-                                                         bench.bus);
-    QCOMPARE(bench.grid().metrics().spacing, QSize(15, 10));
-    QVERIFY(bench.grid().metrics().cell.height() < titled.height());
-    bench.library.defaults().updateUserDefaultsWithValue(base::PREFS_GENERAL_SHOW_TITLE_IN_BROWSER, true,
-                                                         base::MOSARO_NOTI_SHOW_TITLE_OPTIONS_CHANGED, {},
-                                                         bench.bus);
-    QCOMPARE(bench.grid().metrics().cell, titled);
-}
-
-void TestBrowserView::scrollsToTopWhenAsked()
-{
-    Bench bench(60);
-    bench.selectShop();
-    QVERIFY(QTest::qWaitForWindowActive(bench.view.get()));
-    bench.grid().setFocus();
-    QScrollBar* bar = bench.grid().verticalScrollBar();
-    bar->setValue(bar->maximum());
-    QVERIFY(bar->value() > 0);
-    bench.busy = true;
-    bench.bus.post(base::MOSARO_NOTI_SCROLL_TO_TOP);
-    QVERIFY(bar->value() > 0);
-    bench.busy = false;
-    bench.bus.post(base::MOSARO_NOTI_SCROLL_TO_TOP);
-    QCOMPARE(bar->value(), 0);
-
-    bar->setValue(200);
-    bench.selectShop(); // the same again, as after an import
-    QCOMPARE(bar->value(), 200);
-    bench.select({{Shape::SystemNode, QStringLiteral("1"), 1, QStringLiteral("All")}}, bench.media);
-    QCOMPARE(bar->value(), 0);
-}
-
-void TestBrowserView::findsAnItem()
-{
-    Bench bench(40);
-    bench.selectShop();
-    bench.view->findMediaItem(bench.library.context().object<store::Media>(bench.media.ids[0])->mediaID());
-    QCOMPARE(bench.titleAt(bench.grid().selectionIndexes().first()), QStringLiteral("0"));
-    bench.view->findMediaItem(QStringLiteral("none"));
-    QCOMPARE(bench.view->selectedCount(), 1);
-}
-
-void TestBrowserView::contextMenuCommandsWork()
-{
-    Bench bench(4);
-    bench.selectShop();
-    bench.grid().setSelectionIndexes(kit::GridSelection({1, 1}));
-    Q_EMIT bench.grid().contextMenuRequested(1, bench.grid().mapToGlobal(QPoint(50, 50)));
-    auto* menu = bench.view->findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
-    QVERIFY(menu != nullptr);
-    QList<QAction*> entries;
-    QStringList checked;
-    for (QAction* top : menu->actions()) {
-        entries.append(top->menu() != nullptr ? top->menu()->actions() : QList{top});
+    void initTestCase()
+    {
+        base::installTexts();
+        kit::installLook(*qApp);
     }
-    for (const QAction* entry : std::as_const(entries)) {
-        checked.append(entry->isChecked() ? QStringList{entry->text()} : QStringList());
+
+    void showsASelection()
+    {
+        Bench bench(5);
+        QSignalSpy changes(bench.view.get(), &MRBrowserView::selectionChanged);
+        bench.selectShop();
+        QVERIFY(changes.count() > 0);
+        QCOMPARE(bench.view->itemCount(), 5);
+        QCOMPARE(bench.titleAt(0), u"4"_s); // newest import first
+        QCOMPARE(bench.countLine(), u"5 items, 5 KB"_s);
+        bench.view->selectAll();
+        QCOMPARE(bench.view->selectedCount(), 5);
+        QCOMPARE(bench.countLine(), u"5 of 5 selected"_s);
+        bench.view->selectNone();
+        QCOMPARE(bench.countLine(), u"5 items, 5 KB"_s);
+        bench.view->selectAll();
+        bench.selectShop(); // a rebuilt list has no selection
+        QCOMPARE(bench.view->selectedCount(), 0);
     }
-    QCOMPARE(checked, (QStringList{base::text("Basic.None"), base::text("CX.Sort.Date.Imported"),
-                                   base::text("CX.Sort.Descending")}));
-    const auto trigger = [&entries](const QString& text) {
-        for (QAction* entry : std::as_const(entries)) {
-            if (entry->text() == text) {
-                entry->trigger();
+
+    void sortsAndKeepsTheFirstSelected()
+    {
+        Bench bench(6);
+        QSignalSpy sorted(bench.view.get(), &MRBrowserView::sortChanged);
+        bench.selectRange(1, 3);
+        bench.view->sortMedia(23);
+        QCOMPARE(bench.view->currentSortKey(), 0);
+        QVERIFY(!bench.view->currentAscending());
+        bench.view->ascendOrDescendMedia(33);
+        QVERIFY(bench.view->currentAscending());
+        QCOMPARE(sorted.count(), 2);
+        QCOMPARE(bench.titleAt(0), u"0"_s);
+        QCOMPARE(bench.view->selectedCount(), 1); // of several only the first
+        QCOMPARE(bench.firstSelected(), u"4"_s);
+        bench.view->sortMedia(32); // no sort command
+        bench.view->sortMedia(22);
+        QCOMPARE(sorted.count(), 2);
+        QVERIFY(bench.library.reopen());
+        bench.selectShop();
+        QCOMPARE(bench.view->currentSortKey(), 0);
+        QVERIFY(bench.view->currentAscending());
+    }
+
+    void ratingKeepsOrResorts()
+    {
+        Bench bench(6);
+        bench.selectRange(2, 4);
+        bench.view->ratingImages(3);
+        QCOMPARE(bench.grid().selectionIndexes(), kit::GridSelection({2, 4}));
+        bench.view->sortMedia(25);
+        QVERIFY(bench.titleAt(0).toInt() >= 1 && bench.titleAt(0).toInt() <= 3);
+        bench.selectRange(5, 5);
+        const QString last = bench.titleAt(5);
+        bench.view->ratingImages(5); // goes to the top, and stays selected
+        QCOMPARE(bench.titleAt(0), last);
+        QCOMPARE(bench.grid().selectionIndexes(), kit::GridSelection({0, 0}));
+    }
+
+    void zoomFollowsTheSelection()
+    {
+        Bench bench(3);
+        const store::SelectionElement system{Shape::SystemNode, u"1"_s, 1, u"All"_s, 0};
+        bench.selectShop();
+        QCOMPARE(bench.slider().value(), 400);
+        bench.slider().setValue(600);
+        QCOMPARE(bench.grid().zoomValue(), 0.6);
+        QCOMPARE(bench.collection->zoomValue(), 0.6);
+        bench.select({system}, bench.media);
+        QCOMPARE(bench.slider().value(), 400);
+        bench.selectShop();
+        QCOMPARE(bench.slider().value(), 600);
+        bench.view->zoomBy(10);
+        QCOMPARE(bench.grid().zoomValue(), kLargestZoom);
+        bench.view->zoomBy(0.1);
+        QCOMPARE(bench.grid().zoomValue(), kSmallestZoom);
+        Q_EMIT bench.grid().magnified(0.05);
+        QCOMPARE(bench.slider().value(), 450);
+        QCOMPARE(bench.collection->zoomValue(), 0.45);
+    }
+
+    void emptyPlaces()
+    {
+        Bench bench(1);
+        int requests = 0;
+        bench.bus.observe(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX, this,
+                          [&requests](const QVariant&) { ++requests; });
+        bench.select({bench.collectionNode()}, {});
+        QVERIFY(bench.places().showsDropZone());
+        QVERIFY(bench.countLine().isEmpty());
+        QVERIFY(!bench.slider().isVisible());
+        bench.grid().findChild<QPushButton*>()->click();
+        QCOMPARE(requests, 1);
+        bench.selectShop();
+        QVERIFY(!bench.places().showsDropZone());
+        QVERIFY(bench.slider().isVisible());
+        bench.select({}, {});
+        QVERIFY(!bench.places().showsDropZone());
+        QCOMPARE(bench.places().guide(), base::text("Basic.No.Collection.Selected"));
+        bench.bus.removeObserver(this);
+    }
+
+    void dropsIntoUserCollectionsOnly()
+    {
+        Bench bench(2);
+        QStringList imported;
+        bench.bus.observe(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, this,
+                          [&imported](const QVariant& value) { imported = value.toStringList(); });
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(u"/tmp/a b.png"_s), QUrl(u"https://x.org/y.png"_s)});
+        const auto drop = [&bench, &imported](const QMimeData& dropped) {
+            imported.clear();
+            QDragEnterEvent enter({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(bench.grid().viewport(), &enter);
+            QDropEvent event({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
+            event.ignore();
+            QCoreApplication::sendEvent(bench.grid().viewport(), &event);
+            return event.isAccepted();
+        };
+        bench.selectShop();
+        QVERIFY(drop(data));
+        QCOMPARE(imported, QStringList{u"/tmp/a b.png"_s});
+        bench.select({bench.collectionNode()}, {}); // an empty one takes them as well
+        QVERIFY(drop(data));
+        bench.busy = true;
+        QVERIFY(!drop(data));
+        bench.busy = false;
+        QMimeData text;
+        text.setText(u"no files"_s);
+        QVERIFY(!drop(text));
+        store::SelectionElement folder = bench.collectionNode();
+        folder.type = store::kTypeFolder;
+        bench.select({folder}, bench.media);
+        QVERIFY(!drop(data));
+        bench.library.manager().closeDatabase();
+        QVERIFY(!drop(data));
+        bench.bus.removeObserver(this);
+    }
+
+    void preferencesChangeTheCells()
+    {
+        Bench bench(3);
+        const auto showTitles = [&bench](bool shown) {
+            bench.library.defaults().updateUserDefaultsWithValue(
+                base::PREFS_GENERAL_SHOW_TITLE_IN_BROWSER, shown,
+                base::MOSARO_NOTI_SHOW_TITLE_OPTIONS_CHANGED, {}, bench.bus);
+        };
+        const QSize titled = bench.grid().metrics().cell;
+        QCOMPARE(bench.grid().metrics().spacing, QSize(20, 20));
+        showTitles(false);
+        QCOMPARE(bench.grid().metrics().spacing, QSize(15, 10));
+        QVERIFY(bench.grid().metrics().cell.height() < titled.height());
+        showTitles(true);
+        QCOMPARE(bench.grid().metrics().cell, titled);
+    }
+
+    void scrollsToTopWhenAsked()
+    {
+        Bench bench(60);
+        QVERIFY(QTest::qWaitForWindowActive(bench.view.get()));
+        bench.grid().setFocus();
+        QScrollBar* bar = bench.grid().verticalScrollBar();
+        bar->setValue(bar->maximum());
+        QVERIFY(bar->value() > 0);
+        bench.busy = true;
+        bench.bus.post(base::MOSARO_NOTI_SCROLL_TO_TOP);
+        QVERIFY(bar->value() > 0);
+        bench.busy = false;
+        bench.bus.post(base::MOSARO_NOTI_SCROLL_TO_TOP);
+        QCOMPARE(bar->value(), 0);
+
+        bar->setValue(200);
+        bench.selectShop(); // the same again, as after an import
+        QCOMPARE(bar->value(), 200);
+        bench.select({{Shape::SystemNode, u"1"_s, 1, u"All"_s}}, bench.media);
+        QCOMPARE(bar->value(), 0);
+    }
+
+    void findsAnItem()
+    {
+        Bench bench(40);
+        bench.view->findMediaItem(
+            bench.library.context().object<store::Media>(bench.media.ids[0])->mediaID());
+        QCOMPARE(bench.firstSelected(), u"0"_s);
+        bench.view->findMediaItem(u"none"_s);
+        QCOMPARE(bench.view->selectedCount(), 1);
+    }
+
+    void contextMenuCommandsWork()
+    {
+        Bench bench(4);
+        bench.selectRange(1, 1);
+        Q_EMIT bench.grid().contextMenuRequested(1, bench.grid().mapToGlobal(QPoint(50, 50)));
+        auto* menu = bench.view->findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+        QVERIFY(menu != nullptr);
+        QHash<QString, QAction*> entries;
+        QStringList checked;
+        for (QAction* top : menu->actions()) {
+            for (QAction* entry : top->menu() != nullptr ? top->menu()->actions() : QList{top}) {
+                entries.insert(entry->text(), entry);
+                checked.append(entry->isChecked() ? QStringList{entry->text()} : QStringList());
             }
         }
-    };
-    trigger(QStringLiteral("★★★"));
-    QCOMPARE(bench.library.context().object<store::Media>(bench.media.ids[2])->mediaRating(), 3);
-    trigger(base::text("CX.Sort.Ascending"));
-    QCOMPARE(bench.titleAt(0), QStringLiteral("0"));
-    trigger(base::text("Basic.Select.All"));
-    QCOMPARE(bench.view->selectedCount(), 4);
-    menu->close();
-}
+        QCOMPARE(checked, (QStringList{base::text("Basic.None"), base::text("CX.Sort.Date.Imported"),
+                                       base::text("CX.Sort.Descending")}));
+        entries.value(u"★★★"_s)->trigger();
+        QCOMPARE(bench.library.context().object<store::Media>(bench.media.ids[2])->mediaRating(), 3);
+        entries.value(base::text("CX.Sort.Ascending"))->trigger();
+        QCOMPARE(bench.titleAt(0), u"0"_s);
+        entries.value(base::text("Basic.Select.All"))->trigger();
+        QCOMPARE(bench.view->selectedCount(), 4);
+        menu->close();
+    }
 
-void TestBrowserView::worksWithoutLibrary()
-{
-    Bench bench(3);
-    bench.selectShop();
-    bench.view->selectAll();
-    bench.library.manager().closeDatabase();
-    bench.view->ratingImages(2);
-    bench.view->sortMedia(23);
-    bench.view->ascendOrDescendMedia(34);
-    bench.view->zoomBy(1.2);
-    bench.view->reload();
-    bench.view->keepSelection();
-    QCOMPARE(bench.view->currentCollectionID(), QString());
-    bench.select({}, {});
-    QCOMPARE(bench.view->itemCount(), 0);
-    bench.view->grab(); // paints
-}
+    void worksWithoutLibrary()
+    {
+        Bench bench(3);
+        bench.view->selectAll();
+        bench.library.manager().closeDatabase();
+        bench.view->ratingImages(2);
+        bench.view->sortMedia(23);
+        bench.view->ascendOrDescendMedia(34);
+        bench.view->zoomBy(1.2);
+        bench.view->reload();
+        bench.view->keepSelection();
+        QCOMPARE(bench.view->currentCollectionID(), QString());
+        bench.select({}, {});
+        QCOMPARE(bench.view->itemCount(), 0);
+        bench.view->grab(); // paints
+    }
+};
 
 QTEST_MAIN(TestBrowserView)
 #include "tst_mrbrowserview_ui.moc"
