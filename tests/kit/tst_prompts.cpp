@@ -3,6 +3,7 @@
 #include "kit/Look.h"
 #include "kit/OpenPanel.h"
 #include "kit/WidgetPrompts.h"
+#include "support/Files.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -16,6 +17,7 @@
 #include <QTreeView>
 
 using namespace mosaro;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -33,6 +35,11 @@ void withModalDialog(Action action)
     });
 }
 
+struct PathsRow {
+    bool packages, directories;
+    QStringList chosen, kept;
+};
+
 } // namespace
 
 class TestPrompts : public QObject {
@@ -46,114 +53,87 @@ private Q_SLOTS:
         QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     }
 
-    void alertAnswers_data()
-    {
-        QTest::addColumn<bool>("hasAlternate");
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("answer");
-        QTest::newRow("return") << true << int(Qt::Key_Return) << 1;
-        QTest::newRow("escape") << true << int(Qt::Key_Escape) << 0;
-        QTest::newRow("one button, return") << false << int(Qt::Key_Return) << 1;
-        QTest::newRow("one button, escape") << false << int(Qt::Key_Escape) << 0;
-    }
     void alertAnswers()
     {
-        QFETCH(bool, hasAlternate);
-        QFETCH(int, key);
         kit::WidgetPrompts prompts;
-        withModalDialog([key](QWidget* dialog) { QTest::keyClick(dialog, Qt::Key(key)); });
-        const QString other = hasAlternate ? QStringLiteral("Cancel") : QString();
-        QTEST(prompts.alert(
-                  {QStringLiteral("Really?"), QStringLiteral("Yes"), other, QStringLiteral("Think.")}),
-              "answer");
-    }
-
-    void alertButtonsAnswer()
-    {
-        kit::WidgetPrompts prompts;
-        const base::AlertRequest request{
-            QStringLiteral("Q"), QStringLiteral("Yes"), QStringLiteral("No"), {}};
-        withModalDialog(
-            [](QWidget* dialog) { qobject_cast<kit::AlertPanel*>(dialog)->alternateButton()->click(); });
-        QCOMPARE(prompts.alert(request), 0);
-        withModalDialog(
-            [](QWidget* dialog) { qobject_cast<kit::AlertPanel*>(dialog)->defaultButton()->click(); });
-        QCOMPARE(prompts.alert(request), 1);
+        for (const QString& other : {u"Cancel"_s, QString()}) {
+            for (const auto& [key, answer] : {std::pair(Qt::Key_Return, 1), std::pair(Qt::Key_Escape, 0)}) {
+                withModalDialog([key = key](QWidget* dialog) { QTest::keyClick(dialog, key); });
+                QCOMPARE(prompts.alert({u"Really?"_s, u"Yes"_s, other, u"Think."_s}), answer);
+            }
+        }
+        for (const auto& [button, answer] : {std::pair(&kit::AlertPanel::defaultButton, 1),
+                                             std::pair(&kit::AlertPanel::alternateButton, 0)}) {
+            withModalDialog([button = button](QWidget* dialog) {
+                (qobject_cast<kit::AlertPanel*>(dialog)->*button)()->click();
+            });
+            QCOMPARE(prompts.alert({u"Q"_s, u"Yes"_s, u"No"_s, {}}), answer);
+        }
     }
 
     void alertWithoutButtonsCanBeLeft()
     {
-        const kit::AlertPanel panel({QStringLiteral("Q"), {}, {}, {}});
+        const kit::AlertPanel panel({u"Q"_s, {}, {}, {}});
         QVERIFY(panel.alternateButton() == nullptr);
         QCOMPARE(panel.defaultButton()->text(), base::text("Basic.OK"));
     }
 
-    void openPanelModes_data()
-    {
-        QTest::addColumn<bool>("files");
-        QTest::addColumn<bool>("directories");
-        QTest::addColumn<bool>("multiple");
-        QTest::addColumn<bool>("packages");
-        QTest::addColumn<int>("mode");
-        QTest::newRow("one file") << true << false << false << false << int(QFileDialog::ExistingFile);
-        QTest::newRow("files") << true << false << true << false << int(QFileDialog::ExistingFiles);
-        QTest::newRow("folder") << false << true << false << false << int(QFileDialog::Directory);
-        QTest::newRow("package") << true << false << false << true << int(QFileDialog::Directory);
-    }
     void openPanelModes()
     {
-        QFETCH(bool, files);
-        QFETCH(bool, directories);
-        QFETCH(bool, multiple);
-        QFETCH(bool, packages);
-        base::OpenPanelRequest request;
-        request.files = files;
-        request.directories = directories;
-        request.multiple = multiple;
-        request.packages = packages;
-        request.prompt = QStringLiteral("Take");
-        request.suffixes = {QStringLiteral("png"), QStringLiteral("PNG")};
-        const kit::OpenPanel dialog(request);
-        QCOMPARE(int(dialog.acceptMode()), int(QFileDialog::AcceptOpen));
-        QTEST(int(dialog.fileMode()), "mode");
-        QCOMPARE(dialog.labelText(QFileDialog::Accept), QStringLiteral("Take"));
-        if (!packages && files) {
-            QVERIFY(dialog.nameFilters().constFirst().endsWith(QStringLiteral(" (*.png)")));
-        }
+        const auto panel = [](bool files, bool directories, bool multiple, bool packages) {
+            base::OpenPanelRequest request;
+            request.files = files;
+            request.directories = directories;
+            request.multiple = multiple;
+            request.packages = packages;
+            request.prompt = u"Take"_s;
+            request.suffixes = {u"png"_s, u"PNG"_s};
+            return std::make_unique<kit::OpenPanel>(request);
+        };
+        const auto one = panel(true, false, false, false);
+        QCOMPARE(one->acceptMode(), QFileDialog::AcceptOpen);
+        QCOMPARE(one->labelText(QFileDialog::Accept), u"Take"_s);
+        QCOMPARE(one->fileMode(), QFileDialog::ExistingFile);
+        QVERIFY(one->nameFilters().constFirst().endsWith(u" (*.png)"_s));
+        const auto several = panel(true, false, true, false);
+        QCOMPARE(several->fileMode(), QFileDialog::ExistingFiles);
+        QVERIFY(several->nameFilters().constFirst().endsWith(u" (*.png)"_s));
+        QCOMPARE(panel(false, true, false, false)->fileMode(), QFileDialog::Directory);
+        QCOMPARE(panel(true, false, false, true)->fileMode(), QFileDialog::Directory);
     }
 
     void foldersAndFilesAreTakenTogether()
     {
         QTemporaryDir place;
-        QVERIFY(QDir(place.path()).mkdir(QStringLiteral("a folder")));
+        QVERIFY(QDir(place.path()).mkdir(u"a folder"_s));
         QFile file(place.filePath(QStringLiteral("b \"c\".png")));
         QVERIFY(file.open(QIODevice::WriteOnly));
         base::OpenPanelRequest request;
         request.directories = true;
         request.multiple = true;
         request.directory = place.path();
-        request.prompt = QStringLiteral("Take");
-        QSettings memory(place.filePath(QStringLiteral("memory.ini")), QSettings::IniFormat);
+        request.prompt = u"Take"_s;
+        QSettings memory(place.filePath(u"memory.ini"_s), QSettings::IniFormat);
         kit::WidgetPrompts prompts(&memory);
         const auto takeAll = [](QWidget* dialog) {
-            auto* rows = dialog->findChild<QListView*>(QStringLiteral("listView"));
+            auto* rows = dialog->findChild<QListView*>(u"listView"_s);
             QTRY_COMPARE(rows->model()->rowCount(rows->rootIndex()), 2);
-            dialog->findChild<QTreeView*>(QStringLiteral("treeView"))->setFocus();
+            dialog->findChild<QTreeView*>(u"treeView"_s)->setFocus();
             rows->selectAll();
             QPushButton* take = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open);
-            QCOMPARE(take->text(), QStringLiteral("Take"));
+            QCOMPARE(take->text(), u"Take"_s);
             dialog->resize(910, 570);
             take->click();
         };
         withModalDialog(takeAll);
         QStringList chosen = prompts.openPanel(request);
         chosen.sort();
-        QCOMPARE(chosen, QStringList({place.filePath(QStringLiteral("a folder")), file.fileName()}));
+        QCOMPARE(chosen, QStringList({place.filePath(u"a folder"_s), file.fileName()}));
 
         withModalDialog([](QWidget* dialog) {
             QPushButton* take = dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open);
             QTRY_VERIFY(take->isEnabled());
-            QTest::keyClick(dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")), Qt::Key_Return);
+            QTest::keyClick(dialog->findChild<QLineEdit*>(u"fileNameEdit"_s), Qt::Key_Return);
             QVERIFY(dialog->isVisible()); // A stray Return takes no folder.
             QTest::mouseClick(take, Qt::LeftButton);
         });
@@ -172,74 +152,53 @@ private Q_SLOTS:
     void packageIsTakenByDoubleClick()
     {
         QTemporaryDir place;
-        QVERIFY(QDir(place.path()).mkpath(QStringLiteral("deep/a.mrlibrary")));
+        QVERIFY(QDir(place.path()).mkpath(u"deep/a.mrlibrary"_s));
         base::OpenPanelRequest request;
         request.packages = true;
         request.directory = place.path();
-        request.suffixes = {QStringLiteral("mrlibrary")};
+        request.suffixes = {u"mrlibrary"_s};
         kit::WidgetPrompts prompts;
         withModalDialog([](QWidget* dialog) {
-            auto* rows = dialog->findChild<QTreeView*>(QStringLiteral("treeView"));
+            auto* rows = dialog->findChild<QTreeView*>(u"treeView"_s);
             for (int level = 0; level < 2; ++level) {
                 QTRY_COMPARE(rows->model()->rowCount(rows->rootIndex()), 1);
                 Q_EMIT rows->activated(rows->model()->index(0, 0, rows->rootIndex()));
             }
         });
-        QCOMPARE(prompts.openPanel(request), QStringList(place.filePath(QStringLiteral("deep/a.mrlibrary"))));
+        QCOMPARE(prompts.openPanel(request), QStringList(place.filePath(u"deep/a.mrlibrary"_s)));
     }
 
     void acceptablePaths_data()
     {
-        QTest::addColumn<bool>("packages");
-        QTest::addColumn<bool>("directories");
-        QTest::addColumn<QStringList>("chosen");
-        QTest::addColumn<QStringList>("kept");
-        QTest::newRow("a package") << true << false << QStringList{QStringLiteral("a.mrlibrary")}
-                                   << QStringList{QStringLiteral("a.mrlibrary")};
-        QTest::newRow("a package, typed with a slash")
-            << true << false << QStringList{QStringLiteral("a.mrlibrary/")}
-            << QStringList{QStringLiteral("a.mrlibrary")};
-        QTest::newRow("a package, in capitals") << true << false << QStringList{QStringLiteral("B.MRLIBRARY")}
-                                                << QStringList{QStringLiteral("B.MRLIBRARY")};
-        QTest::newRow("a plain folder is no package")
-            << true << false << QStringList{QStringLiteral("plain")} << QStringList{};
-        QTest::newRow("a file is no package")
-            << true << false << QStringList{QStringLiteral("file.mrlibrary")} << QStringList{};
-        QTest::newRow("a folder when files are asked for")
-            << false << false << QStringList{QStringLiteral("plain"), QStringLiteral("file.png")}
-            << QStringList{QStringLiteral("file.png")};
-        QTest::newRow("repeats") << false << true
-                                 << QStringList{QStringLiteral("file.png"), QStringLiteral("./file.png"),
-                                                QStringLiteral("plain")}
-                                 << QStringList{QStringLiteral("file.png"), QStringLiteral("plain")};
+        QTest::addColumn<PathsRow>("row");
+        const auto row = [](const char* name, const PathsRow& given) { QTest::newRow(name) << given; };
+        row("a package", {true, false, {u"a.mrlibrary"_s}, {u"a.mrlibrary"_s}});
+        row("a package, typed with a slash", {true, false, {u"a.mrlibrary/"_s}, {u"a.mrlibrary"_s}});
+        row("a package, in capitals", {true, false, {u"B.MRLIBRARY"_s}, {u"B.MRLIBRARY"_s}});
+        row("a plain folder is no package", {true, false, {u"plain"_s}, {}});
+        row("a file is no package", {true, false, {u"file.mrlibrary"_s}, {}});
+        row("a folder when files are asked for",
+            {false, false, {u"plain"_s, u"file.png"_s}, {u"file.png"_s}});
+        row("repeats",
+            {false, true, {u"file.png"_s, u"./file.png"_s, u"plain"_s}, {u"file.png"_s, u"plain"_s}});
     }
     void acceptablePaths()
     {
         QTemporaryDir place;
         const QDir folder(place.path());
-        for (const char* name : {"a.mrlibrary", "B.MRLIBRARY", "plain"}) {
-            QVERIFY(folder.mkdir(QString::fromLatin1(name)));
-        }
-        for (const char* name : {"file.mrlibrary", "file.png"}) {
-            QFile file(folder.filePath(QString::fromLatin1(name)));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-        }
-        QFETCH(bool, packages);
-        QFETCH(bool, directories);
-        QFETCH(QStringList, chosen);
-        QFETCH(QStringList, kept);
+        for (const QString& name : {u"a.mrlibrary"_s, u"B.MRLIBRARY"_s, u"plain"_s})
+            QVERIFY(folder.mkdir(name));
+        test::writeFile(folder.filePath(u"file.mrlibrary"_s));
+        test::writeFile(folder.filePath(u"file.png"_s));
+        QFETCH(PathsRow, row);
         base::OpenPanelRequest request;
-        request.packages = packages;
-        request.directories = directories;
-        request.suffixes = {QStringLiteral("mrlibrary")};
-        const auto absolute = [&folder](QStringList& paths) {
-            for (QString& path : paths) {
-                path = folder.path() + u'/' + path;
-            }
+        request.packages = row.packages;
+        request.directories = row.directories;
+        request.suffixes = {u"mrlibrary"_s};
+        const auto absolute = [&place](QStringList paths) {
+            return paths.replaceInStrings(QRegularExpression(u"^"_s), place.path() + u'/');
         };
-        absolute(chosen);
-        absolute(kept);
-        QCOMPARE(kit::acceptablePaths(chosen, request), kept);
+        QCOMPARE(kit::acceptablePaths(absolute(row.chosen), request), absolute(row.kept));
     }
 
     void cancelledPanelsGiveNothing()
@@ -258,33 +217,20 @@ private Q_SLOTS:
         kit::WidgetPrompts prompts;
         base::SavePanelRequest request;
         request.directory = place.path();
-        request.name = QStringLiteral("My Library");
-        request.suffix = QStringLiteral("mrlibrary");
+        request.name = u"My Library"_s;
+        request.suffix = u"mrlibrary"_s;
         withModalDialog([](QWidget* dialog) { qobject_cast<QDialog*>(dialog)->accept(); });
         const std::optional<QString> path = prompts.savePanel(request);
         QVERIFY(path.has_value());
-        QCOMPARE(*path, place.filePath(QStringLiteral("My Library.mrlibrary")));
+        QCOMPARE(*path, place.filePath(u"My Library.mrlibrary"_s));
     }
 
-    void withSuffix_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("suffix");
-        QTest::addColumn<QString>("result");
-        QTest::newRow("missing") << QStringLiteral("/a/b") << QStringLiteral("png")
-                                 << QStringLiteral("/a/b.png");
-        QTest::newRow("there") << QStringLiteral("/a/b.PNG") << QStringLiteral("png")
-                               << QStringLiteral("/a/b.PNG");
-        QTest::newRow("another") << QStringLiteral("/a/b.1") << QStringLiteral("png")
-                                 << QStringLiteral("/a/b.1.png");
-        QTest::newRow("none wanted") << QStringLiteral("/a/b") << QString() << QStringLiteral("/a/b");
-        QTest::newRow("empty") << QString() << QStringLiteral("png") << QString();
-    }
     void withSuffix()
     {
-        QFETCH(QString, path);
-        QFETCH(QString, suffix);
-        QTEST(kit::withSuffix(path, suffix), "result");
+        QCOMPARE(kit::withSuffix(u"/a/b.PNG"_s, u"png"_s), u"/a/b.PNG"_s);
+        QCOMPARE(kit::withSuffix(u"/a/b.1"_s, u"png"_s), u"/a/b.1.png"_s);
+        QCOMPARE(kit::withSuffix(u"/a/b"_s, {}), u"/a/b"_s);
+        QCOMPARE(kit::withSuffix({}, u"png"_s), QString());
     }
 };
 

@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 using namespace mosaro;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,7 +28,7 @@ public:
         resize(600, 400);
         field = new QLineEdit(this);
         field->setGeometry(10, 10, 200, 24);
-        button = new QPushButton(QStringLiteral("Below"), this);
+        button = new QPushButton(u"Below"_s, this);
         button->setGeometry(250, 200, 100, 40);
         show();
         QApplication::setActiveWindow(this);
@@ -37,17 +38,23 @@ public:
     QPushButton* button;
 };
 
-QWidget* contentWith(QLineEdit*& first, QPushButton*& second)
-{
-    auto* content = new QWidget;
-    content->setFixedSize(300, 120);
-    auto* layout = new QVBoxLayout(content);
-    first = new QLineEdit;
-    second = new QPushButton(QStringLiteral("Inside"));
-    layout->addWidget(first);
-    layout->addWidget(second);
-    return content;
-}
+/// A sheet with a field and a button, ready to be shown.
+struct Filled {
+    Window window;
+    kit::Sheet sheet{window};
+    QWidget* content = new QWidget;
+    QLineEdit* first = new QLineEdit;
+    QPushButton* second = new QPushButton(u"Inside"_s);
+
+    Filled()
+    {
+        content->setFixedSize(300, 120);
+        auto* layout = new QVBoxLayout(content);
+        layout->addWidget(first);
+        layout->addWidget(second);
+        sheet.setContent(content);
+    }
+};
 
 } // namespace
 
@@ -63,130 +70,104 @@ private Q_SLOTS:
 
     void hangsCentredBelowTheTop()
     {
-        Window window;
-        kit::Sheet sheet(window);
-        QLineEdit* first = nullptr;
-        QPushButton* second = nullptr;
-        QWidget* content = contentWith(first, second);
-        sheet.setContent(content);
-        QVERIFY(!kit::Sheet::isAttachedTo(window));
-        sheet.showSheet();
-        QVERIFY(kit::Sheet::isAttachedTo(window));
-        QCOMPARE(content->mapTo(&window, QPoint(0, 0)), QPoint(150, 36));
-        window.resize(800, 500);
-        QTRY_COMPARE(content->mapTo(&window, QPoint(0, 0)), QPoint(250, 36));
-        QCOMPARE(sheet.size(), window.size());
+        Filled on;
+        QVERIFY(!kit::Sheet::isAttachedTo(on.window));
+        on.sheet.showSheet();
+        QVERIFY(kit::Sheet::isAttachedTo(on.window));
+        QCOMPARE(on.content->mapTo(&on.window, QPoint(0, 0)), QPoint(150, 36));
+        on.window.resize(800, 500);
+        QTRY_COMPARE(on.content->mapTo(&on.window, QPoint(0, 0)), QPoint(250, 36));
+        QCOMPARE(on.sheet.size(), on.window.size());
     }
 
     void keepsTheKeyboard()
     {
-        Window window;
-        QShortcut shortcut(QKeySequence(Qt::CTRL | Qt::Key_D), &window);
+        Filled on;
+        QShortcut shortcut(QKeySequence(Qt::CTRL | Qt::Key_D), &on.window);
         QSignalSpy triggered(&shortcut, &QShortcut::activated);
-        QMenuBar bar(&window);
-        QAction* command = bar.addMenu(QStringLiteral("File"))->addAction(QStringLiteral("Import"));
+        QMenuBar bar(&on.window);
+        QAction* command = bar.addMenu(u"File"_s)->addAction(u"Import"_s);
         command->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_I));
         bar.show();
         QSignalSpy commanded(command, &QAction::triggered);
-        kit::Sheet sheet(window);
-        QLineEdit* first = nullptr;
-        QPushButton* second = nullptr;
-        sheet.setContent(contentWith(first, second));
-        QSignalSpy clicked(second, &QPushButton::clicked);
-        second->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_J));
-        sheet.showSheet();
-        QCOMPARE(window.focusWidget(), first);
-        QTest::keyClick(first, Qt::Key_Tab);
-        QCOMPARE(window.focusWidget(), second);
-        QTest::keyClick(second, Qt::Key_Tab);
-        QCOMPARE(window.focusWidget(), first);
-        QTest::keyClick(first, Qt::Key_Backtab);
-        QCOMPARE(window.focusWidget(), second);
-        window.field->setFocus();
-        QVERIFY(!window.field->hasFocus());
-        QTest::keyClick(first, Qt::Key_D, Qt::ControlModifier);
-        QTest::keyClick(first, Qt::Key_I, Qt::ControlModifier);
-        QTest::keyClick(first, Qt::Key_J, Qt::ControlModifier);
-        QCOMPARE(triggered.count(), 0);
-        QCOMPARE(commanded.count(), 0);
+        QSignalSpy clicked(on.second, &QPushButton::clicked);
+        on.second->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_J));
+        on.sheet.showSheet();
+        QCOMPARE(on.window.focusWidget(), on.first);
+        QTest::keyClick(on.first, Qt::Key_Tab);
+        QCOMPARE(on.window.focusWidget(), on.second);
+        QTest::keyClick(on.second, Qt::Key_Tab);
+        QCOMPARE(on.window.focusWidget(), on.first);
+        QTest::keyClick(on.first, Qt::Key_Backtab);
+        QCOMPARE(on.window.focusWidget(), on.second);
+        on.window.field->setFocus();
+        QVERIFY(!on.window.field->hasFocus());
+        for (const Qt::Key key : {Qt::Key_D, Qt::Key_I, Qt::Key_J})
+            QTest::keyClick(on.first, key, Qt::ControlModifier);
+        QCOMPARE(triggered.count() + commanded.count(), 0);
         QTRY_COMPARE(clicked.count(), 1);
-        sheet.endSheet();
-        QTest::keyClick(&window, Qt::Key_D, Qt::ControlModifier);
-        QTest::keyClick(&window, Qt::Key_I, Qt::ControlModifier);
+        on.sheet.endSheet();
+        QTest::keyClick(&on.window, Qt::Key_D, Qt::ControlModifier);
+        QTest::keyClick(&on.window, Qt::Key_I, Qt::ControlModifier);
         QCOMPARE(triggered.count(), 1);
         QCOMPARE(commanded.count(), 1);
     }
 
     void keepsTheMouse()
     {
-        Window window;
-        QSignalSpy clicked(window.button, &QPushButton::clicked);
-        kit::Sheet sheet(window);
-        sheet.setContent(new QWidget);
-        sheet.showSheet();
-        QCOMPARE(window.childAt(window.button->geometry().center()), &sheet);
-        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, window.button->geometry().center());
+        Filled on;
+        QSignalSpy clicked(on.window.button, &QPushButton::clicked);
+        const QPoint button = on.window.button->geometry().center();
+        on.sheet.showSheet();
+        QCOMPARE(on.window.childAt(button), &on.sheet);
+        QTest::mouseClick(on.window.windowHandle(), Qt::LeftButton, {}, button);
         QCOMPARE(clicked.count(), 0);
-        sheet.endSheet();
-        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, window.button->geometry().center());
+        on.sheet.endSheet();
+        QTest::mouseClick(on.window.windowHandle(), Qt::LeftButton, {}, button);
         QCOMPARE(clicked.count(), 1);
     }
 
     void endsOnceAndGivesFocusBack()
     {
-        Window window;
-        kit::Sheet sheet(window);
-        QLineEdit* first = nullptr;
-        QPushButton* second = nullptr;
-        sheet.setContent(contentWith(first, second));
-        QSignalSpy ended(&sheet, &kit::Sheet::ended);
-        sheet.endSheet();
+        Filled on;
+        QSignalSpy ended(&on.sheet, &kit::Sheet::ended);
+        on.sheet.endSheet();
         QCOMPARE(ended.count(), 0);
-        sheet.showSheet();
-        sheet.endSheet();
-        sheet.endSheet();
+        on.sheet.showSheet();
+        on.sheet.endSheet();
+        on.sheet.endSheet();
         QCOMPARE(ended.count(), 1);
-        QVERIFY(!kit::Sheet::isAttachedTo(window));
-        QCOMPARE(window.focusWidget(), window.field);
+        QVERIFY(!kit::Sheet::isAttachedTo(on.window));
+        QCOMPARE(on.window.focusWidget(), on.window.field);
     }
 
     void survivesContentAndFocusThatDie()
     {
-        Window window;
-        kit::Sheet sheet(window);
-        auto* content = new QWidget;
-        sheet.setContent(content);
-        sheet.showSheet();
-        delete content;
-        delete window.field;
-        window.resize(500, 300);
-        sheet.endSheet();
-        QVERIFY(!kit::Sheet::isAttachedTo(window));
+        Filled on;
+        on.sheet.showSheet();
+        delete on.content;
+        delete on.window.field;
+        on.window.resize(500, 300);
+        on.sheet.endSheet();
+        QVERIFY(!kit::Sheet::isAttachedTo(on.window));
     }
 
-    void progressPanel_data()
-    {
-        QTest::addColumn<int>("given");
-        QTest::addColumn<int>("shown");
-        QTest::newRow("within") << 40 << 40;
-        QTest::newRow("negative") << -5 << 0;
-        QTest::newRow("beyond") << 250 << 100;
-    }
     void progressPanel()
     {
-        QFETCH(int, given);
         Window window;
         kit::ProgressPanel panel(window);
-        panel.begin(QStringLiteral("Deleting"));
+        panel.begin(u"Deleting"_s);
         QVERIFY(kit::Sheet::isAttachedTo(window));
-        panel.update({}, given);
-        QTEST(panel.view()->value(), "shown");
-        QCOMPARE(panel.view()->text(), QStringLiteral("Deleting"));
-        panel.update(QStringLiteral("Sorting"), given);
-        QCOMPARE(panel.view()->text(), QStringLiteral("Sorting"));
+        for (const auto& [given, shown] : {std::pair(40, 40), std::pair(-5, 0), std::pair(250, 100)}) {
+            panel.update({}, given);
+            QCOMPARE(panel.view()->value(), shown);
+            QCOMPARE(panel.view()->text(), u"Deleting"_s);
+        }
+        panel.update(u"Sorting"_s, 100);
+        QCOMPARE(panel.view()->text(), u"Sorting"_s);
         panel.end();
         QVERIFY(!kit::Sheet::isAttachedTo(window));
-        panel.begin(QStringLiteral("Again"));
+        panel.begin(u"Again"_s);
         QCOMPARE(panel.view()->value(), 0);
     }
 
@@ -194,7 +175,7 @@ private Q_SLOTS:
     {
         auto window = std::make_unique<Window>();
         kit::ProgressPanel panel(*window);
-        panel.begin(QStringLiteral("Working"));
+        panel.begin(u"Working"_s);
         window.reset();
         panel.update({}, 50);
         panel.end();
@@ -205,12 +186,12 @@ private Q_SLOTS:
     {
         Window window;
         kit::SpinnerOverlay overlay(window);
-        overlay.updateAlertViewMessage(QStringLiteral("too early"));
+        overlay.updateAlertViewMessage(u"too early"_s);
         QCOMPARE(overlay.message(), QString());
-        overlay.showAlertView(true, QStringLiteral("First"));
-        overlay.showAlertView(true, QStringLiteral("Second"));
+        overlay.showAlertView(true, u"First"_s);
+        overlay.showAlertView(true, u"Second"_s);
         QVERIFY(overlay.isUp());
-        QCOMPARE(overlay.message(), QStringLiteral("Second"));
+        QCOMPARE(overlay.message(), u"Second"_s);
         QCOMPARE(overlay.geometry(), window.rect());
         QCOMPARE(window.childAt(window.button->geometry().center())->window(), &window);
         QVERIFY(window.childAt(window.button->geometry().center()) != window.button);
