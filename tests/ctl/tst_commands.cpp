@@ -12,6 +12,7 @@
 #include <QTest>
 
 using namespace mosaro;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -38,8 +39,8 @@ importing::AnalysisResult analyseByName(const importing::AnalysisRequest& reques
 {
     importing::AnalysisResult result;
     const QFileInfo file(request.path);
-    if (file.fileName().startsWith(QLatin1String("bad"))) {
-        result.outcome = base::Failure{QStringLiteral("It is torn.")};
+    if (file.fileName().startsWith("bad"_L1)) {
+        result.outcome = base::Failure{u"It is torn."_s};
         return result;
     }
     result.type = request.type;
@@ -54,12 +55,22 @@ importing::AnalysisResult analyseByName(const importing::AnalysisRequest& reques
 /// A home of its own for every test: preferences, support folder and a library.
 class Home {
 public:
-    Home() { fillPlatform(); }
+    Home()
+    {
+        m_platform.types = std::make_unique<test::FakeTypes>();
+        m_platform.thumbnailers = std::make_unique<test::FakeThumbnailers>();
+        m_platform.fileIndex = std::make_unique<test::FakeFileIndex>();
+        m_platform.aliases = std::make_unique<test::FakeAliases>();
+        m_platform.bookmarks = std::make_unique<test::FakeBookmarks>();
+    }
 
     [[nodiscard]] QString at(const QString& name) const { return m_dir.path() + u'/' + name; }
-    [[nodiscard]] QString library() const { return at(QStringLiteral("Test.mrlibrary")); }
+    [[nodiscard]] QString library() const { return at(u"Test.mrlibrary"_s); }
     [[nodiscard]] base::ZNUserDefaults& defaults() { return m_defaults; }
-    [[nodiscard]] test::FakeFileIndex& fileIndex() { return *m_fileIndex; }
+    void setTags(const QString& path, const QStringList& tags)
+    {
+        static_cast<test::FakeFileIndex&>(*m_platform.fileIndex).entries[path].tags = tags;
+    }
 
     QString file(const QString& name, qsizetype size = 4)
     {
@@ -76,7 +87,7 @@ public:
                                               .err = err,
                                               .defaults = m_defaults,
                                               .platform = m_platform,
-                                              .supportFolder = at(QStringLiteral("support")),
+                                              .supportFolder = at(u"support"_s),
                                               .showsProgress = false,
                                               .onInterrupt = nullptr,
                                               .analyse = analyseByName});
@@ -84,29 +95,17 @@ public:
         err.flush();
         return outcome;
     }
-    /// On the test's library, with JSON.
-    Outcome json(const QStringList& arguments)
+    /// On the test's library.
+    Outcome plain(const QStringList& arguments)
     {
-        return call(QStringList{QStringLiteral("--library"), library(), QStringLiteral("--json")} +
-                    arguments);
+        return call(QStringList{u"--library"_s, library()} + arguments);
     }
+    Outcome json(const QStringList& arguments) { return plain(QStringList{u"--json"_s} + arguments); }
 
 private:
-    void fillPlatform()
-    {
-        auto index = std::make_unique<test::FakeFileIndex>();
-        m_fileIndex = index.get();
-        m_platform.types = std::make_unique<test::FakeTypes>();
-        m_platform.thumbnailers = std::make_unique<test::FakeThumbnailers>();
-        m_platform.fileIndex = std::move(index);
-        m_platform.aliases = std::make_unique<test::FakeAliases>();
-        m_platform.bookmarks = std::make_unique<test::FakeBookmarks>();
-    }
-
     QTemporaryDir m_dir;
-    base::ZNUserDefaults m_defaults{m_dir.path() + QStringLiteral("/preferences.ini")};
+    base::ZNUserDefaults m_defaults{m_dir.path() + u"/preferences.ini"_s};
     platform::Platform m_platform;
-    test::FakeFileIndex* m_fileIndex = nullptr;
 };
 
 QStringList words(const char* text)
@@ -122,10 +121,9 @@ class CommandsTest : public QObject {
 private:
     std::unique_ptr<Home> m_home;
 
-    QStringList import(const QStringList& arguments)
+    Outcome import(const QString& path, const char* options = "")
     {
-        const Outcome outcome = m_home->json(QStringList{QStringLiteral("import")} + arguments);
-        return QVariant(outcome.object()[QLatin1String("imported")].toArray().toVariantList()).toStringList();
+        return m_home->json(QStringList{u"import"_s, path} + words(options));
     }
     QStringList titlesOf(const char* arguments)
     {
@@ -138,258 +136,213 @@ private Q_SLOTS:
     void init()
     {
         m_home = std::make_unique<Home>();
-        QCOMPARE(m_home->call({QStringLiteral("create"), m_home->library()}).status, int(ctl::kAllWell));
+        QCOMPARE(m_home->call({u"create"_s, m_home->library()}).status, int(ctl::kAllWell));
     }
 
     void refusesWrongUsage_data()
     {
-        QTest::addColumn<QString>("arguments");
-        for (const char* line : {"",
-                                 "frobnicate",
-                                 "--frob list",
-                                 "list --frob",
-                                 "list extra",
-                                 "create",
-                                 "create a b",
-                                 "import",
-                                 "show",
-                                 "search",
-                                 "list --kind 99",
-                                 "list --kind 3",
-                                 "list --kind x",
-                                 "list --sort colour",
-                                 "list --recent --kind 4",
-                                 "list --collection a --tag b",
-                                 "search --in tags x",
-                                 "import --kind 3 a.png",
-                                 "verify now",
-                                 "--library"}) {
-            QTest::newRow(line) << QString::fromLatin1(line);
-        }
+        QTest::addColumn<QStringList>("arguments");
+        const auto lines =
+            "|frobnicate|--frob list|list --frob|list extra|create|create a b|import|show|search|"
+            "list --kind 99|list --kind 3|list --kind x|list --sort colour|"
+            "list --recent --kind 4|list --collection a --tag b|search --in tags x|"
+            "import --kind 3 a.png|verify now|--library"_ba;
+        for (const QByteArray& line : lines.split('|'))
+            QTest::newRow(line.constData()) << words(line.constData());
     }
     void refusesWrongUsage()
     {
-        QFETCH(QString, arguments);
-        const Outcome outcome = m_home->call(arguments.split(u' ', Qt::SkipEmptyParts));
+        QFETCH(QStringList, arguments);
+        const Outcome outcome = m_home->call(arguments);
         QCOMPARE(outcome.status, int(ctl::kWrongUsage));
         QCOMPARE(outcome.out, QString());
         QCOMPARE(outcome.err.count(u'\n'), 1);
-        QVERIFY(outcome.err.startsWith(QStringLiteral("mosaroctl: ")));
-        QVERIFY2(outcome.err.contains(QStringLiteral("--help")), qUtf8Printable(outcome.err));
+        QVERIFY(outcome.err.startsWith(u"mosaroctl: "_s));
+        QVERIFY2(outcome.err.contains(u"--help"_s), qUtf8Printable(outcome.err));
     }
 
-    void helps_data()
-    {
-        QTest::addColumn<QString>("arguments");
-        QTest::addColumn<QString>("mention");
-        const auto row = [](const char* arguments, const char* mention) {
-            QTest::newRow(arguments) << QString::fromLatin1(arguments) << QString::fromLatin1(mention);
-        };
-        row("--help", "verify");
-        row("import --help", "--reference");
-        row("list --help", "--descending");
-        row("--json search --help", "copyright");
-        row("--version", "mosaroctl ");
-    }
     void helps()
     {
-        QFETCH(QString, arguments);
-        QFETCH(QString, mention);
-        const Outcome outcome = m_home->call(arguments.split(u' '));
-        QCOMPARE(outcome.status, int(ctl::kAllWell));
-        QVERIFY2(outcome.out.contains(mention), qUtf8Printable(outcome.out));
-        QVERIFY(!outcome.out.contains(QStringLiteral("Hint."))); // Every text is there.
-    }
-
-    void namesWhatIsMissing_data()
-    {
-        QTest::addColumn<QString>("arguments");
-        for (const char* line : {"list --collection Nowhere", "list --tag Nothing", "show NOBODY",
-                                 "search x --collection Nowhere"}) {
-            QTest::newRow(line) << QString::fromLatin1(line);
+        for (const auto& [arguments, mention] : {std::pair{"--help", u"verify"_s},
+                                                 {"import --help", u"--reference"_s},
+                                                 {"list --help", u"--descending"_s},
+                                                 {"--json search --help", u"copyright"_s},
+                                                 {"--version", u"mosaroctl "_s}}) {
+            const Outcome outcome = m_home->call(words(arguments));
+            QCOMPARE(outcome.status, int(ctl::kAllWell));
+            QVERIFY2(outcome.out.contains(mention), qUtf8Printable(outcome.out));
+            QVERIFY(!outcome.out.contains(u"Hint."_s)); // Every text is there.
         }
     }
+
     void namesWhatIsMissing()
     {
-        QFETCH(QString, arguments);
-        const Outcome outcome = m_home->json(arguments.split(u' '));
-        QCOMPARE(outcome.status, int(ctl::kFailed));
-        QCOMPARE(outcome.out, QString());
-        QCOMPARE(outcome.err.count(u'\n'), 1);
+        for (const char* line : {"list --collection Nowhere", "list --tag Nothing", "show NOBODY",
+                                 "search x --collection Nowhere"}) {
+            const Outcome outcome = m_home->json(words(line));
+            QCOMPARE(outcome.status, int(ctl::kFailed));
+            QCOMPARE(outcome.out, QString());
+            QVERIFY2(outcome.err.count(u'\n') == 1, qUtf8Printable(outcome.err));
+        }
     }
 
     void makesNoLibraryOfAnyFolder()
     {
-        QVERIFY(QDir().mkpath(m_home->at(QStringLiteral("mine"))));
-        m_home->file(QStringLiteral("holiday/sun.png"));
+        QVERIFY(QDir().mkpath(m_home->at(u"mine"_s)));
+        m_home->file(u"holiday/sun.png"_s);
         for (const char* name : {"mine", "nowhere", "holiday"}) {
-            const Outcome outcome = m_home->call(
-                {QStringLiteral("--library"), m_home->at(QLatin1String(name)), QStringLiteral("list")});
+            const Outcome outcome =
+                m_home->call({u"--library"_s, m_home->at(QLatin1String(name)), u"list"_s});
             QCOMPARE(outcome.status, int(ctl::kFailed));
         }
-        QVERIFY(QDir(m_home->at(QStringLiteral("mine"))).isEmpty());
-        QCOMPARE(
-            QDir(m_home->at(QStringLiteral("holiday"))).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-            QStringList{QStringLiteral("sun.png")});
-        QVERIFY(!QFileInfo::exists(m_home->at(QStringLiteral("nowhere"))));
+        QVERIFY(QDir(m_home->at(u"mine"_s)).isEmpty());
+        QCOMPARE(QDir(m_home->at(u"holiday"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList{u"sun.png"_s});
+        QVERIFY(!QFileInfo::exists(m_home->at(u"nowhere"_s)));
     }
 
     void createsOnlyWhereNothingStands()
     {
-        const QString taken = m_home->file(QStringLiteral("taken.mrlibrary"));
-        QCOMPARE(m_home->call({QStringLiteral("create"), taken}).status, int(ctl::kFailed));
+        const QString taken = m_home->file(u"taken.mrlibrary"_s);
+        QCOMPARE(m_home->call({u"create"_s, taken}).status, int(ctl::kFailed));
         QCOMPARE(QFileInfo(taken).size(), 4);
-        QCOMPARE(m_home->call({QStringLiteral("create"), m_home->library()}).status, int(ctl::kFailed));
-        const QString fresh = m_home->at(QStringLiteral("deep/er/New.mrlibrary"));
-        const Outcome outcome = m_home->call({QStringLiteral("create"), fresh, QStringLiteral("--json")});
-        QCOMPARE(outcome.array()[0][QLatin1String("path")].toString(), fresh);
+        QCOMPARE(m_home->call({u"create"_s, m_home->library()}).status, int(ctl::kFailed));
+        const QString fresh = m_home->at(u"deep/er/New.mrlibrary"_s);
+        const Outcome outcome = m_home->call({u"create"_s, fresh, u"--json"_s});
+        QCOMPARE(outcome.array()[0]["path"_L1].toString(), fresh);
     }
 
     void importsAndShowsInFull()
     {
-        const QString path = m_home->file(QStringLiteral("sun.png"), 20);
-        m_home->fileIndex().entries[path].tags = words("warm big");
-        const Outcome outcome =
-            m_home->json({QStringLiteral("import"), path, QStringLiteral("--collection"),
-                          QStringLiteral("Sky"), QStringLiteral("--kind"), QStringLiteral("8")});
+        const QString path = m_home->file(u"sun.png"_s, 20);
+        m_home->setTags(path, words("warm big"));
+        const Outcome outcome = import(path, "--collection Sky --kind 8");
         QCOMPARE(outcome.status, int(ctl::kAllWell));
         QCOMPARE(outcome.err, QString());
         QCOMPARE(outcome.object().keys(), words("failed imported skipped"));
-        const QString mediaID = outcome.object()[QLatin1String("imported")][0].toString();
+        const QString mediaID = outcome.object()["imported"_L1][0].toString();
 
-        const Outcome shown = m_home->json({QStringLiteral("show"), mediaID.toLower()});
+        const Outcome shown = m_home->json({u"show"_s, mediaID.toLower()});
         QCOMPARE(shown.status, int(ctl::kAllWell));
         QCOMPARE(shown.array().size(), 1);
         const QJsonObject item = shown.array()[0].toObject();
-        QCOMPARE(item[QLatin1String("mediaID")].toString(), mediaID);
-        QCOMPARE(item[QLatin1String("mediaWidth")].toDouble(), 20.0);
-        QCOMPARE(item[QLatin1String("mediaKind")].toInt(), 8);
-        QCOMPARE(item[QLatin1String("tags")].toArray(),
-                 QJsonArray({QStringLiteral("big"), QStringLiteral("warm")}));
-        QCOMPARE(item[QLatin1String("colors")][0][QLatin1String("colorID")].toString(),
-                 QStringLiteral("0.500000+0.500000+0.500000+1.000000"));
-        QCOMPARE(item[QLatin1String("colors")][0][QLatin1String("colorType")].toInt(), 0);
-        QCOMPARE(item[QLatin1String("collection")].toString(), QStringLiteral("Sky"));
-        QVERIFY(QFileInfo(item[QLatin1String("path")].toString()).isFile());
-        QVERIFY(QFileInfo(item[QLatin1String("preview")].toString()).isFile());
-        QVERIFY(item[QLatin1String("imageHasAlpha")].isBool());
-        QVERIFY(item[QLatin1String("pdfTitle")].isNull());
-        QVERIFY(!item.contains(QLatin1String("collections")));
-        const QString date = item[QLatin1String("mediaDateImported")].toString();
+        QCOMPARE(item["mediaID"_L1].toString(), mediaID);
+        QCOMPARE(item["mediaWidth"_L1].toDouble(), 20.0);
+        QCOMPARE(item["mediaKind"_L1].toInt(), 8);
+        QCOMPARE(item["tags"_L1].toArray(), QJsonArray({u"big"_s, u"warm"_s}));
+        QCOMPARE(item["colors"_L1][0]["colorID"_L1].toString(), u"0.500000+0.500000+0.500000+1.000000"_s);
+        QCOMPARE(item["colors"_L1][0]["colorType"_L1].toInt(), 0);
+        QCOMPARE(item["collection"_L1].toString(), u"Sky"_s);
+        QVERIFY(QFileInfo(item["path"_L1].toString()).isFile());
+        QVERIFY(QFileInfo(item["preview"_L1].toString()).isFile());
+        QVERIFY(item["imageHasAlpha"_L1].isBool());
+        QVERIFY(item["pdfTitle"_L1].isNull());
+        QVERIFY(!item.contains("collections"_L1));
+        const QString date = item["mediaDateImported"_L1].toString();
         QVERIFY2(date.endsWith(u'Z'), qUtf8Printable(date));
-        QVERIFY(qAbs(QDateTime::fromString(date, Qt::ISODateWithMs).secsTo(QDateTime::currentDateTimeUtc())) <
-                100);
+        const auto imported = QDateTime::fromString(date, Qt::ISODateWithMs);
+        QVERIFY(qAbs(imported.secsTo(QDateTime::currentDateTimeUtc())) < 100);
 
-        QCOMPARE(m_home->json({QStringLiteral("tags")}).all("title"), words("big warm"));
-        QCOMPARE(m_home->json({QStringLiteral("colors")}).all("colorType"), words("0"));
-        QCOMPARE(m_home->json({QStringLiteral("collections")}).all("title"), words("Sky"));
+        QCOMPARE(m_home->json({u"tags"_s}).all("title"), words("big warm"));
+        QCOMPARE(m_home->json({u"colors"_s}).all("colorType"), words("0"));
+        QCOMPARE(m_home->json({u"collections"_s}).all("title"), words("Sky"));
         QCOMPARE(titlesOf("list --tag warm"), words("sun"));
-        const Outcome plain =
-            m_home->call({QStringLiteral("--library"), m_home->library(), QStringLiteral("show"), mediaID});
-        QVERIFY(plain.out.contains(QStringLiteral("mediaTitle: sun\n")));
+        QVERIFY(m_home->plain({u"show"_s, mediaID}).out.contains(u"mediaTitle: sun\n"_s));
     }
 
     void reportsFailedAndSkipped()
     {
-        const QString good = m_home->file(QStringLiteral("in/good.png"));
-        const QString bad = m_home->file(QStringLiteral("in/bad.png"));
-        const QString notes = m_home->file(QStringLiteral("in/notes.txt"));
-        const Outcome outcome = m_home->json({QStringLiteral("import"), m_home->at(QStringLiteral("in"))});
+        const QString good = m_home->file(u"in/good.png"_s);
+        const QString bad = m_home->file(u"in/bad.png"_s);
+        const QString notes = m_home->file(u"in/notes.txt"_s);
+        const Outcome outcome = import(m_home->at(u"in"_s));
         QCOMPARE(outcome.status, int(ctl::kSomeItemsFailed));
         const QJsonObject report = outcome.object();
-        QCOMPARE(report[QLatin1String("imported")].toArray().size(), 1);
-        QCOMPARE(report[QLatin1String("failed")][0].toObject(),
-                 QJsonObject({{QStringLiteral("path"), bad},
-                              {QStringLiteral("reason"), QStringLiteral("It is torn.")}}));
-        QCOMPARE(report[QLatin1String("skipped")][0][QLatin1String("path")].toString(), notes);
+        QCOMPARE(report["imported"_L1].toArray().size(), 1);
+        QCOMPARE(report["failed"_L1][0].toObject(),
+                 QJsonObject({{u"path"_s, bad}, {u"reason"_s, u"It is torn."_s}}));
+        QCOMPARE(report["skipped"_L1][0]["path"_L1].toString(), notes);
         QCOMPARE(outcome.err.count(u'\n'), 2);
-        QCOMPARE(m_home->json({QStringLiteral("import"), good, notes}).status, int(ctl::kAllWell));
-        const QString missing = m_home->at(QStringLiteral("missing.png"));
-        QCOMPARE(m_home->json({QStringLiteral("import"), missing, good}).status, int(ctl::kSomeItemsFailed));
+        QCOMPARE(m_home->json({u"import"_s, good, notes}).status, int(ctl::kAllWell));
+        const QString missing = m_home->at(u"missing.png"_s);
+        QCOMPARE(m_home->json({u"import"_s, missing, good}).status, int(ctl::kSomeItemsFailed));
         QCOMPARE(titlesOf("list").size(), 3); // Into the same collection each time.
-        QCOMPARE(m_home->json({QStringLiteral("collections")}).array().size(), 1);
+        QCOMPARE(m_home->json({u"collections"_s}).array().size(), 1);
     }
 
     void refersToFilesOnDemand()
     {
-        const QString path = m_home->file(QStringLiteral("sun.png"));
-        QCOMPARE(import({path, QStringLiteral("--reference")}).size(), 1);
-        const QJsonObject item = m_home->json({QStringLiteral("list")}).array()[0].toObject();
-        QCOMPARE(item[QLatin1String("mediaPath")].toString(), QString());
-        QCOMPARE(item[QLatin1String("path")].toString(), path);
+        const QString path = m_home->file(u"sun.png"_s);
+        QCOMPARE(import(path, "--reference").status, int(ctl::kAllWell));
+        const QJsonObject item = m_home->json({u"list"_s}).array()[0].toObject();
+        QCOMPARE(item["mediaPath"_L1].toString(), QString());
+        QCOMPARE(item["path"_L1].toString(), path);
         QFile::remove(path);
-        const Outcome verified = m_home->json({QStringLiteral("verify"), QStringLiteral("--repair")});
+        const Outcome verified = m_home->json({u"verify"_s, u"--repair"_s});
         QCOMPARE(verified.status, int(ctl::kSomeItemsFailed)); // Nothing brings the file back.
         QCOMPARE(verified.all("problem"), words("missingOriginal"));
-        QCOMPARE(verified.all("mediaID"), m_home->json({QStringLiteral("list")}).all("mediaID"));
+        QCOMPARE(verified.all("mediaID"), m_home->json({u"list"_s}).all("mediaID"));
     }
 
     void ordersAndSelects()
     {
-        import({m_home->file(QStringLiteral("img10.png"), 30), QStringLiteral("--collection"),
-                QStringLiteral("A")});
-        import({m_home->file(QStringLiteral("img9.png"), 20), QStringLiteral("--collection"),
-                QStringLiteral("B"), QStringLiteral("--kind"), QStringLiteral("4")});
-        import({m_home->file(QStringLiteral("Über.png"), 10), QStringLiteral("--collection"),
-                QStringLiteral("A")});
-        const QString umlaut = QStringLiteral("Über");
-        QCOMPARE(titlesOf("list"), QStringList({QStringLiteral("img10"), QStringLiteral("img9"), umlaut}));
-        QCOMPARE(titlesOf("list --descending"),
-                 QStringList({umlaut, QStringLiteral("img9"), QStringLiteral("img10")}));
-        QCOMPARE(titlesOf("list --sort title"),
-                 QStringList({QStringLiteral("img9"), QStringLiteral("img10"), umlaut}));
-        QCOMPARE(titlesOf("list --sort size"),
-                 QStringList({umlaut, QStringLiteral("img9"), QStringLiteral("img10")}));
-        QCOMPARE(titlesOf("list --sort fileSize"), titlesOf("list --sort size"));
-        QCOMPARE(titlesOf("list --sort width --descending"), titlesOf("list --sort imported"));
-        QCOMPARE(titlesOf("list --collection A"), QStringList({QStringLiteral("img10"), umlaut}));
-        QCOMPARE(titlesOf("list --kind 4"), words("img9"));
-        QCOMPARE(titlesOf("list --recent").size(), 3);
-        QCOMPARE(titlesOf("search IMG"), words("img9 img10")); // Latest first.
-        QCOMPARE(titlesOf("search uber"), QStringList{umlaut});
-        QCOMPARE(titlesOf("search img --collection B"), words("img9"));
-        QCOMPARE(titlesOf("search % --in notes"), QStringList());
+        import(m_home->file(u"img10.png"_s, 30), "--collection A");
+        import(m_home->file(u"img9.png"_s, 20), "--collection B --kind 4");
+        import(m_home->file(u"Über.png"_s, 10), "--collection A");
+        for (const auto& [arguments, titles] : {std::pair{"list", u"img10 img9 Über"_s},
+                                                {"list --descending", u"Über img9 img10"_s},
+                                                {"list --sort title", u"img9 img10 Über"_s},
+                                                {"list --sort size", u"Über img9 img10"_s},
+                                                {"list --sort fileSize", u"Über img9 img10"_s},
+                                                {"list --sort width --descending", u"img10 img9 Über"_s},
+                                                {"list --sort imported", u"img10 img9 Über"_s},
+                                                {"list --collection A", u"img10 Über"_s},
+                                                {"list --kind 4", u"img9"_s},
+                                                {"list --recent --sort title", u"img9 img10 Über"_s},
+                                                {"search IMG", u"img9 img10"_s}, // Latest first.
+                                                {"search uber", u"Über"_s},
+                                                {"search img --collection B", u"img9"_s},
+                                                {"search % --in notes", u""_s}})
+            QVERIFY2(titlesOf(arguments).join(u' ') == titles, arguments);
     }
 
     void asksForOneCollection()
     {
         store::ZNDBManager manager;
         test::FakeBookmarks bookmarks;
-        manager.setUp(m_home->defaults(), bookmarks, m_home->at(QStringLiteral("support")));
+        manager.setUp(m_home->defaults(), bookmarks, m_home->at(u"support"_s));
         manager.setRemembersLibrary(false);
         QVERIFY(manager.openDatabaseAtPath(m_home->library()));
         for (const char* id : {"one", "two"}) {
             auto collection = manager.context()->insert<store::Collections>();
             collection->setCollectionID(QLatin1String(id));
-            collection->setTitle(QStringLiteral("Twice"));
+            collection->setTitle(u"Twice"_s);
             collection->setType(10000);
         }
         QVERIFY(manager.context()->save().ok());
-        const QString path = m_home->file(QStringLiteral("sun.png"));
-        const QStringList arguments{QStringLiteral("import"), path, QStringLiteral("--collection"),
-                                    QStringLiteral("Twice")};
-        QCOMPARE(m_home->json(arguments).status, int(ctl::kFailed)); // Still held.
+        const QString path = m_home->file(u"sun.png"_s);
+        QCOMPARE(import(path, "--collection Twice").status, int(ctl::kFailed)); // Still held.
         manager.closeDatabase();
-        const Outcome outcome = m_home->json(arguments);
+        const Outcome outcome = import(path, "--collection Twice");
         QCOMPARE(outcome.status, int(ctl::kFailed));
-        QVERIFY2(outcome.err.contains(QStringLiteral("Twice")), qUtf8Printable(outcome.err));
+        QVERIFY2(outcome.err.contains(u"Twice"_s), qUtf8Printable(outcome.err));
         QCOMPARE(titlesOf("list --collection Twice"), QStringList());
     }
 
     void findsAndRepairsWhatHasNoRecord()
     {
-        import({m_home->file(QStringLiteral("sun.png"))});
-        QCOMPARE(m_home->json({QStringLiteral("verify")}).out, QStringLiteral("[]\n"));
-        const QString stray = m_home->library() + QStringLiteral("/Masters/2020/1/2/STRAY.mritem");
-        test::writeFile(stray + QStringLiteral("/Originals/x.png"), "x");
-        const Outcome found = m_home->json({QStringLiteral("verify")});
+        import(m_home->file(u"sun.png"_s));
+        QCOMPARE(m_home->json({u"verify"_s}).out, u"[]\n"_s);
+        const QString stray = m_home->library() + u"/Masters/2020/1/2/STRAY.mritem"_s;
+        test::writeFile(stray + u"/Originals/x.png"_s, "x");
+        const Outcome found = m_home->json({u"verify"_s});
         QCOMPARE(found.status, int(ctl::kSomeItemsFailed));
         QCOMPARE(found.all("path"), QStringList{stray});
-        const Outcome repaired = m_home->json({QStringLiteral("verify"), QStringLiteral("--repair")});
+        const Outcome repaired = m_home->json({u"verify"_s, u"--repair"_s});
         QCOMPARE(repaired.status, int(ctl::kAllWell));
-        QCOMPARE(repaired.array()[0][QLatin1String("removed")].toBool(), true);
-        QVERIFY(!QFileInfo::exists(m_home->library() + QStringLiteral("/Masters/2020")));
-        QCOMPARE(m_home->json({QStringLiteral("verify")}).status, int(ctl::kAllWell));
+        QCOMPARE(repaired.array()[0]["removed"_L1].toBool(), true);
+        QVERIFY(!QFileInfo::exists(m_home->library() + u"/Masters/2020"_s));
+        QCOMPARE(m_home->json({u"verify"_s}).status, int(ctl::kAllWell));
         QCOMPARE(titlesOf("list"), words("sun"));
     }
 
@@ -397,36 +350,33 @@ private Q_SLOTS:
     {
         const QByteArray remembered = m_home->library().toUtf8();
         QVERIFY(m_home->defaults().updateUserDefaults(base::MOSARO_LIBRARY_LOCATION, remembered));
-        import({m_home->file(QStringLiteral("sun.png"))});
-        const QString other = m_home->at(QStringLiteral("Other.mrlibrary"));
-        QCOMPARE(m_home->call({QStringLiteral("create"), other}).status, int(ctl::kAllWell));
-        QCOMPARE(m_home->call({QStringLiteral("list"), QStringLiteral("--library"), other}).out, QString());
-        QCOMPARE(m_home->call({QStringLiteral("list"), QStringLiteral("--json")}).all("mediaTitle"),
-                 words("sun"));
+        import(m_home->file(u"sun.png"_s));
+        const QString other = m_home->at(u"Other.mrlibrary"_s);
+        QCOMPARE(m_home->call({u"create"_s, other}).status, int(ctl::kAllWell));
+        QCOMPARE(m_home->call({u"list"_s, u"--library"_s, other}).out, QString());
+        QCOMPARE(m_home->call({u"list"_s, u"--json"_s}).all("mediaTitle"), words("sun"));
         QCOMPARE(m_home->defaults().data(base::MOSARO_LIBRARY_LOCATION), remembered);
     }
 
     void keepsToOneDefaultLibrary()
     {
-        const QString path = m_home->file(QStringLiteral("sun.png"));
+        const QString path = m_home->file(u"sun.png"_s);
         for (int i = 0; i < 2; ++i) {
-            QCOMPARE(m_home->call({QStringLiteral("import"), path}).status, int(ctl::kAllWell));
+            QCOMPARE(m_home->call({u"import"_s, path}).status, int(ctl::kAllWell));
         }
-        QCOMPARE(m_home->call({QStringLiteral("list"), QStringLiteral("--json")}).array().size(), 2);
-        QCOMPARE(
-            QDir(m_home->at(QStringLiteral("support/Mosaro"))).entryList({QStringLiteral("*.mrlibrary")}),
-            words("Mosaro.mrlibrary"));
+        QCOMPARE(m_home->call({u"list"_s, u"--json"_s}).array().size(), 2);
+        QCOMPARE(QDir(m_home->at(u"support/Mosaro"_s)).entryList({u"*.mrlibrary"_s}),
+                 words("Mosaro.mrlibrary"));
         QVERIFY(!m_home->defaults().contains(base::MOSARO_LIBRARY_LOCATION));
     }
 
     void printsNothingThatATerminalObeys()
     {
-        import({m_home->file(QStringLiteral("a\n\x1b[31mred.png"))});
-        const Outcome outcome =
-            m_home->call({QStringLiteral("--library"), m_home->library(), QStringLiteral("list")});
+        import(m_home->file(u"a\n\x1b[31mred.png"_s));
+        const Outcome outcome = m_home->plain({u"list"_s});
         QCOMPARE(outcome.out.count(u'\n'), 1);
         QVERIFY(!outcome.out.contains(QChar(0x1b)));
-        QCOMPARE(titlesOf("list"), QStringList{QStringLiteral("a\n\x1b[31mred")});
+        QCOMPARE(titlesOf("list"), QStringList{u"a\n\x1b[31mred"_s});
     }
 };
 

@@ -1,4 +1,5 @@
 #include "platform/LinuxPlatform.h"
+#include "support/Files.h"
 
 #include <QCoreApplication>
 #include <QDBusArgument>
@@ -12,6 +13,7 @@
 #include <QTest>
 
 using namespace mosaro::platform;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -23,22 +25,15 @@ class FakeNotifications : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
 
 public:
-    struct Note {
-        QString application, icon, summary, body;
-        QVariantMap hints;
-    };
     QStringList capabilities;
-    QList<Note> notes;
+    QList<QStringList> notes; ///< Application, icon, summary, body and sound.
 
 public Q_SLOTS:
     QStringList GetCapabilities() { return capabilities; }
-    uint Notify(const QString& application, uint replaces, const QString& icon, const QString& summary,
-                const QString& body, const QStringList& actions, const QVariantMap& hints, int timeout)
+    uint Notify(const QString& application, uint, const QString& icon, const QString& summary,
+                const QString& body, const QStringList&, const QVariantMap& hints, int)
     {
-        Q_UNUSED(replaces)
-        Q_UNUSED(actions)
-        Q_UNUSED(timeout)
-        notes.append({application, icon, summary, body, hints});
+        notes.append({application, icon, summary, body, hints[u"sound-name"_s].toString()});
         return uint(notes.size());
     }
 };
@@ -55,7 +50,7 @@ public Q_SLOTS:
     void ShowItems(const QStringList& addresses, const QString&)
     {
         if (refuses)
-            sendErrorReply(QDBusError::Failed, QStringLiteral("no window"));
+            sendErrorReply(QDBusError::Failed, u"no window"_s);
         else
             shown += addresses;
     }
@@ -82,7 +77,7 @@ class SessionBusTest : public QObject {
 private Q_SLOTS:
     void initTestCase()
     {
-        m_services = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("services"));
+        m_services = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"services"_s);
         QVERIFY2(m_services.isConnected(), "run under dbus-run-session");
     }
 
@@ -91,47 +86,35 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("capabilities");
         QTest::addColumn<QString>("subtitle");
         QTest::addColumn<QString>("body");
-        const QStringList markup{QStringLiteral("body"), QStringLiteral("body-markup")};
-        const QStringList plain{QStringLiteral("body")};
-        QTest::newRow("plain") << plain << QString() << QStringLiteral("1 < 2 & 3");
-        QTest::newRow("with mark-up") << markup << QString() << QStringLiteral("1 &lt; 2 &amp; 3");
-        QTest::newRow("subtitle") << plain << QStringLiteral("Sub") << QStringLiteral("Sub\n1 < 2 & 3");
+        QTest::newRow("plain") << QStringList{u"body"_s} << QString() << u"1 < 2 & 3"_s;
+        QTest::newRow("with mark-up")
+            << QStringList{u"body"_s, u"body-markup"_s} << QString() << u"1 &lt; 2 &amp; 3"_s;
+        QTest::newRow("subtitle") << QStringList{u"body"_s} << u"Sub"_s << u"Sub\n1 < 2 & 3"_s;
     }
     void notifies()
     {
         QFETCH(const QStringList, capabilities);
         QFETCH(const QString, subtitle);
+        QFETCH(const QString, body);
         FakeNotifications server;
         server.capabilities = capabilities;
-        const auto service = offer(QStringLiteral("org.freedesktop.Notifications"),
-                                   QStringLiteral("/org/freedesktop/Notifications"), server);
+        const auto service =
+            offer(u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s, server);
         const Platform platform = makeLinuxPlatform(true);
-        platform.notifier->notify(QStringLiteral("Title"), subtitle, QStringLiteral("1 < 2 & 3"));
+        platform.notifier->notify(u"Title"_s, subtitle, u"1 < 2 & 3"_s);
         QTRY_COMPARE(server.notes.size(), 1);
-        const auto& note = server.notes.first();
-        QCOMPARE(note.application, QStringLiteral("Mosaro"));
-        QCOMPARE(note.icon, QStringLiteral("org.mosaro.Mosaro"));
-        QCOMPARE(note.summary, QStringLiteral("Title"));
-        QTEST(note.body, "body");
-        QCOMPARE(note.hints.value(QStringLiteral("sound-name")).toString(),
-                 QStringLiteral("message-new-instant"));
-    }
-
-    void staysQuietWithoutANotificationServer()
-    {
-        const Platform platform = makeLinuxPlatform(true);
-        platform.notifier->notify(QStringLiteral("Title"), {}, QStringLiteral("Content"));
-        roundTrip();
+        QCOMPARE(server.notes.first(), (QStringList{u"Mosaro"_s, u"org.mosaro.Mosaro"_s, u"Title"_s, body,
+                                                    u"message-new-instant"_s}));
     }
 
     void reveals()
     {
         FakeFileManager manager;
-        const auto service = offer(QStringLiteral("org.freedesktop.FileManager1"),
-                                   QStringLiteral("/org/freedesktop/FileManager1"), manager);
+        const auto service =
+            offer(u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s, manager);
         const Platform platform = makeLinuxPlatform(true);
-        platform.revealer->reveal(QStringLiteral("/tmp/a b#ü%.png"));
-        QTRY_COMPARE(manager.shown, QStringList{QStringLiteral("file:///tmp/a%20b%23%C3%BC%25.png")});
+        platform.revealer->reveal(u"/tmp/a b#ü%.png"_s);
+        QTRY_COMPARE(manager.shown, QStringList{u"file:///tmp/a%20b%23%C3%BC%25.png"_s});
     }
 
     void opensTheFolderInstead_data()
@@ -144,24 +127,23 @@ private Q_SLOTS:
     {
         QFETCH(const bool, managerRefuses);
         const QTemporaryDir folder;
-        const QString note = folder.filePath(QStringLiteral("opened"));
+        const QString note = folder.filePath(u"opened"_s);
         installOpener(folder, note);
         FakeFileManager manager;
         manager.refuses = true;
         std::shared_ptr<void> service;
         if (managerRefuses)
-            service = offer(QStringLiteral("org.freedesktop.FileManager1"),
-                            QStringLiteral("/org/freedesktop/FileManager1"), manager);
+            service = offer(u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s, manager);
         const Platform platform = makeLinuxPlatform(true);
-        platform.revealer->reveal(QStringLiteral("/tmp/some folder/file.png"));
-        QTRY_COMPARE(contents(note), QByteArray("/tmp/some folder"));
+        platform.revealer->reveal(u"/tmp/some folder/file.png"_s);
+        QTRY_COMPARE(mosaro::test::fileContents(note), "/tmp/some folder"_ba);
     }
 
     void showsProgressOnTheLauncher()
     {
         Launcher launcher;
-        QVERIFY(m_services.connect(QString(), QString(), QStringLiteral("com.canonical.Unity.LauncherEntry"),
-                                   QStringLiteral("Update"), &launcher, SLOT(Update(QString, QVariantMap))));
+        QVERIFY(m_services.connect(QString(), QString(), u"com.canonical.Unity.LauncherEntry"_s, u"Update"_s,
+                                   &launcher, SLOT(Update(QString, QVariantMap))));
         const Platform platform = makeLinuxPlatform(true);
         platform.badge->clear();
         platform.badge->setPercent(40);
@@ -172,14 +154,13 @@ private Q_SLOTS:
         QTRY_COMPARE(launcher.updates.size(), 3);
         roundTrip();
         QCOMPARE(launcher.updates.size(), 3);
-        QCOMPARE(launcher.applications.first(), QStringLiteral("application://org.mosaro.Mosaro.desktop"));
-        QCOMPARE(launcher.updates[0].value(QStringLiteral("progress")).toDouble(), 0.4);
-        QCOMPARE(launcher.updates[0].value(QStringLiteral("count")).metaType().id(),
-                 int(QMetaType::LongLong));
-        QCOMPARE(launcher.updates[1].value(QStringLiteral("progress")).toDouble(), 1.0);
-        QVERIFY(launcher.updates[1].value(QStringLiteral("progress-visible")).toBool());
-        QVERIFY(!launcher.updates[2].value(QStringLiteral("progress-visible")).toBool());
-        QVERIFY(!launcher.updates[2].value(QStringLiteral("count-visible")).toBool());
+        QCOMPARE(launcher.applications.first(), u"application://org.mosaro.Mosaro.desktop"_s);
+        QCOMPARE(launcher.updates[0].value(u"progress"_s).toDouble(), 0.4);
+        QCOMPARE(launcher.updates[0].value(u"count"_s).metaType().id(), int(QMetaType::LongLong));
+        QCOMPARE(launcher.updates[1].value(u"progress"_s).toDouble(), 1.0);
+        QVERIFY(launcher.updates[1].value(u"progress-visible"_s).toBool());
+        QVERIFY(!launcher.updates[2].value(u"progress-visible"_s).toBool());
+        QVERIFY(!launcher.updates[2].value(u"count-visible"_s).toBool());
     }
 
     void aSecondStartRaisesTheFirst()
@@ -189,16 +170,16 @@ private Q_SLOTS:
         QSignalSpy raised(&first, &SingleInstance::raiseRequested);
         QCOMPARE(startAgain(), 1);
         QCOMPARE(raised.size(), 1);
-        QVERIFY(QDBusConnection::sessionBus().unregisterService(QStringLiteral("org.mosaro.Mosaro")));
+        QVERIFY(QDBusConnection::sessionBus().unregisterService(u"org.mosaro.Mosaro"_s));
         QCOMPARE(startAgain(), 0);
     }
 
-    void soundsNeedNoDevice()
+    void servicesKeepQuietWithoutServerOrDevice()
     {
         const Platform platform = makeLinuxPlatform(true);
-        platform.sounds->play(QStringLiteral(":/sounds/Snap.wav"));
-        platform.sounds->play(QStringLiteral(":/sounds/Snap.wav"));
-        platform.sounds->play(QStringLiteral(":/sounds/None.wav"));
+        platform.notifier->notify(u"Title"_s, {}, u"Content"_s);
+        for (const char* sound : {"Snap", "Snap", "None"})
+            platform.sounds->play(u":/sounds/%1.wav"_s.arg(QLatin1String(sound)));
         roundTrip();
     }
 
@@ -237,19 +218,11 @@ private:
     /// An xdg-open of the test's own, first on the path, that notes its argument.
     static void installOpener(const QTemporaryDir& folder, const QString& note)
     {
-        QFile script(folder.filePath(QStringLiteral("xdg-open")));
-        QVERIFY(script.open(QIODevice::WriteOnly));
-        script.write("#!/bin/sh\nprintf %s \"$1\" > '" + note.toUtf8() + ".new' && mv '" + note.toUtf8() +
-                     ".new' '" + note.toUtf8() + "'\n");
-        script.close();
-        QVERIFY(script.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        const QString script = folder.filePath(u"xdg-open"_s);
+        const QString lines = u"#!/bin/sh\nprintf %s \"$1\" > '%1.new' && mv '%1.new' '%1'\n"_s;
+        mosaro::test::writeFile(script, QString(lines).replace(u"%1"_s, note).toUtf8());
+        QVERIFY(QFile::setPermissions(script, QFile::ReadOwner | QFile::ExeOwner));
         qputenv("PATH", folder.path().toLocal8Bit() + ":/usr/bin:/bin");
-    }
-
-    static QByteArray contents(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     QDBusConnection m_services{QString()};

@@ -1,4 +1,5 @@
 #include "platform/LinuxPlatform.h"
+#include "support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,15 +11,10 @@
 #include <unistd.h>
 
 using namespace mosaro::platform;
+using mosaro::test::writeFile;
+using namespace Qt::StringLiterals;
 
 namespace {
-
-void write(const QString& path, const QByteArray& bytes = {})
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 bool setAttribute(const QString& path, const char* name, const QByteArray& value)
 {
@@ -35,42 +31,30 @@ private Q_SLOTS:
         // Beside the program, since a memory file system may know no attributes.
         m_folder = std::make_unique<QTemporaryDir>(QStringLiteral(MOSARO_BINARY_DIR "/tst_files-XXXXXX"));
         QVERIFY(m_folder->isValid());
-        m_file = m_folder->filePath(QStringLiteral("Grün ☂.png"));
-        write(m_file);
+        m_file = m_folder->filePath(u"Grün ☂.png"_s);
+        writeFile(m_file);
     }
 
     void readsAttributes_data()
     {
         QTest::addColumn<QByteArray>("name");
         QTest::addColumn<QByteArray>("value");
-        QTest::addColumn<QString>("whereFrom");
-        QTest::addColumn<QString>("comment");
-        QTest::addColumn<QStringList>("tags");
-        QTest::addColumn<int>("label");
-        const QString none;
-        const QStringList noTags;
-        const QByteArray url("user.xdg.origin.url");
-        const QByteArray comment("user.xdg.comment");
-        const QByteArray tags("user.xdg.tags");
-        const QByteArray label("user.mosaro.label");
-        QTest::newRow("none") << QByteArray() << QByteArray() << none << none << noTags << 0;
-        QTest::newRow("address") << url << QByteArray("https://example.org/a?b=ü")
-                                 << QStringLiteral("https://example.org/a?b=ü") << none << noTags << 0;
-        QTest::newRow("first of two addresses") << url << QByteArray("https://a.example\nhttps://b.example")
-                                                << QStringLiteral("https://a.example") << none << noTags << 0;
-        QTest::newRow("comment") << comment << QByteArray("Größe\nzwei") << none
-                                 << QStringLiteral("Größe\nzwei") << noTags << 0;
-        QTest::newRow("closing zero")
-            << comment << QByteArray("text\0", 5) << none << QStringLiteral("text") << noTags << 0;
-        QTest::newRow("no UTF-8") << comment << QByteArray("a\xFF") << none << QStringLiteral("a\uFFFD")
-                                  << noTags << 0;
-        QTest::newRow("tags in order")
-            << tags << QByteArray("zwei, eins,,drei,eins,") << none << none
-            << QStringList{QStringLiteral("zwei"), QStringLiteral("eins"), QStringLiteral("drei")} << 0;
-        QTest::newRow("label") << label << QByteArray("7") << none << none << noTags << 7;
-        QTest::newRow("label beyond") << label << QByteArray("8") << none << none << noTags << 0;
-        QTest::newRow("label below") << label << QByteArray("-1") << none << none << noTags << 0;
-        QTest::newRow("label no number") << label << QByteArray("red") << none << none << noTags << 0;
+        QTest::addColumn<QString>("read"); // Address, comment, tags, label.
+        const auto row = [](const char* test, const char* name, const QByteArray& value, const char* read) {
+            QTest::newRow(test) << QByteArray(name) << value << QString::fromUtf8(read);
+        };
+        row("none", "", "", "|||0");
+        row("address", "user.xdg.origin.url", "https://example.org/a?b=ü", "https://example.org/a?b=ü|||0");
+        row("first of two addresses", "user.xdg.origin.url", "https://a.example\nhttps://b.example",
+            "https://a.example|||0");
+        row("comment", "user.xdg.comment", "Größe\nzwei", "|Größe\nzwei||0");
+        row("closing zero", "user.xdg.comment", "text\0"_ba, "|text||0");
+        row("no UTF-8", "user.xdg.comment", "a\xFF", "|a\uFFFD||0");
+        row("tags in order", "user.xdg.tags", "zwei, eins,,drei,eins,", "||zwei+eins+drei|0");
+        row("label", "user.mosaro.label", "7", "|||7");
+        row("label beyond", "user.mosaro.label", "8", "|||0");
+        row("label below", "user.mosaro.label", "-1", "|||0");
+        row("label no number", "user.mosaro.label", "red", "|||0");
     }
     void readsAttributes()
     {
@@ -79,10 +63,9 @@ private Q_SLOTS:
         if (!name.isEmpty() && !setAttribute(m_file, name.constData(), value))
             QSKIP("the file system has no extended attributes");
         const FileIndexEntry entry = m_platform.fileIndex->read(m_file);
-        QTEST(entry.whereFrom, "whereFrom");
-        QTEST(entry.comment, "comment");
-        QTEST(entry.tags, "tags");
-        QTEST(entry.labelNumber, "label");
+        const QStringList read{entry.whereFrom, entry.comment, entry.tags.join(u'+'),
+                               QString::number(entry.labelNumber)};
+        QTEST(read.join(u'|'), "read");
     }
 
     void writesLabels()
@@ -96,50 +79,42 @@ private Q_SLOTS:
             QCOMPARE(index.read(m_file).labelNumber, label);
         }
         QVERIFY(!index.writeLabelNumber(m_file, 8));
-        QVERIFY(!index.writeLabelNumber(m_folder->filePath(QStringLiteral("missing")), 1));
-        QVERIFY(!index.writeLabelNumber(m_folder->filePath(QStringLiteral("missing")), 0));
+        QVERIFY(!index.writeLabelNumber(m_folder->filePath(u"missing"_s), 1));
+        QVERIFY(!index.writeLabelNumber(m_folder->filePath(u"missing"_s), 0));
     }
 
-    void resolvesLinks_data()
-    {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("target");
-        const QString none;
-        const auto text = [](const char* name) { return QString::fromLatin1(name); };
-        QTest::newRow("file") << text("file.png") << text("file.png");
-        QTest::newRow("missing file") << text("missing.png") << text("missing.png");
-        QTest::newRow("unclean path") << text("./sub/../file.png") << text("file.png");
-        QTest::newRow("link") << text("link") << text("file.png");
-        QTest::newRow("link to a link") << text("link2") << text("file.png");
-        QTest::newRow("folder link") << text("folder") << text("sub");
-        QTest::newRow("dangling link") << text("dangling") << none;
-        QTest::newRow("loop of links") << text("loop") << none;
-        QTest::newRow("desktop link") << text("link.desktop") << text("a b ü.png");
-        QTest::newRow("desktop link in capitals") << text("CAPITAL.DESKTOP") << text("file.png");
-        QTest::newRow("desktop link to a link") << text("deep.desktop") << text("file.png");
-        QTest::newRow("link to a desktop link") << text("to-desktop") << text("a b ü.png");
-        QTest::newRow("desktop link to nothing") << text("gone.desktop") << none;
-        QTest::newRow("desktop link to itself") << text("self.desktop") << none;
-        QTest::newRow("desktop link to the web") << text("web.desktop") << text("web.desktop");
-        QTest::newRow("desktop link to another host") << text("host.desktop") << text("host.desktop");
-        QTest::newRow("desktop entry of a program") << text("program.desktop") << text("program.desktop");
-        QTest::newRow("Type in another group") << text("group.desktop") << text("group.desktop");
-        QTest::newRow("huge desktop file") << text("huge.desktop") << text("huge.desktop");
-        QTest::newRow("other ending") << text("link.txt") << text("link.txt");
-    }
     void resolvesLinks()
     {
-        QFETCH(const QString, path);
-        QFETCH(const QString, target);
         makeLinks();
-        const QString expected = target.isEmpty() ? QString() : m_folder->filePath(target);
-        QCOMPARE(m_platform.aliases->resolve(m_folder->filePath(path)), expected);
+        for (const auto& [path, target] : {std::pair{u"file.png"_s, u"file.png"_s},
+                                           {u"missing.png"_s, u"missing.png"_s},
+                                           {u"./sub/../file.png"_s, u"file.png"_s},
+                                           {u"link"_s, u"file.png"_s},
+                                           {u"link2"_s, u"file.png"_s},
+                                           {u"folder"_s, u"sub"_s},
+                                           {u"dangling"_s, u""_s},
+                                           {u"loop"_s, u""_s},
+                                           {u"link.desktop"_s, u"a b ü.png"_s},
+                                           {u"CAPITAL.DESKTOP"_s, u"file.png"_s},
+                                           {u"deep.desktop"_s, u"file.png"_s},
+                                           {u"to-desktop"_s, u"a b ü.png"_s},
+                                           {u"gone.desktop"_s, u""_s},
+                                           {u"self.desktop"_s, u""_s},
+                                           {u"web.desktop"_s, u"web.desktop"_s},
+                                           {u"host.desktop"_s, u"host.desktop"_s},
+                                           {u"program.desktop"_s, u"program.desktop"_s},
+                                           {u"group.desktop"_s, u"group.desktop"_s},
+                                           {u"huge.desktop"_s, u"huge.desktop"_s},
+                                           {u"link.txt"_s, u"link.txt"_s}}) {
+            const QString found = m_platform.aliases->resolve(m_folder->filePath(path));
+            QCOMPARE(found, target.isEmpty() ? QString() : m_folder->filePath(target));
+        }
     }
 
     /// A pipe with the right name must not be waited for.
     void doesNotReadPipes()
     {
-        const QString pipe = m_folder->filePath(QStringLiteral("pipe.desktop"));
+        const QString pipe = m_folder->filePath(u"pipe.desktop"_s);
         QCOMPARE(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
         QCOMPARE(m_platform.aliases->resolve(pipe), pipe);
     }
@@ -153,8 +128,7 @@ private Q_SLOTS:
         QCOMPARE(bookmarks.resolve(token), QString());
         QVERIFY(bookmarks.bookmarkData(m_file).isEmpty());
         QVERIFY(bookmarks.bookmarkData(QString()).isEmpty());
-        for (const QByteArray& foreign :
-             {QByteArray(), QByteArray("relative"), QByteArray("/\0tmp", 5), QByteArray("book\xFF\xFE", 6)})
+        for (const QByteArray& foreign : {QByteArray(), "relative"_ba, "/\0tmp"_ba, "book\xFF\xFE"_ba})
             QCOMPARE(bookmarks.resolve(foreign), QString());
     }
 
@@ -174,17 +148,17 @@ private Q_SLOTS:
     void knowsTheUser()
     {
         QVERIFY(!userFullName().isEmpty());
-        QVERIFY(!userFullName().contains(QLatin1Char(',')));
+        QVERIFY(!userFullName().contains(u','));
         qputenv("XDG_DATA_HOME", "/tmp/elsewhere");
-        QCOMPARE(applicationSupportFolder(), QStringLiteral("/tmp/elsewhere"));
+        QCOMPARE(applicationSupportFolder(), u"/tmp/elsewhere"_s);
         qunsetenv("XDG_DATA_HOME");
     }
 
 private:
     void desktopFile(const char* name, const QByteArray& url, const QByteArray& type = "Link")
     {
-        write(m_folder->filePath(QString::fromLatin1(name)),
-              "[Desktop Entry]\nName=x\nType=" + type + "\nURL=" + url + "\n[Other]\nType=Application\n");
+        writeFile(m_folder->filePath(QString::fromLatin1(name)),
+                  "[Desktop Entry]\nName=x\nType=" + type + "\nURL=" + url + "\n[Other]\nType=Application\n");
     }
     void link(const char* target, const char* name)
     {
@@ -193,11 +167,11 @@ private:
     }
     void makeLinks()
     {
-        const QString spaced = m_folder->filePath(QString::fromLatin1("a b ü.png"));
+        const QString spaced = m_folder->filePath(u"a b ü.png"_s);
         const QByteArray folder = QUrl::fromLocalFile(m_folder->path()).toEncoded();
-        write(m_folder->filePath(QStringLiteral("file.png")));
-        write(spaced);
-        QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("sub")));
+        writeFile(m_folder->filePath(u"file.png"_s));
+        writeFile(spaced);
+        QVERIFY(QDir(m_folder->path()).mkdir(u"sub"_s));
         link("file.png", "link");
         link("link", "link2");
         link("sub", "folder");
@@ -214,10 +188,10 @@ private:
         desktopFile("host.desktop", "file://elsewhere/etc/passwd");
         desktopFile("program.desktop", folder + "/file.png", "Application");
         desktopFile("link.txt", folder + "/file.png");
-        write(m_folder->filePath(QStringLiteral("group.desktop")),
-              "Type=Link\n[Other]\nType=Link\nURL=" + folder + "/file.png\n");
-        write(m_folder->filePath(QStringLiteral("huge.desktop")),
-              "[Desktop Entry]\nType=Link\nURL=" + folder + "/file.png\n" + QByteArray(100'000, '#'));
+        writeFile(m_folder->filePath(u"group.desktop"_s),
+                  "Type=Link\n[Other]\nType=Link\nURL=" + folder + "/file.png\n");
+        writeFile(m_folder->filePath(u"huge.desktop"_s),
+                  "[Desktop Entry]\nType=Link\nURL=" + folder + "/file.png\n" + QByteArray(100'000, '#'));
     }
 
     Platform m_platform = makeLinuxPlatform(false);

@@ -3,6 +3,7 @@
 #include <QTest>
 
 using namespace mosaro::platform;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,11 +25,11 @@ private Q_SLOTS:
     void servicesKeepQuiet()
     {
         const Platform platform = makeLinuxPlatform(true);
-        platform.notifier->notify(QStringLiteral("Title"), {}, QStringLiteral("Content"));
+        platform.notifier->notify(u"Title"_s, {}, u"Content"_s);
         platform.badge->setPercent(10);
         platform.badge->clear();
         platform.revealer->reveal(QString());
-        platform.sounds->play(QStringLiteral(":/sounds/None.wav"));
+        platform.sounds->play(u":/sounds/None.wav"_s);
         QCoreApplication::processEvents();
     }
 };

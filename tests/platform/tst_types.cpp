@@ -1,5 +1,6 @@
 #include "platform/LinuxPlatform.h"
 #include "platform/linux/DesktopThumbnailers.h"
+#include "support/Files.h"
 
 #include <QDir>
 #include <QFile>
@@ -7,15 +8,10 @@
 #include <QTest>
 
 using namespace mosaro::platform;
+using mosaro::test::writeFile;
+using namespace Qt::StringLiterals;
 
 namespace {
-
-void write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
 
 QByteArray thumbnailer(const QByteArray& program, const QByteArray& types)
 {
@@ -27,59 +23,52 @@ class TypesTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void typesByExtension_data()
-    {
-        QTest::addColumn<QString>("extension");
-        QTest::addColumn<QString>("mime");
-        QTest::newRow("picture") << QStringLiteral("png") << QStringLiteral("image/png");
-        QTest::newRow("in capitals") << QStringLiteral("JPEG") << QStringLiteral("image/jpeg");
-        QTest::newRow("document") << QStringLiteral("pdf") << QStringLiteral("application/pdf");
-        QTest::newRow("unknown") << QStringLiteral("nosuchextension") << QString();
-        QTest::newRow("none") << QString() << QString();
-        QTest::newRow("path") << QStringLiteral("png/../../etc/passwd") << QString();
-        QTest::newRow("path to a type") << QStringLiteral("x/y.png") << QString();
-    }
     void typesByExtension()
     {
-        QFETCH(const QString, extension);
-        QTEST(m_platform.types->mimeTypeForExtension(extension), "mime");
+        for (const auto& [extension, mime] : {std::pair{u"png"_s, u"image/png"_s},
+                                              {u"JPEG"_s, u"image/jpeg"_s},
+                                              {u"pdf"_s, u"application/pdf"_s},
+                                              {u"nosuchextension"_s, u""_s},
+                                              {u""_s, u""_s},
+                                              {u"png/../../etc/passwd"_s, u""_s},
+                                              {u"x/y.png"_s, u""_s}})
+            QCOMPARE(m_platform.types->mimeTypeForExtension(extension), mime);
     }
 
     void inheritance()
     {
         const TypeDatabase& types = *m_platform.types;
-        QVERIFY(types.inherits(QStringLiteral("image/png"), QStringLiteral("image/png")));
-        QVERIFY(types.inherits(QStringLiteral("image/svg+xml"), QStringLiteral("application/xml")));
-        QVERIFY(!types.inherits(QStringLiteral("application/xml"), QStringLiteral("image/svg+xml")));
-        QVERIFY(types.inherits(QStringLiteral("made/up"), QStringLiteral("made/up")));
-        QVERIFY(!types.inherits(QStringLiteral("made/up"), QStringLiteral("image/png")));
+        QVERIFY(types.inherits(u"image/png"_s, u"image/png"_s));
+        QVERIFY(types.inherits(u"image/svg+xml"_s, u"application/xml"_s));
+        QVERIFY(!types.inherits(u"application/xml"_s, u"image/svg+xml"_s));
+        QVERIFY(types.inherits(u"made/up"_s, u"made/up"_s));
+        QVERIFY(!types.inherits(u"made/up"_s, u"image/png"_s));
         QVERIFY(!types.inherits(QString(), QString()));
     }
 
     void thumbnailersThatCanStart()
     {
         const QTemporaryDir folder;
-        const QString own = folder.filePath(QStringLiteral("own"));
-        const QString system = folder.filePath(QStringLiteral("system"));
-        QVERIFY(QDir().mkpath(own) && QDir().mkpath(system));
-        write(own + QStringLiteral("/a.thumbnailer"), thumbnailer("sh", "image/x-a; image/x-b;"));
-        write(own + QStringLiteral("/b.thumbnailer"), thumbnailer("/no/such/program", "image/x-c;"));
-        write(own + QStringLiteral("/c.thumbnailer"), "MimeType=image/x-d;\nExec=sh\n");
-        write(own + QStringLiteral("/d.txt"), thumbnailer("sh", "image/x-e;"));
-        write(own + QStringLiteral("/e.thumbnailer"),
-              "[Thumbnailer Entry]\n# Exec=/no\nExec=\"/bin/sh\" %u\nMimeType=image/x-f");
+        const QString own = folder.filePath(u"own"_s);
+        const QString system = folder.filePath(u"system"_s);
+        writeFile(own + u"/a.thumbnailer"_s, thumbnailer("sh", "image/x-a; image/x-b;"));
+        writeFile(own + u"/b.thumbnailer"_s, thumbnailer("/no/such/program", "image/x-c;"));
+        writeFile(own + u"/c.thumbnailer"_s, "MimeType=image/x-d;\nExec=sh\n");
+        writeFile(own + u"/d.txt"_s, thumbnailer("sh", "image/x-e;"));
+        writeFile(own + u"/e.thumbnailer"_s,
+                  "[Thumbnailer Entry]\n# Exec=/no\nExec=\"/bin/sh\" %u\nMimeType=image/x-f");
         // One of the same name further down is hidden, as a user hides what the system offers.
-        write(system + QStringLiteral("/a.thumbnailer"), thumbnailer("sh", "image/x-g;"));
-        write(system + QStringLiteral("/z.thumbnailer"), thumbnailer("sh", "image/x-h;"));
-        const DesktopThumbnailers lookup({own, folder.filePath(QStringLiteral("missing")), system});
+        writeFile(system + u"/a.thumbnailer"_s, thumbnailer("sh", "image/x-g;"));
+        writeFile(system + u"/z.thumbnailer"_s, thumbnailer("sh", "image/x-h;"));
+        const DesktopThumbnailers lookup({own, folder.filePath(u"missing"_s), system});
 
         QStringList found;
         for (const char letter : {'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h'}) {
-            const QString type = QStringLiteral("image/x-%1").arg(QLatin1Char(letter));
-            if (lookup.hasThumbnailer({QStringLiteral("image/x-nothing"), type}))
+            const QString type = u"image/x-%1"_s.arg(QLatin1Char(letter));
+            if (lookup.hasThumbnailer({u"image/x-nothing"_s, type}))
                 found.append(QString(QLatin1Char(letter)));
         }
-        QCOMPARE(found.join(QString()), QStringLiteral("abfh"));
+        QCOMPARE(found.join(QString()), u"abfh"_s);
         QVERIFY(!lookup.hasThumbnailer({}));
         QVERIFY(!lookup.hasThumbnailer({QString()}));
     }
@@ -87,13 +76,11 @@ private Q_SLOTS:
     void thumbnailersOfTheDataFolders()
     {
         const QTemporaryDir home;
-        QVERIFY(QDir().mkpath(home.filePath(QStringLiteral("thumbnailers"))));
-        write(home.filePath(QStringLiteral("thumbnailers/x.thumbnailer")),
-              thumbnailer("sh", "image/x-mine;"));
+        writeFile(home.filePath(u"thumbnailers/x.thumbnailer"_s), thumbnailer("sh", "image/x-mine;"));
         qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
         const DesktopThumbnailers lookup;
         qunsetenv("XDG_DATA_HOME");
-        QVERIFY(lookup.hasThumbnailer({QStringLiteral("image/x-mine")}));
+        QVERIFY(lookup.hasThumbnailer({u"image/x-mine"_s}));
     }
 
 private:
