@@ -2,9 +2,11 @@
 
 #include "base/Text.h"
 #include "import/BitmapDecoder.h"
+#include "import/BrowserTables.h"
 #include "import/ColorEngine.h"
 #include "import/ImageOperations.h"
 #include "import/PreviewRenderer.h"
+#include "import/RenderedDocument.h"
 
 #include <QImage>
 
@@ -70,6 +72,70 @@ base::Result<void> analyseBitmap(const QString& path, AnalysisResult& result)
     return {};
 }
 
+base::Result<RenderedDocument> render(const QString& path, DocumentType type)
+{
+    switch (type) {
+    case DocumentType::Pdf:
+        return renderPdf(path);
+    case DocumentType::Illustrator:
+        return renderIllustrator(path);
+    case DocumentType::Eps:
+        return renderPostScript(path);
+    case DocumentType::Svg:
+        return renderSvg(path);
+    case DocumentType::Icns:
+    case DocumentType::Ico:
+        return renderIcon(path, type);
+    case DocumentType::Photoshop:
+        return renderPhotoshop(path);
+    case DocumentType::Raw:
+        return renderCameraRaw(path);
+    default:
+        return renderDesignDocument(path, type);
+    }
+}
+
+/// Documents of pages, of PostScript and of design programs have a kind whatever their size.
+void decideDocumentKind(AnalysisResult& result)
+{
+    const bool isOther = result.type == DocumentType::Illustrator || result.type >= DocumentType::Eps;
+    if (isOther)
+        result.kind = MediaKind::Other;
+    else if (result.kind == MediaKind::Unset && result.type == DocumentType::Pdf)
+        result.kind = MediaKind::Pdf;
+    else if (result.kind == MediaKind::Unset && result.type != DocumentType::Svg)
+        result.kind =
+            MediaClassification::kindOf(result.type, {result.metadata.width, result.metadata.height});
+}
+
+QByteArray encodedSideFile(const QImage& picture, DocumentType type)
+{
+    return type == DocumentType::Raw ? JPEGRepresentation(picture, kPreviewQuality)
+                                     : PNGRepresentation(picture);
+}
+
+base::Result<void> analyseDocument(const QString& path, AnalysisResult& result)
+{
+    base::Result<RenderedDocument> rendered = render(path, result.type);
+    if (!rendered)
+        return rendered.failure();
+    RenderedDocument& document = rendered.value();
+    result.preview = encodedPreview(document.preview, result.type);
+    if (result.preview.isEmpty())
+        return base::Failure{base::text("Failure.Image.Encoding")};
+    if (!document.fullSize.isNull()) {
+        result.sideFile = encodedSideFile(document.fullSize, result.type);
+        result.sideFileSuffix = sideFileSuffix(static_cast<int>(result.type));
+    }
+    result.metadata = document.metadata;
+    result.documentSize = document.documentSize;
+    result.pdf = document.pdf;
+    result.hasFrames = document.hasFrames;
+    result.colors = ZNColorEngine(document.preview, 1).results();
+    decideDocumentKind(result);
+    return {};
+}
+
 } // namespace
 
 const AnalysisLimits& analysisLimits()
@@ -83,12 +149,8 @@ AnalysisResult analyse(const AnalysisRequest& request)
     AnalysisResult result;
     result.type = request.type;
     result.kind = request.kind;
-    if (!hasBitmapRenderer(request.type)) {
-        result.outcome = base::Failure{
-            base::text("Failure.Format.NoRenderer", MediaClassification::contentTypeName(request.type))};
-        return result;
-    }
-    result.outcome = analyseBitmap(request.path, result);
+    result.outcome = hasBitmapRenderer(request.type) ? analyseBitmap(request.path, result)
+                                                     : analyseDocument(request.path, result);
     // The image library keeps buffers for each thread, and pool threads end when there is nothing to do.
     vips_thread_shutdown();
     return result;

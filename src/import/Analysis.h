@@ -6,8 +6,10 @@
 
 #include <QByteArray>
 #include <QDateTime>
+#include <QSizeF>
 #include <QString>
 #include <QStringList>
+#include <optional>
 #include <vector>
 
 namespace mosaro::importing {
@@ -39,6 +41,19 @@ struct ImageMetadata {
     QString software;    ///< Empty: not given.
 };
 
+/// What a PDF document says of itself; what it does not say keeps the value here.
+struct PdfMetadata {
+    int pageCount = 0;
+    QString version; ///< As "1.4".
+    QString title;
+    QString author;
+    QString subject;
+    QString creator;
+    QString producer;
+    QDateTime created; ///< Invalid: not said.
+    QDateTime modified;
+};
+
 struct AnalysisResult {
     base::Result<void> outcome; ///< Why the file cannot become an item, else success.
     DocumentType type = DocumentType::Pdf;
@@ -47,6 +62,8 @@ struct AnalysisResult {
     QByteArray sideFile;               ///< Bytes of the side file; empty for types without one.
     QString sideFileSuffix;            ///< As "_eps.png".
     ImageMetadata metadata;
+    QSizeF documentSize;            ///< For documents that are not measured in pixels; else empty.
+    std::optional<PdfMetadata> pdf; ///< Of documents that are PDF inside.
     bool hasFrames = false;
     std::vector<DominantColor> colors; ///< Falling share; the first four become colour types 0 to 3.
 };

@@ -61,8 +61,10 @@ void setPictureFields(store::Media& media, const AnalysisResult& analysis)
     if (analysis.type >= DocumentType::AffinityDesigner) {
         return;
     }
-    media.setMediaWidth(picture.width);
-    media.setMediaHeight(picture.height);
+    const QSizeF size =
+        analysis.documentSize.isEmpty() ? QSizeF(picture.width, picture.height) : analysis.documentSize;
+    media.setMediaWidth(size.width());
+    media.setMediaHeight(size.height());
     media.setImageHasAlpha(picture.hasAlpha);
     if (isPaged) {
         return;
@@ -73,6 +75,24 @@ void setPictureFields(store::Media& media, const AnalysisResult& analysis)
     media.setImageProfile(picture.profileName.isEmpty() ? QStringLiteral("") : picture.profileName);
     if (!picture.software.isEmpty()) {
         media.setMediaSoftware(picture.software);
+    }
+}
+
+void setPdfFields(store::Media& media, const PdfMetadata& pdf)
+{
+    const auto given = [](const QString& said) { return said.isEmpty() ? QStringLiteral("") : said; };
+    media.setPdfPageCount(pdf.pageCount);
+    media.setPdfVersion(given(pdf.version));
+    media.setPdfTitle(given(pdf.title));
+    media.setPdfAuthor(given(pdf.author));
+    media.setPdfSubject(given(pdf.subject));
+    media.setPdfCreator(given(pdf.creator));
+    media.setPdfProducer(given(pdf.producer));
+    if (pdf.created.isValid()) {
+        media.setPdfDateCreated(pdf.created);
+    }
+    if (pdf.modified.isValid()) {
+        media.setPdfDateModified(pdf.modified);
     }
 }
 
@@ -136,6 +156,9 @@ std::shared_ptr<store::Media> ItemCommitter::makeRecord(const StagedItem& staged
         media->setMediaKind(static_cast<int>(staged.analysis.kind));
     }
     setPictureFields(*media, staged.analysis);
+    if (staged.analysis.pdf) {
+        setPdfFields(*media, *staged.analysis.pdf);
+    }
     media->setCollections(m_collection);
     return media;
 }
