@@ -1,7 +1,7 @@
 #include "base/Text.h"
 #include "organisation/CollectionCommands.h"
 #include "organisation/CollectionNames.h"
-#include "support/TemporaryLibrary.h"
+#include "organisation/TreeFixture.h"
 
 #include <QtTest>
 
@@ -9,49 +9,19 @@ using namespace Qt::StringLiterals;
 using namespace mosaro;
 using organisation::CollectionCommands;
 using organisation::CollectionNode;
-using organisation::CollectionTree;
 using organisation::NodeList;
 using organisation::SidebarCommand;
 
 class TestCollectionCommands : public QObject {
     Q_OBJECT
 
-private:
-    /// A folder F with a collection and a smart collection in it, and one of each beside it.
-    struct World {
-        test::TemporaryLibrary library;
-        CollectionTree tree;
-        QHash<QString, QString> ids;
-
+    /// A folder with a collection and a smart collection in it, and one of each beside it.
+    struct World : test::TreeFixture {
         World()
+            : TreeFixture(
+                  u"folder,folder,10002|inside,inside,10000,folder|smartInside,smartInside,10001,folder|"
+                  "top,top,10000|smartTop,smartTop,10001"_s)
         {
-            const auto add = [this](const QString& title, qint64 type, const QString& parent = {}) {
-                ids.insert(title, library.addCollection(title, type, parent)->collectionID());
-            };
-            add(u"folder"_s, store::kTypeFolder);
-            add(u"inside"_s, store::kTypeCollection, ids.value(u"folder"_s));
-            add(u"smartInside"_s, store::kTypeSmartCollection, ids.value(u"folder"_s));
-            add(u"top"_s, store::kTypeCollection);
-            add(u"smartTop"_s, store::kTypeSmartCollection);
-            ids.insert(u"all"_s, u"1"_s);
-            ids.insert(u"kind"_s, u"7"_s);
-            if (!tree.makeLibrary(library.context())) {
-                qFatal("no tree");
-            }
-        }
-
-        std::shared_ptr<store::Collections> record(const QString& id)
-        {
-            return library.context().first<store::Collections>(
-                store::Predicate::compare(QLatin1String("collectionID"), store::Comparison::Equal, id));
-        }
-        NodeList nodes(const QString& names) const
-        {
-            NodeList list;
-            for (const QString& name : names.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-                list.push_back(tree.node(ids.value(name)));
-            }
-            return list;
         }
     };
 
@@ -115,7 +85,7 @@ private Q_SLOTS:
         QCOMPARE(parentFor(u"smartTop"_s), u"top level"_s);
         QCOMPARE(parentFor(u"inside top"_s), u"folder"_s); // the first counts
         QCOMPARE(parentFor(u"top inside"_s), u"top level"_s);
-        QCOMPARE(parentFor(u"all"_s), u"impossible"_s);
+        QCOMPARE(parentFor(u"1"_s), u"impossible"_s);
     }
 
     void possibleCommands()
@@ -124,9 +94,9 @@ private Q_SLOTS:
             QString selected;
             bool add, import, edit;
         } rows[] = {
-            {u""_s, true, false, false},      {u"top"_s, true, true, true},
-            {u"folder"_s, true, true, true},  {u"smartTop"_s, true, false, true},
-            {u"kind"_s, false, false, false}, {u"folder top"_s, false, false, false},
+            {u""_s, true, false, false},     {u"top"_s, true, true, true},
+            {u"folder"_s, true, true, true}, {u"smartTop"_s, true, false, true},
+            {u"7"_s, false, false, false},   {u"folder top"_s, false, false, false},
         };
         const World world;
         for (const auto& row : rows) {

@@ -2,7 +2,7 @@
 #include "organisation/ExpansionMemory.h"
 #include "organisation/NodeCounts.h"
 #include "organisation/SelectionConstraint.h"
-#include "support/TemporaryLibrary.h"
+#include "organisation/TreeFixture.h"
 
 #include <QtTest>
 
@@ -11,6 +11,8 @@ using namespace mosaro;
 using organisation::CollectionNode;
 using organisation::CollectionTree;
 using organisation::NodeList;
+using test::words;
+using World = test::TreeFixture;
 
 namespace {
 
@@ -29,40 +31,6 @@ QString userTree(const CollectionTree& tree)
 {
     return tree.userGroup() ? asText(tree.userGroup()->nodes) : u"no group"_s;
 }
-
-QStringList words(const QString& text, QChar separator = u' ')
-{
-    return text.split(separator, Qt::SkipEmptyParts);
-}
-
-/// A library of records "id,title,type,parent id|…" with its tree.
-struct World {
-    test::TemporaryLibrary library;
-    CollectionTree tree;
-
-    explicit World(const QString& records = {})
-    {
-        for (const QString& row : words(records, u'|')) {
-            const QStringList parts = row.split(u',');
-            const auto record = library.context().insert<store::Collections>();
-            record->setCollectionID(parts.value(0));
-            record->setTitle(parts.value(1));
-            record->setType(parts.value(2).toInt());
-            record->setCollectionPID(parts.value(3));
-        }
-        if (!library.context().save() || !tree.makeLibrary(library.context())) {
-            qFatal("no tree");
-        }
-    }
-    [[nodiscard]] NodeList nodes(const QString& ids) const
-    {
-        NodeList nodes;
-        for (const QString& id : words(ids)) {
-            nodes.push_back(tree.node(id));
-        }
-        return nodes;
-    }
-};
 
 /// A collection, a folder, and a collection in it.
 const QString kFolders = u"a,A,10000|f,F,10002|c,C,10000,f"_s;

@@ -1,15 +1,13 @@
 #include "base/PreferenceKeys.h"
-#include "organisation/CollectionTree.h"
 #include "organisation/RecentPredicate.h"
 #include "organisation/SelectionPipeline.h"
-#include "support/TemporaryLibrary.h"
+#include "organisation/TreeFixture.h"
 
 #include <QTimeZone>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
-using organisation::CollectionTree;
 using organisation::NodeList;
 using organisation::SelectionPipeline;
 using store::Comparison;
@@ -29,143 +27,105 @@ QDateTime at(const QString& text, const QByteArray& zone = "UTC")
 class TestSelectionPipeline : public QObject {
     Q_OBJECT
 
-private:
-    struct World {
-        test::TemporaryLibrary library;
-        CollectionTree tree;
-        std::shared_ptr<store::Collections> folder, inner, inFolder, deep, beside, smart, otherSmart;
-
+    struct World : test::TreeFixture {
         World()
+            : TreeFixture(
+                  u"folder,,10002|inner,,10002,folder|in,,10000,folder|deep,,10000,inner|beside,,10000|"
+                  "empty,,10002|smart,,10001|other,,10001"_s)
         {
-            folder = collection(u"folder"_s, store::kTypeFolder);
-            inner = collection(u"inner"_s, store::kTypeFolder, folder);
-            inFolder = collection(u"in"_s, store::kTypeCollection, folder);
-            deep = collection(u"deep"_s, store::kTypeCollection, inner);
-            beside = collection(u"beside"_s, store::kTypeCollection);
-            smart = collection(u"smart"_s, store::kTypeSmartCollection);
-            otherSmart = collection(u"other"_s, store::kTypeSmartCollection);
-            add("one", inFolder, 7);
-            add("two", deep, 14);
-            add("three", deep, 7);
-            add("four", beside, 15);
-            add("five", beside, 13);
-            if (!tree.makeLibrary(library.context())) {
-                qFatal("no tree");
-            }
-        }
-
-        std::shared_ptr<store::Collections> collection(const QString& title, qint64 type,
-                                                       const std::shared_ptr<store::Collections>& parent = {})
-        {
-            return library.addCollection(title, type, parent ? parent->collectionID() : QString());
-        }
-        void add(const char* title, const std::shared_ptr<store::Collections>& owner, qint64 kind)
-        {
-            const auto media = library.addMedia(QString::fromLatin1(title), owner);
-            media->setMediaKind(kind);
+            add(u"one"_s, u"in"_s)->setMediaKind(7);
+            add(u"two"_s, u"deep"_s)->setMediaKind(14);
+            add(u"three"_s, u"deep"_s)->setMediaKind(7);
+            add(u"four"_s, u"beside"_s)->setMediaKind(15);
+            add(u"five"_s, u"beside"_s)->setMediaKind(13);
             if (!library.context().save()) {
                 qFatal("no save");
             }
         }
-
-        NodeList nodes(const QStringList& ids) const
+        std::shared_ptr<store::Media> add(const QString& title, const QString& owner)
         {
-            NodeList list;
-            for (const QString& id : ids) {
-                list.push_back(tree.node(id));
-            }
-            return list;
+            return library.addMedia(title, record(owner));
         }
-
-        QStringList titles(const store::MediaSet& set)
+        QString titles(const store::MediaSet& set)
         {
             QStringList found;
             for (const auto& media : library.context().objects<store::Media>(set.ids)) {
                 found.append(media->mediaTitle());
             }
-            return found;
+            return found.join(u' ');
+        }
+        QString select(const NodeList& selected, const organisation::SmartQuerySource& smart = {},
+                       const QDateTime& now = QDateTime::currentDateTime())
+        {
+            return titles(
+                SelectionPipeline(library.context(), library.defaults(), smart).selectedMedia(selected, now));
+        }
+        QString select(const QString& ids, const organisation::SmartQuerySource& smart = {})
+        {
+            return select(nodes(ids), smart);
         }
     };
-
-    QStringList select(World& world, const QStringList& ids, const organisation::SmartQuerySource& smart = {})
-    {
-        const SelectionPipeline pipeline(world.library.context(), world.library.defaults(), smart);
-        return world.titles(pipeline.selectedMedia(world.nodes(ids), QDateTime::currentDateTime()));
-    }
-
-    static QStringList words(const char* text)
-    {
-        return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    }
 
 private Q_SLOTS:
     void nodesToItems()
     {
         World world;
-        const QString folder = world.folder->collectionID();
-        const QString in = world.inFolder->collectionID();
-        const QString beside = world.beside->collectionID();
-
-        QCOMPARE(select(world, {}), QStringList());
-        QCOMPARE(select(world, words("1")), words("one two three four five"));
-        QCOMPARE(select(world, words("7")), words("one three"));
-        QCOMPARE(select(world, words("14")), words("two"));
-        QCOMPARE(select(world, words("4")), QStringList());
-        QCOMPARE(select(world, {beside}), words("four five"));
-        QCOMPARE(select(world, {folder}), words("one two three"));
-        QCOMPARE(select(world, {folder, in, beside}), words("one two three four five"));
-        const auto empty = world.library.addCollection(u"empty"_s, store::kTypeFolder);
-        QVERIFY(world.tree.makeUserCollections(world.library.context()));
-        QCOMPARE(select(world, {empty->collectionID()}), QStringList());
+        const std::pair<const char*, const char*> rows[] = {
+            {"", ""},
+            {"1", "one two three four five"},
+            {"7", "one three"},
+            {"14", "two"},
+            {"4", ""},
+            {"beside", "four five"},
+            {"empty", ""},
+            {"folder", "one two three"},
+            {"folder in beside", "one two three four five"},
+        };
+        for (const auto& [selected, titles] : rows) {
+            QCOMPARE(world.select(QString::fromLatin1(selected)), QString::fromLatin1(titles));
+        }
     }
 
     void smartCollections()
     {
         World world;
-        const QStringList both{world.smart->collectionID(), world.otherSmart->collectionID()};
-        QCOMPARE(select(world, both), QStringList());
-
+        QCOMPARE(world.select(u"smart other"_s), QString());
         const auto byTitle = [](const store::Collections& record) -> std::optional<Predicate> {
-            if (record.title() != QLatin1String("smart")) {
+            if (record.collectionID() != QLatin1String("smart")) {
                 return std::nullopt;
             }
             return Predicate::compare(QLatin1String("mediaTitle"), Comparison::BeginsWith, u"t"_s);
         };
-        QCOMPARE(select(world, both, byTitle), words("two three"));
-        QCOMPARE(select(world, {both.last()}, byTitle), QStringList());
-        QCOMPARE(select(world, both + QStringList{world.deep->collectionID()}, byTitle), words("two three"));
+        QCOMPARE(world.select(u"smart other"_s, byTitle), u"two three"_s);
+        QCOMPARE(world.select(u"other"_s, byTitle), QString());
+        QCOMPARE(world.select(u"smart other deep"_s, byTitle), u"two three"_s);
     }
 
     void removedRecordContributesNothing()
     {
         World world;
-        const NodeList nodes = world.nodes({world.beside->collectionID(), world.inFolder->collectionID()});
-        world.library.context().remove(*world.beside);
+        const NodeList nodes = world.nodes(u"beside in"_s);
+        world.library.context().remove(*world.record(u"beside"_s));
         QVERIFY(world.library.context().save());
-        const SelectionPipeline pipeline(world.library.context(), world.library.defaults());
-        QCOMPARE(world.titles(pipeline.selectedMedia(nodes, QDateTime::currentDateTime())), words("one"));
+        QCOMPARE(world.select(nodes), u"one"_s);
     }
 
     void hundredThousandItems()
     {
-        test::TemporaryLibrary library;
-        const auto folder = library.addCollection(u"F"_s, store::kTypeFolder);
-        const auto owner = library.addCollection(u"C"_s, store::kTypeCollection, folder->collectionID());
+        World world;
+        const auto owner = world.record(u"in"_s);
         constexpr int kCount = 100'000;
         for (int i = 0; i < kCount; ++i) {
-            const auto media = library.context().insert<store::Media>();
+            const auto media = world.library.context().insert<store::Media>();
             media->setMediaID(QString::number(i));
             media->setMediaFileSize(2);
             media->setCollections(owner);
         }
-        QVERIFY(library.context().save());
-        CollectionTree tree;
-        QVERIFY(tree.makeLibrary(library.context()));
-        const SelectionPipeline pipeline(library.context(), library.defaults());
-        const auto set =
-            pipeline.selectedMedia({tree.node(folder->collectionID())}, QDateTime::currentDateTime());
-        QCOMPARE(set.ids.size(), size_t(kCount));
-        QCOMPARE(set.totalFileSize, 2 * kCount);
+        QVERIFY(world.library.context().save());
+        const SelectionPipeline pipeline(world.library.context(), world.library.defaults());
+        const auto set = pipeline.selectedMedia(world.nodes(u"folder"_s), QDateTime::currentDateTime());
+        QCOMPARE(set.ids.size(), size_t(kCount + 3));
+        QCOMPARE(set.totalFileSize, 2 * kCount + 3000);
     }
 
     void recentStart_data()
@@ -206,23 +166,18 @@ private Q_SLOTS:
         World world;
         base::ZNUserDefaults& defaults = world.library.defaults();
         const QDateTime now = at(u"2024-06-15T20:00:00"_s);
-        const auto importedAt = [&world](const char* title, const QDateTime& date) {
-            const auto media = world.library.addMedia(QString::fromLatin1(title), world.beside);
-            media->setMediaDateImported(date);
-            QVERIFY(world.library.context().save());
-        };
-        importedAt("first", at(u"2024-06-09T00:00:00"_s));
-        importedAt("before", at(u"2024-06-08T23:59:59"_s));
-        importedAt("now", now);
-        importedAt("later", now.addSecs(1));
+        const QDateTime start = at(u"2024-06-09T00:00:00"_s);
+        world.add(u"first"_s, u"beside"_s)->setMediaDateImported(start);
+        world.add(u"before"_s, u"beside"_s)->setMediaDateImported(start.addSecs(-1));
+        world.add(u"now"_s, u"beside"_s)->setMediaDateImported(now);
+        world.add(u"later"_s, u"beside"_s)->setMediaDateImported(now.addSecs(1));
+        QVERIFY(world.library.context().save());
 
         defaults.remove(base::PREFS_GENERAL_SHOW_RECENT_DAYS);
-        const SelectionPipeline pipeline(world.library.context(), defaults);
-        QCOMPARE(world.titles(pipeline.selectedMedia(world.nodes(words("2")), now)), words("first now"));
+        QCOMPARE(world.select(world.nodes(u"2"_s), {}, now), u"first now"_s);
         QCOMPARE(defaults.integer(base::PREFS_GENERAL_SHOW_RECENT_DAYS), 7);
-
         defaults.updateUserDefaults(base::PREFS_GENERAL_SHOW_RECENT_DAYS, 1);
-        QCOMPARE(world.titles(pipeline.selectedMedia(world.nodes(words("2")), now)), words("now"));
+        QCOMPARE(world.select(world.nodes(u"2"_s), {}, now), u"now"_s);
     }
 };
 

@@ -46,9 +46,11 @@ class EndToEnd(unittest.TestCase):
         return kept | {"HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.runtime), "LC_ALL": "C.UTF-8", "TZ": "UTC",
                        "DBUS_SESSION_BUS_ADDRESS": "disabled:"} | more
 
-    def run_program(self, program, *arguments):
-        return subprocess.run([program, *map(str, arguments)], env=self.environment(), timeout=60,
-                              capture_output=True, text=True)
+    def run_program(self, program, *arguments, status=0):
+        run = subprocess.run([program, *map(str, arguments)], env=self.environment(), timeout=60,
+                             capture_output=True, text=True)
+        self.assertEqual(run.returncode, status, run.stdout + run.stderr)
+        return run
 
     def write(self, name, data):
         path = self.root / name
@@ -59,7 +61,6 @@ class EndToEnd(unittest.TestCase):
         good = [self.write(f"picture {n}.png", png(40 + n, 30, (20 * n, 90, 200 - 20 * n))) for n in range(5)]
         bad = self.write("truncated.png", png(400, 300, (1, 2, 3))[:60])
         run = self.run_program(MOSARO, "--snapshot", self.picture, "--import", *good[:3], bad, *good[3:])
-        self.assertEqual(run.returncode, 0, run.stdout + run.stderr)
         self.assertEqual(size_of_png(self.picture), (1280, 800))
         lines = run.stdout.splitlines()
         self.assertEqual(len([line for line in lines if line.startswith("imported")]), 5, run.stdout)
@@ -70,18 +71,15 @@ class EndToEnd(unittest.TestCase):
         self.assertIn("5 of 6 imported", run.stdout)
 
         listed = self.run_program(MOSAROCTL, "list", "--collection", "Samples", "--json")
-        self.assertEqual(listed.returncode, 0, listed.stderr)
         items = {item["mediaTitle"]: item for item in json.loads(listed.stdout)}
         self.assertEqual(sorted(items), [path.stem for path in good])
         self.assertEqual(items["picture 3"]["mediaWidth"], 43)
         for item in items.values():
             self.assertTrue(pathlib.Path(item["preview"]).is_file())
-        verified = self.run_program(MOSAROCTL, "verify")
-        self.assertEqual(verified.returncode, 0, verified.stdout + verified.stderr)
+        self.run_program(MOSAROCTL, "verify")
 
     def test_empty_home_shows_an_empty_library(self):
-        run = self.run_program(MOSARO, "--snapshot", self.picture)
-        self.assertEqual(run.returncode, 0, run.stdout + run.stderr)
+        self.run_program(MOSARO, "--snapshot", self.picture)
         self.assertEqual(size_of_png(self.picture), (1280, 800))
         library = self.home / ".local/share/Mosaro/Mosaro.mrlibrary"
         self.assertTrue((library / "Mosaro").is_file())
@@ -93,15 +91,13 @@ class EndToEnd(unittest.TestCase):
         library = self.root / "Bad.mrlibrary"
         library.mkdir()
         (library / "Mosaro").write_bytes(b"x" * 5000)
-        run = self.run_program(MOSARO, "--library", library, "--snapshot", self.picture)
-        self.assertEqual(run.returncode, 1, run.stdout + run.stderr)
+        run = self.run_program(MOSARO, "--library", library, "--snapshot", self.picture, status=1)
         self.assertIn("could not be opened", run.stderr)
         self.assertFalse(self.picture.exists())
         self.assertEqual((library / "Mosaro").read_bytes(), b"x" * 5000)
 
     def test_picture_that_cannot_be_saved(self):
-        run = self.run_program(MOSARO, "--snapshot", self.root / "no such folder" / "out.png")
-        self.assertEqual(run.returncode, 1, run.stdout + run.stderr)
+        run = self.run_program(MOSARO, "--snapshot", self.root / "no such folder" / "out.png", status=1)
         self.assertIn("no such folder", run.stderr)
 
     def test_end_of_the_session_closes_the_library(self):
@@ -119,8 +115,7 @@ class EndToEnd(unittest.TestCase):
 
     def test_wrong_usage(self):
         for arguments in (["--nonsense"], ["--import", "a.png"], []):
-            run = self.run_program(MOSARO, *arguments)
-            self.assertEqual(run.returncode, 2, arguments)
+            run = self.run_program(MOSARO, *arguments, status=2)
             self.assertTrue(run.stderr.startswith("mosaro: "), run.stderr)
         self.assertIn("--snapshot", self.run_program(MOSARO, "--help").stdout)
         self.assertRegex(self.run_program(MOSARO, "--version").stdout, r"^Mosaro \d+\.\d+")

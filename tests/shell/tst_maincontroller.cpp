@@ -21,6 +21,18 @@ using namespace mosaro::shell;
 class MainControllerTest : public QObject {
     Q_OBJECT
 
+    std::unique_ptr<test::TemporaryLibrary> m_library;
+    std::unique_ptr<test::ShellFixture> m_shell;
+    std::unique_ptr<MRController> m_controller;
+
+    void open()
+    {
+        m_controller = std::make_unique<MRController>(m_shell->environment);
+        m_controller->showWindow();
+        m_controller->setLibraryPath(m_library->packagePath());
+        QVERIFY(QTest::qWaitForWindowExposed(&m_controller->window()));
+    }
+
 private Q_SLOTS:
     void initTestCase()
     {
@@ -120,7 +132,7 @@ private Q_SLOTS:
         QVERIFY(m_library->state().expandedCollections().contains(u"kept"_s));
     }
 
-    void sidebarStaysHidden()
+    void frameAndHiddenSidebarAreRemembered()
     {
         open();
         QVERIFY(!m_controller->isHiddenSidebar());
@@ -128,9 +140,11 @@ private Q_SLOTS:
         m_controller->toggleSplitView();
         QVERIFY(m_controller->isHiddenSidebar());
         QVERIFY(m_library->defaults().boolean(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR));
+        m_controller->window().setGeometry(5, 6, 760, 540);
         m_controller->performClose();
         QVERIFY(m_library->reopen());
         open();
+        QCOMPARE(m_controller->window().size(), QSize(760, 540));
         QVERIFY(m_controller->isHiddenSidebar());
         QCOMPARE(m_shell->menus.item(MenuId::View, 4)->text(), base::text("Basic.Show.Sidebar"));
         m_controller->toggleSplitView();
@@ -199,29 +213,6 @@ private Q_SLOTS:
         QVERIFY(!sort->isEnabled());
         QVERIFY(!m_shell->menus.item(MenuId::File, 5)->isEnabled());
     }
-
-    void frameIsRemembered()
-    {
-        open();
-        m_controller->window().setGeometry(5, 6, 760, 540);
-        m_controller->performClose();
-        QVERIFY(m_library->reopen());
-        open();
-        QCOMPARE(m_controller->window().size(), QSize(760, 540));
-    }
-
-private:
-    void open()
-    {
-        m_controller = std::make_unique<MRController>(m_shell->environment);
-        m_controller->showWindow();
-        m_controller->setLibraryPath(m_library->packagePath());
-        QVERIFY(QTest::qWaitForWindowExposed(&m_controller->window()));
-    }
-
-    std::unique_ptr<test::TemporaryLibrary> m_library;
-    std::unique_ptr<test::ShellFixture> m_shell;
-    std::unique_ptr<MRController> m_controller;
 };
 
 QTEST_MAIN(MainControllerTest)
