@@ -284,12 +284,12 @@ private Q_SLOTS:
         QTest::addColumn<QString>("software");
         const QImage image = test::quarters({30, 20});
         QTest::newRow("nothing said") << test::plainTiff(image, {}) << 72.0 << QString();
-        QTest::newRow("inches") << test::plainTiff(image, {"Painter 4", 300, 2, 0}) << 300.0
+        QTest::newRow("inches") << test::plainTiff(image, {"Painter 4", 300, 2}) << 300.0
                                 << QStringLiteral("Painter 4");
-        QTest::newRow("centimetres") << test::plainTiff(image, {{}, 100, 3, 0}) << 254.0 << QString();
-        QTest::newRow("shape only") << test::plainTiff(image, {{}, 100, 1, 0}) << 72.0 << QString();
+        QTest::newRow("centimetres") << test::plainTiff(image, {{}, 100, 3}) << 254.0 << QString();
+        QTest::newRow("shape only") << test::plainTiff(image, {{}, 100, 1}) << 72.0 << QString();
         QTest::newRow("unit missing means inches")
-            << test::plainTiff(image, {{}, 96, 0, 0}) << 96.0 << QString();
+            << test::plainTiff(image, {{}, 96, 0}) << 96.0 << QString();
     }
     void facts()
     {

@@ -1,26 +1,36 @@
 // Picture files put together byte by byte, where no library writes what a test needs.
 #include "support/Pictures.h"
 
+#include <QDataStream>
 #include <QtEndian>
+
 namespace mosaro::test {
 
 namespace {
 
-void append16(QByteArray& bytes, unsigned value)
-{
-    bytes.append(static_cast<char>(value & 255)).append(static_cast<char>(value >> 8 & 255));
-}
+/// Numbers in the byte order of TIFF and TGA.
+class Bytes {
+public:
+    Bytes() { m_stream.setByteOrder(QDataStream::LittleEndian); }
+    Bytes& put8(unsigned value) { return m_stream << static_cast<quint8>(value), *this; }
+    Bytes& put16(unsigned value) { return m_stream << static_cast<quint16>(value), *this; }
+    Bytes& put32(unsigned value) { return m_stream << static_cast<quint32>(value), *this; }
+    Bytes& put(const QByteArray& bytes)
+    {
+        m_stream.writeRawData(bytes.constData(), static_cast<int>(bytes.size()));
+        return *this;
+    }
+    [[nodiscard]] QByteArray all() const { return m_bytes; }
 
-void append32(QByteArray& bytes, unsigned value)
-{
-    append16(bytes, value & 0xffff);
-    append16(bytes, value >> 16);
-}
+private:
+    QByteArray m_bytes;
+    QDataStream m_stream{&m_bytes, QIODevice::WriteOnly};
+};
 
-void appendBig32(QByteArray& bytes, unsigned value)
+QByteArray big32(unsigned value)
 {
     const quint32 big = qToBigEndian<quint32>(value);
-    bytes.append(reinterpret_cast<const char*>(&big), 4);
+    return {reinterpret_cast<const char*>(&big), 4};
 }
 
 /// The checksum of PNG chunks.
@@ -35,53 +45,30 @@ unsigned crc32(const QByteArray& bytes)
     return ~crc;
 }
 
-void appendChunk(QByteArray& png, const QByteArray& name, const QByteArray& data)
+QByteArray chunk(const QByteArray& name, const QByteArray& data)
 {
-    const QByteArray body = name + data;
-    appendBig32(png, static_cast<unsigned>(data.size()));
-    png += body;
-    appendBig32(png, crc32(body));
+    return big32(static_cast<unsigned>(data.size())) + name + data + big32(crc32(name + data));
 }
 
-/// Gathers the tags of one TIFF directory; what does not fit into a tag lies behind the directory.
-class TiffDirectory {
-public:
-    void add(unsigned tag, unsigned type, unsigned count, unsigned value)
-    {
-        m_tags.push_back({tag, type, count, value, {}});
-    }
-    void addBytes(unsigned tag, unsigned type, unsigned count, const QByteArray& bytes)
-    {
-        m_tags.push_back({tag, type, count, 0, bytes});
-    }
-
-    [[nodiscard]] QByteArray bytes(unsigned offset) const
-    {
-        QByteArray head;
-        QByteArray tail;
-        const auto size = static_cast<unsigned>(2 + m_tags.size() * 12 + 4);
-        append16(head, static_cast<unsigned>(m_tags.size()));
-        for (const Tag& tag : m_tags) {
-            append16(head, tag.tag);
-            append16(head, tag.type);
-            append32(head, tag.count);
-            append32(head,
-                     tag.bytes.isEmpty() ? tag.value : offset + size + static_cast<unsigned>(tail.size()));
-            tail += tag.bytes;
-            if (tail.size() % 2)
-                tail.append('\0');
-        }
-        append32(head, 0);
-        return head + tail;
-    }
-
-private:
-    struct Tag {
-        unsigned tag, type, count, value;
-        QByteArray bytes;
-    };
-    std::vector<Tag> m_tags;
+struct Tag {
+    unsigned tag, type, count, value;
+    QByteArray bytes = {}; ///< What does not fit into the value lies behind the directory.
 };
+
+/// A TIFF directory that begins at `offset`. The bytes of every tag are even in number.
+QByteArray tiffDirectory(const std::vector<Tag>& tags, unsigned offset)
+{
+    Bytes head;
+    QByteArray tail;
+    const auto end = offset + static_cast<unsigned>(2 + tags.size() * 12 + 4);
+    head.put16(static_cast<unsigned>(tags.size()));
+    for (const Tag& tag : tags) {
+        head.put16(tag.tag).put16(tag.type).put32(tag.count);
+        head.put32(tag.bytes.isEmpty() ? tag.value : end + static_cast<unsigned>(tail.size()));
+        tail += tag.bytes;
+    }
+    return head.put32(0).put(tail).all();
+}
 
 QByteArray rgbPixels(const QImage& image)
 {
@@ -92,96 +79,64 @@ QByteArray rgbPixels(const QImage& image)
     return pixels;
 }
 
-QByteArray rational(unsigned value)
-{
-    QByteArray bytes;
-    append32(bytes, value);
-    append32(bytes, 1);
-    return bytes;
-}
-
 QByteArray tgaPixel(QRgb color, TgaKind kind)
 {
-    switch (kind) {
-    case TgaKind::Gray:
-        return QByteArray(1, static_cast<char>(qGray(color)));
-    case TgaKind::Palette:
-        return QByteArray(1, static_cast<char>((qRed(color) > 127 ? 1 : 0) | (qGreen(color) > 127 ? 2 : 0) |
-                                               (qBlue(color) > 127 ? 4 : 0)));
-    default:
-        QByteArray pixel;
-        append32(pixel, color);
-        return pixel;
-    }
+    if (kind != TgaKind::Palette)
+        return Bytes().put32(color).all();
+    return Bytes()
+        .put8((qRed(color) > 127 ? 1 : 0) | (qGreen(color) > 127 ? 2 : 0) | (qBlue(color) > 127 ? 4 : 0))
+        .all();
 }
 
 /// The eight corners of the colour cube.
 QByteArray tgaPalette()
 {
-    QByteArray palette;
+    Bytes palette;
     for (int entry = 0; entry < 8; ++entry) {
-        palette.append(static_cast<char>(entry & 4 ? 255 : 0));
-        palette.append(static_cast<char>(entry & 2 ? 255 : 0));
-        palette.append(static_cast<char>(entry & 1 ? 255 : 0));
+        for (const int channel : {4, 2, 1})
+            palette.put8(entry & channel ? 255 : 0);
     }
-    return palette;
+    return palette.all();
 }
 
 } // namespace
 
 QByteArray plainTiff(const QImage& image, const PlainTiffTags& tags)
 {
-    const QByteArray pixels = rgbPixels(image);
+    QByteArray pixels = rgbPixels(image);
+    const auto size = static_cast<unsigned>(pixels.size());
+    if (size % 2)
+        pixels.append('\0');
     const auto width = static_cast<unsigned>(image.width());
     const auto height = static_cast<unsigned>(image.height());
-    const QByteArray eight("\x08\0\x08\0\x08\0", 6);
-    TiffDirectory directory;
-    directory.add(256, 4, 1, width);
-    directory.add(257, 4, 1, height);
-    directory.addBytes(258, 3, 3, eight);
-    directory.add(259, 3, 1, 1);
-    directory.add(262, 3, 1, 2);
-    directory.add(273, 4, 1, 8);
-    if (tags.orientation)
-        directory.add(274, 3, 1, tags.orientation);
-    directory.add(277, 3, 1, 3);
-    directory.add(278, 4, 1, height);
-    directory.add(279, 4, 1, static_cast<unsigned>(pixels.size()));
+    std::vector<Tag> directory{
+        {256, 4, 1, width}, {257, 4, 1, height}, {258, 3, 3, 0, QByteArray("\x08\0\x08\0\x08\0", 6)},
+        {259, 3, 1, 1},     {262, 3, 1, 2},      {273, 4, 1, 8},
+        {277, 3, 1, 3},     {278, 4, 1, height}, {279, 4, 1, size}};
     if (tags.resolution) {
-        directory.addBytes(282, 5, 1, rational(tags.resolution));
-        directory.addBytes(283, 5, 1, rational(tags.resolution));
+        for (const unsigned tag : {282, 283})
+            directory.push_back({tag, 5, 1, 0, Bytes().put32(tags.resolution).put32(1).all()});
     }
     if (tags.unit)
-        directory.add(296, 3, 1, tags.unit);
-    if (!tags.software.isEmpty())
-        directory.addBytes(305, 2, static_cast<unsigned>(tags.software.size() + 1), tags.software + '\0');
-    const auto offset = static_cast<unsigned>(8 + pixels.size() + pixels.size() % 2);
-    QByteArray bytes("II*\0", 4);
-    append32(bytes, offset);
-    bytes += pixels;
-    if (pixels.size() % 2)
-        bytes.append('\0');
-    return bytes + directory.bytes(offset);
+        directory.push_back({296, 3, 1, tags.unit});
+    const auto length = static_cast<unsigned>(tags.software.size()) + 1; // With its closing zero.
+    if (length > 1)
+        directory.push_back({305, 2, length, 0, tags.software + QByteArray(length % 2 ? 2 : 1, '\0')});
+    const auto offset = static_cast<unsigned>(8 + pixels.size());
+    return Bytes().put("II*").put8(0).put32(offset).put(pixels).put(tiffDirectory(directory, offset)).all();
 }
 
 bool writeTga(const QString& path, const QImage& image, TgaKind kind)
 {
     const QImage pixels = image.convertToFormat(QImage::Format_ARGB32);
     const bool palette = kind == TgaKind::Palette;
-    const bool color = kind == TgaKind::TrueColor || kind == TgaKind::RunLength;
-    QByteArray bytes;
-    bytes.append('\0').append(palette ? '\1' : '\0');
-    bytes.append(static_cast<char>(kind == TgaKind::RunLength ? 10 : color ? 2 : palette ? 1 : 3));
-    append16(bytes, 0);
-    append16(bytes, palette ? 8 : 0);
-    bytes.append(static_cast<char>(palette ? 24 : 0));
-    append32(bytes, 0);
-    append16(bytes, static_cast<unsigned>(image.width()));
-    append16(bytes, static_cast<unsigned>(image.height()));
-    bytes.append(static_cast<char>(color ? 32 : 8));
-    bytes.append(static_cast<char>(color && image.hasAlphaChannel() ? 8 : 0));
+    Bytes bytes;
+    bytes.put8(0).put8(palette ? 1 : 0).put8(kind == TgaKind::RunLength ? 10 : palette ? 1 : 2);
+    bytes.put16(0).put16(palette ? 8 : 0).put8(palette ? 24 : 0).put32(0);
+    bytes.put16(static_cast<unsigned>(image.width())).put16(static_cast<unsigned>(image.height()));
+    bytes.put8(palette ? 8 : 32).put8(!palette && image.hasAlphaChannel() ? 8 : 0);
     if (palette)
-        bytes += tgaPalette();
+        bytes.put(tgaPalette());
     // From the bottom row up; a run is of one pixel or of as many equal ones as one packet holds.
     for (int y = pixels.height() - 1; y >= 0; --y) {
         for (int x = 0; x < pixels.width();) {
@@ -190,25 +145,19 @@ bool writeTga(const QString& path, const QImage& image, TgaKind kind)
                    pixels.pixel(x + run, y) == pixels.pixel(x, y))
                 ++run;
             if (kind == TgaKind::RunLength)
-                bytes.append(static_cast<char>(run > 1 ? 127 + run : 0));
-            bytes += tgaPixel(pixels.pixel(x, y), kind);
+                bytes.put8(run > 1 ? 127U + static_cast<unsigned>(run) : 0);
+            bytes.put(tgaPixel(pixels.pixel(x, y), kind));
             x += run;
         }
     }
-    return writeBytes(path, bytes);
+    return writeBytes(path, bytes.all());
 }
 
 QByteArray pngThatClaims(unsigned width, unsigned height)
 {
-    QByteArray header;
-    appendBig32(header, width);
-    appendBig32(header, height);
-    header.append("\x08\x02\0\0\0", 5);
-    QByteArray png("\x89PNG\r\n\x1a\n");
-    appendChunk(png, "IHDR", header);
-    appendChunk(png, "IDAT", qCompress(QByteArray(64, '\0')).mid(4));
-    appendChunk(png, "IEND", {});
-    return png;
+    const QByteArray header = big32(width) + big32(height) + QByteArray("\x08\x02\0\0\0", 5);
+    return "\x89PNG\r\n\x1a\n" + chunk("IHDR", header) +
+           chunk("IDAT", qCompress(QByteArray(64, '\0')).mid(4)) + chunk("IEND", {});
 }
 
 } // namespace mosaro::test

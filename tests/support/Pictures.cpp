@@ -141,7 +141,7 @@ bool writeJpeg(const QString& path, const QImage& image, const JpegOptions& opti
                                  ? QString()
                                  : options.software + QStringLiteral(" (x, ASCII, 2 components, 2 bytes)");
     pixels = withHeader(std::move(pixels), options.dpi, options.orientation, software, "exif-ifd0-Software");
-    return vips_jpegsave(pixels.get(), QFile::encodeName(path).constData(), "Q", options.quality, "interlace",
+    return vips_jpegsave(pixels.get(), QFile::encodeName(path).constData(), "Q", 95, "interlace",
                          options.progressive ? TRUE : FALSE, nullptr) == 0;
 }
 

@@ -27,7 +27,6 @@ struct JpegOptions {
     double dpi = 0;       ///< 0: not said.
     QString profile = {}; ///< "p3", "srgb" or a path; the colours are converted to it.
     QString software = {};
-    int quality = 95;
 };
 bool writeJpeg(const QString& path, const QImage& image, const JpegOptions& options = {});
 
@@ -61,14 +60,13 @@ struct PlainTiffTags {
     QByteArray software;
     unsigned resolution = 0; ///< 0: no tag.
     unsigned unit = 0;       ///< 0: no tag.
-    unsigned orientation = 0;
 };
 [[nodiscard]] QByteArray plainTiff(const QImage& image, const PlainTiffTags& tags);
 
 bool writeBmp(const QString& path, const QImage& image);
 
-enum class TgaKind { TrueColor, RunLength, Gray, Palette };
-/// True colour kinds keep transparency.
+enum class TgaKind { TrueColor, RunLength, Palette };
+/// All but the palette keep transparency.
 bool writeTga(const QString& path, const QImage& image, TgaKind kind = TgaKind::TrueColor);
 
 /// A well-formed head and a few bytes of pixels: the file says it is that large.

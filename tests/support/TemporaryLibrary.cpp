@@ -9,26 +9,35 @@ using namespace Qt::StringLiterals;
 
 namespace mosaro::test {
 
+namespace {
+
+template <class Owner>
+void setNewestFirst(Owner& owner)
+{
+    owner.setIsAscending(false);
+    owner.setSortKey(7);
+    owner.setZoomValue(0.4);
+}
+
+} // namespace
+
 QString freshID()
 {
     return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
 }
 
-TemporaryLibrary::TemporaryLibrary(Manager manager)
-    : m_defaults(std::make_unique<base::ZNUserDefaults>(m_root.path() + u"/preferences.ini"_s)),
-      m_own(manager == Manager::Own ? std::make_unique<store::ZNDBManager>() : nullptr),
-      m_manager(m_own ? m_own.get() : &store::ZNDBManager::sharedManager())
+TemporaryLibrary::TemporaryLibrary()
 {
-    m_manager->setUp(*m_defaults, m_bookmarks, m_root.path() + u"/support"_s);
-    m_manager->setPrompts(&m_prompts);
-    if (!m_manager->createLibaryAtPath(packagePath()))
-        qFatal("no temporary library: %s", qUtf8Printable(m_manager->lastError()));
+    m_manager.setUp(m_defaults, m_bookmarks, m_root.path() + u"/support"_s);
+    m_manager.setPrompts(&m_prompts);
+    if (!m_manager.createLibaryAtPath(packagePath()))
+        qFatal("no temporary library: %s", qUtf8Printable(m_manager.lastError()));
 }
 
 TemporaryLibrary::~TemporaryLibrary()
 {
-    m_manager->closeDatabase();
-    m_manager->setPrompts(nullptr);
+    m_manager.closeDatabase();
+    m_manager.setPrompts(nullptr);
 }
 
 QString TemporaryLibrary::folder(const QString& name)
@@ -40,8 +49,8 @@ QString TemporaryLibrary::folder(const QString& name)
 
 bool TemporaryLibrary::reopen()
 {
-    m_manager->closeDatabase();
-    return m_manager->validateDatabaseAtURL(packagePath());
+    m_manager.closeDatabase();
+    return m_manager.validateDatabaseAtURL(packagePath());
 }
 
 void TemporaryLibrary::save()
@@ -61,9 +70,7 @@ std::shared_ptr<store::Collections> TemporaryLibrary::addCollection(const QStrin
     collection->setType(type);
     collection->setDateCreated(now);
     collection->setDateModified(now);
-    collection->setIsAscending(false);
-    collection->setSortKey(7);
-    collection->setZoomValue(0.4);
+    setNewestFirst(*collection);
     collection->setLabel(0);
     save();
     return collection;
@@ -110,9 +117,7 @@ std::shared_ptr<store::Tags> TemporaryLibrary::addTag(const QString& title)
     tag->setTagID(freshID());
     tag->setTitle(title);
     tag->setTagColor(QString());
-    tag->setIsAscending(false);
-    tag->setSortKey(7);
-    tag->setZoomValue(0.4);
+    setNewestFirst(*tag);
     save();
     return tag;
 }
@@ -134,9 +139,7 @@ std::shared_ptr<store::Colors> TemporaryLibrary::addColor(const QString& colorID
     color->setColorID(colorID);
     color->setColorType(colorType);
     color->setIsLike(false);
-    color->setIsAscending(false);
-    color->setSortKey(7);
-    color->setZoomValue(0.4);
+    setNewestFirst(*color);
     save();
     return color;
 }

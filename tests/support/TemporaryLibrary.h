@@ -14,21 +14,19 @@
 
 namespace mosaro::test {
 
-/// An open library in a temporary folder, with preferences and a support folder of its own. Opened through a
-/// ZNDBManager that is not the shared one, unless `shared` is asked for.
+/// An open library in a temporary folder, with preferences and a support folder of its own. Its
+/// ZNDBManager is not the shared one.
 class TemporaryLibrary {
 public:
-    enum class Manager { Own, Shared };
-
-    explicit TemporaryLibrary(Manager manager = Manager::Own);
+    TemporaryLibrary();
     ~TemporaryLibrary();
 
-    [[nodiscard]] bool isOpen() const { return m_manager->isOpenedDatabase(); }
-    [[nodiscard]] store::ZNDBManager& manager() { return *m_manager; }
-    [[nodiscard]] store::StoreContext& context() { return *m_manager->context(); }
-    [[nodiscard]] store::LibraryState& state() { return m_manager->state(); }
-    [[nodiscard]] const store::LibraryPackage& package() const { return m_manager->package(); }
-    [[nodiscard]] base::ZNUserDefaults& defaults() { return *m_defaults; }
+    [[nodiscard]] bool isOpen() const { return m_manager.isOpenedDatabase(); }
+    [[nodiscard]] store::ZNDBManager& manager() { return m_manager; }
+    [[nodiscard]] store::StoreContext& context() { return *m_manager.context(); }
+    [[nodiscard]] store::LibraryState& state() { return m_manager.state(); }
+    [[nodiscard]] const store::LibraryPackage& package() const { return m_manager.package(); }
+    [[nodiscard]] base::ZNUserDefaults& defaults() { return m_defaults; }
     [[nodiscard]] FakeBookmarks& bookmarks() { return m_bookmarks; }
     [[nodiscard]] FakePrompts& prompts() { return m_prompts; }
     /// An existing folder for a test's files, outside the library.
@@ -53,11 +51,10 @@ private:
     void save();
 
     QTemporaryDir m_root;
-    std::unique_ptr<base::ZNUserDefaults> m_defaults;
+    base::ZNUserDefaults m_defaults{m_root.path() + QStringLiteral("/preferences.ini")};
     FakeBookmarks m_bookmarks;
     FakePrompts m_prompts;
-    std::unique_ptr<store::ZNDBManager> m_own;
-    store::ZNDBManager* m_manager;
+    store::ZNDBManager m_manager;
 };
 
 /// A random identifier as records have.
