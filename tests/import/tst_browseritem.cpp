@@ -6,6 +6,7 @@
 #include <QTest>
 
 using namespace mosaro;
+using namespace Qt::StringLiterals;
 using importing::MRBrowserItem;
 
 class BrowserItemTest : public QObject {
@@ -13,11 +14,11 @@ class BrowserItemTest : public QObject {
 
 private:
     test::TemporaryLibrary m_library;
-    std::shared_ptr<store::Collections> m_collection = m_library.addCollection(QStringLiteral("Logos"));
+    std::shared_ptr<store::Collections> m_collection = m_library.addCollection(u"Logos"_s);
 
     std::shared_ptr<store::Media> add(bool files = false)
     {
-        return m_library.addMedia(QStringLiteral("A title"), m_collection, files);
+        return m_library.addMedia(u"A title"_s, m_collection, files);
     }
     MRBrowserItem itemOf(const std::shared_ptr<store::Media>& media)
     {
@@ -31,35 +32,34 @@ private Q_SLOTS:
         QLocale::setDefault(QLocale::c());
     }
 
-    void subtitleFollowsTheSortKey_data()
-    {
-        QTest::addColumn<int>("sortKey");
-        QTest::addColumn<QString>("expected");
-        const QString date = QLocale::c().toString(QDateTime({2020, 5, 17}, {14, 30}), QLocale::ShortFormat);
-        QTest::newRow("title") << 0 << QStringLiteral("640 x 480");
-        QTest::newRow("size") << 1 << QStringLiteral("1 KB");
-        QTest::newRow("rating") << 2 << QStringLiteral("640 x 480");
-        QTest::newRow("width") << 3 << base::text("Label.Width", QStringLiteral("640"));
-        QTest::newRow("height") << 4 << base::text("Label.Height", QStringLiteral("480"));
-        QTest::newRow("created") << 5 << date;
-        QTest::newRow("modified") << 6 << date;
-        QTest::newRow("imported") << 7 << date;
-        QTest::newRow("opened") << 8 << date;
-        QTest::newRow("unknown") << 9 << QStringLiteral("640 x 480");
-    }
     void subtitleFollowsTheSortKey()
     {
-        QFETCH(int, sortKey);
         const auto media = add();
-        const QDateTime date({2020, 5, 17}, {14, 30});
-        media->setMediaDateCreated(date);
-        media->setMediaDateModified(date);
-        media->setMediaDateImported(date);
-        media->setMediaDateLastOpened(date);
+        const QDateTime when({2020, 5, 17}, {14, 30});
+        media->setMediaDateCreated(when);
+        media->setMediaDateModified(when.addYears(1));
+        media->setMediaDateImported(when.addYears(2));
+        media->setMediaDateLastOpened(when.addYears(3));
+        const auto date = [&when](int years) {
+            return QLocale::c().toString(when.addYears(years), QLocale::ShortFormat);
+        };
+        const QString size = u"640 x 480"_s;
+        const QStringList expected{size,
+                                   u"1 KB"_s,
+                                   size,
+                                   base::text("Label.Width", u"640"_s),
+                                   base::text("Label.Height", u"480"_s),
+                                   date(0),
+                                   date(1),
+                                   date(2),
+                                   date(3),
+                                   size};
         MRBrowserItem item = itemOf(media);
         QCOMPARE(item.sortKey(), 7);
-        item.setSortKey(sortKey);
-        QTEST(item.imageSubtitle(), "expected");
+        for (int key = 0; key < expected.size(); ++key) {
+            item.setSortKey(key);
+            QCOMPARE(item.imageSubtitle(), expected[key]);
+        }
     }
 
     void resolvesPaths()
@@ -69,150 +69,111 @@ private Q_SLOTS:
         const QString folder =
             m_library.package().masterDirPath() +
             store::LibraryPackage::itemFolder(media->mediaDateImported().date(), media->mediaID());
-        QCOMPARE(item.mediaPath(), folder + QStringLiteral("/Originals/file.png"));
-        QCOMPARE(item.thumbPath(), folder + QStringLiteral("/Preivew/preview.png"));
+        QCOMPARE(item.mediaPath(), folder + u"/Originals/file.png"_s);
+        QCOMPARE(item.thumbPath(), folder + u"/Preivew/preview.png"_s);
         QCOMPARE(item.imageUID(), item.thumbPath());
         QCOMPARE(item.itemFolderPath(), folder);
-        QCOMPARE(item.mediaFilterSettingPath(), folder + QStringLiteral("/filters.plist"));
-        QCOMPARE(item.mediaColorTablePath(), folder + QStringLiteral("/colorTables.plist"));
+        QCOMPARE(item.mediaFilterSettingPath(), folder + u"/filters.plist"_s);
+        QCOMPARE(item.mediaColorTablePath(), folder + u"/colorTables.plist"_s);
         QCOMPARE(item.mediaReadablePath(), item.mediaPath());
         QCOMPARE(item.fullSizePreviewPath(), QString());
-        QCOMPARE(item.mediaFilename(), QStringLiteral("file.png"));
-        QCOMPARE(item.mediaExtension(), QStringLiteral("png"));
+        QCOMPARE(item.mediaFilename(), u"file.png"_s);
+        QCOMPARE(item.mediaExtension(), u"png"_s);
         QCOMPARE(item.mediaShareURL(), QUrl::fromLocalFile(item.mediaPath()));
         QVERIFY(!item.isReferencedMedia());
         QVERIFY(!item.isReadableMediaAtPath());
         QVERIFY(!item.mediaFileIsModified());
     }
 
-    void drawsTheSideFile_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("suffix");
-        const QStringList suffixes{QStringLiteral("11 _raw.jpg"),      QStringLiteral("12 _svg.png"),
-                                   QStringLiteral("15 _ai.png"),       QStringLiteral("16 _eps.png"),
-                                   QStringLiteral("17 _afdesign.png"), QStringLiteral("18 _afphoto.png"),
-                                   QStringLiteral("19 _idraw.png"),    QStringLiteral("20 _pxm.png"),
-                                   QStringLiteral("21 _sketch.png"),   QStringLiteral("22 _acorn.png")};
-        for (const QString& row : suffixes) {
-            QTest::newRow(qPrintable(row)) << row.section(u' ', 0, 0).toInt() << row.section(u' ', 1);
-        }
-    }
     void drawsTheSideFile()
     {
-        QFETCH(int, type);
-        QFETCH(QString, suffix);
-        const auto media = add(true);
-        media->setMediaDocumentType(type);
-        const MRBrowserItem item = itemOf(media);
-        QCOMPARE(item.fullSizePreviewPath(),
-                 item.itemFolderPath() + QStringLiteral("/Originals/file") + suffix);
-        QCOMPARE(item.mediaReadablePath(), item.thumbPath());
-        test::writeFile(item.fullSizePreviewPath(), "side");
-        QCOMPARE(item.mediaReadablePath(), item.fullSizePreviewPath());
-        QCOMPARE(item.mediaURL(), QUrl::fromLocalFile(item.fullSizePreviewPath()));
+        const QStringList suffixes{u"11 _raw.jpg"_s,   u"12 _svg.png"_s,      u"15 _ai.png"_s,
+                                   u"16 _eps.png"_s,   u"17 _afdesign.png"_s, u"18 _afphoto.png"_s,
+                                   u"19 _idraw.png"_s, u"20 _pxm.png"_s,      u"21 _sketch.png"_s,
+                                   u"22 _acorn.png"_s};
+        for (const QString& row : suffixes) {
+            const auto media = add(true);
+            media->setMediaDocumentType(row.section(u' ', 0, 0).toInt());
+            const MRBrowserItem item = itemOf(media);
+            QCOMPARE(item.fullSizePreviewPath(),
+                     item.itemFolderPath() + u"/Originals/file"_s + row.section(u' ', 1));
+            QCOMPARE(item.mediaReadablePath(), item.thumbPath());
+            test::writeFile(item.fullSizePreviewPath(), "side");
+            QCOMPARE(item.mediaReadablePath(), item.fullSizePreviewPath());
+            QCOMPARE(item.mediaURL(), QUrl::fromLocalFile(item.fullSizePreviewPath()));
+        }
     }
 
     void readsReferencesWhereTheyAre()
     {
         const auto media = add();
-        const QString source = m_library.folder() + QStringLiteral("/there.eps");
+        const QString source = m_library.folder() + u"/there.eps"_s;
         test::writeFile(source, "eps");
-        media->setMediaPath(QStringLiteral(""));
+        media->setMediaPath(u""_s);
         media->setMediaOriginalPath(source);
         media->setMediaDocumentType(16);
         const MRBrowserItem item = itemOf(media);
         QVERIFY(item.isReferencedMedia());
         QVERIFY(item.isReadableMediaAtPath());
         QCOMPARE(item.mediaPath(), source);
-        QCOMPARE(item.fullSizePreviewPath(),
-                 item.itemFolderPath() + QStringLiteral("/Originals/there_eps.png"));
+        QCOMPARE(item.fullSizePreviewPath(), item.itemFolderPath() + u"/Originals/there_eps.png"_s);
         QVERIFY(item.thumbPath().startsWith(m_library.package().masterDirPath()));
     }
 
-    void seesChangesOnTheDisk_data()
-    {
-        QTest::addColumn<int>("sizeOffset");
-        QTest::addColumn<int>("secondsOffset");
-        QTest::addColumn<bool>("isModified");
-        QTest::newRow("the same") << 0 << 0 << false;
-        QTest::newRow("touched") << 0 << 5 << false;
-        QTest::newRow("size alone") << 1 << 0 << false;
-        QTest::newRow("both") << 1 << 5 << true;
-    }
     void seesChangesOnTheDisk()
     {
-        QFETCH(int, sizeOffset);
-        QFETCH(int, secondsOffset);
         const auto media = add(true);
         const MRBrowserItem item = itemOf(media);
         const QFileInfo file(item.mediaPath());
-        media->setMediaFileSize(file.size() + sizeOffset);
-        media->setMediaDateModified(file.lastModified().addSecs(secondsOffset));
-        QTEST(item.mediaFileIsModified(), "isModified");
+        for (const auto& [size, seconds] : {std::pair(0, 0), {0, 5}, {1, 0}, {1, 5}}) {
+            media->setMediaFileSize(file.size() + size);
+            media->setMediaDateModified(file.lastModified().addSecs(seconds));
+            QCOMPARE(item.mediaFileIsModified(), size == 1 && seconds == 5); // Not by one of them alone.
+        }
         QFile::remove(item.mediaPath());
         QVERIFY(!item.mediaFileIsModified());
     }
 
-    void tellsOfTheDocument_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("badge");
-        QTest::addColumn<QString>("sizeWithDocument");
-        QTest::addColumn<bool>("isThirdParty");
-        const char* const badges[] = {"PDF", "JPG", "JP2", "TIF", "PICT", "GIF", "PNG", "PICT", "ICNS",
-                                      "BMP", "ICO", "RAW", "SVG", "TGA",  "PSD", "AI",  "EPS"};
-        const QString plain = QStringLiteral("640 x 480");
-        for (int type = 0; type < 17; ++type) {
-            QTest::addRow("%d", type) << type << QString::fromLatin1(badges[type]) << plain << false;
-        }
-        QTest::newRow("17") << 17 << QStringLiteral("AffinityDesigner_icon")
-                            << QStringLiteral("Affinity Designer") << true;
-        QTest::newRow("18") << 18 << QStringLiteral("AffinityPhoto_icon") << QStringLiteral("Affinity Photo")
-                            << true;
-        QTest::newRow("19") << 19 << QStringLiteral("iDraw_icon") << QStringLiteral("iDraw") << true;
-        QTest::newRow("20") << 20 << QStringLiteral("Pixelmator_icon") << QStringLiteral("Pixelmator")
-                            << true;
-        QTest::newRow("21") << 21 << QStringLiteral("Sketch_icon") << QStringLiteral("Sketch") << true;
-        QTest::newRow("22") << 22 << QStringLiteral("Acorn_icon") << QStringLiteral("Acorn") << true;
-        QTest::newRow("23") << 23 << QStringLiteral("MOV") << plain << false;
-        QTest::newRow("24") << 24 << QStringLiteral("M4V") << plain << false;
-        QTest::newRow("25") << 25 << QStringLiteral("MP4") << plain << false;
-        QTest::newRow("26") << 26 << QString() << plain << false;
-        QTest::newRow("-1") << -1 << QString() << plain << false;
-    }
     void tellsOfTheDocument()
     {
-        QFETCH(int, type);
-        QFETCH(QString, badge);
-        QFETCH(bool, isThirdParty);
+        const QStringList programs{u"Affinity Designer"_s, u"Affinity Photo"_s, u"iDraw"_s,
+                                   u"Pixelmator"_s,        u"Sketch"_s,         u"Acorn"_s};
         const auto media = add();
-        media->setMediaDocumentType(type);
         const MRBrowserItem item = itemOf(media);
-        QCOMPARE(item.docSymbolBadge(), badge);
-        QCOMPARE(item.docSymbolRetinaBadge(), badge.isEmpty() ? QString() : badge + QStringLiteral("_R"));
-        QTEST(item.imageSizeWithDocument(), "sizeWithDocument");
-        QCOMPARE(item.isThirdPartyFormat(), isThirdParty);
-        QCOMPARE(item.imageSize(), isThirdParty ? QStringLiteral("-----") : QStringLiteral("640 x 480"));
-        QCOMPARE(item.imageHasAlphaAsString(),
-                 isThirdParty ? QStringLiteral("-----") : base::text("Basic.NO"));
-        QCOMPARE(item.isPDF(), type == 0);
-        QCOMPARE(item.isMovieFile(), type >= 23 && type <= 25);
+        for (int type = -1; type <= 26; ++type) {
+            media->setMediaDocumentType(type);
+            const bool isThirdParty = type >= 17 && type <= 22;
+            const bool isMovie = type >= 23 && type <= 25;
+            const QString program = programs.value(type - 17);
+            QCOMPARE(item.isThirdPartyFormat(), isThirdParty);
+            QCOMPARE(item.isPDF(), type == 0);
+            QCOMPARE(item.isMovieFile(), isMovie);
+            QCOMPARE(item.imageSizeWithDocument(), isThirdParty ? program : u"640 x 480"_s);
+            QCOMPARE(item.imageSize(), isThirdParty ? u"-----"_s : u"640 x 480"_s);
+            QCOMPARE(item.imageHasAlphaAsString(), isThirdParty ? u"-----"_s : base::text("Basic.NO"));
+            const QString badge = item.docSymbolBadge();
+            QCOMPARE(badge.isEmpty(), type < 0 || type > 25);
+            QCOMPARE(item.docSymbolRetinaBadge(), badge.isEmpty() ? QString() : badge + u"_R"_s);
+            if (isThirdParty)
+                QCOMPARE(badge, QString(program).remove(u' ') + u"_icon"_s);
+        }
+        for (const auto& [type, badge] : {std::pair(0, u"PDF"_s),
+                                          {7, u"PICT"_s},
+                                          {8, u"ICNS"_s},
+                                          {16, u"EPS"_s},
+                                          {23, u"MOV"_s},
+                                          {25, u"MP4"_s}}) {
+            media->setMediaDocumentType(type);
+            QCOMPARE(item.docSymbolBadge(), badge);
+        }
     }
 
     void formatsLabelsAndRatings()
     {
         const auto media = add();
         const MRBrowserItem item = itemOf(media);
-        const QStringList labels{QString(),
-                                 QStringLiteral("RED"),
-                                 QStringLiteral("ORANGE"),
-                                 QStringLiteral("YELLOW"),
-                                 QStringLiteral("GREEN"),
-                                 QStringLiteral("BLUE"),
-                                 QStringLiteral("PURPLE"),
-                                 QStringLiteral("GRAY"),
-                                 QString()};
+        const QStringList labels{{},        u"RED"_s,    u"ORANGE"_s, u"YELLOW"_s, u"GREEN"_s,
+                                 u"BLUE"_s, u"PURPLE"_s, u"GRAY"_s,   {}};
         for (int label = 0; label < labels.size(); ++label) {
             media->setMediaLabel(label);
             QCOMPARE(item.labelSymbolBadge(), labels[label]);
@@ -220,34 +181,28 @@ private Q_SLOTS:
         media->setMediaRating(0);
         QCOMPARE(item.mediaRatingAsString(), base::text("Basic.None"));
         media->setMediaRating(3);
-        QCOMPARE(item.mediaRatingAsString(), QStringLiteral("★★★"));
-        QCOMPARE(item.mediaRatingAsShortString(), QStringLiteral("★ 3"));
+        QCOMPARE(item.mediaRatingAsString(), u"★★★"_s);
+        QCOMPARE(item.mediaRatingAsShortString(), u"★ 3"_s);
         media->setMediaRating(6);
         QCOMPARE(item.mediaRatingAsString(), QString());
         media->setImageDPI(71.9);
-        QCOMPARE(item.imageDPIAsString(), QStringLiteral("71 pixel/inch"));
+        QCOMPARE(item.imageDPIAsString(), u"71 pixel/inch"_s);
         media->setMediaWidth(1e300);
         QCOMPARE(item.width(), 0);
     }
 
-    void showsOnlyWebAddresses_data()
-    {
-        QTest::addColumn<QString>("address");
-        QTest::addColumn<bool>("isShown");
-        QTest::newRow("http") << QStringLiteral("http://a") << true;
-        QTest::newRow("https") << QStringLiteral("https://a") << true;
-        QTest::newRow("ftp") << QStringLiteral("ftp://a") << false;
-        QTest::newRow("no slashes") << QStringLiteral("http:a") << false;
-    }
     void showsOnlyWebAddresses()
     {
-        QFETCH(QString, address);
-        QFETCH(bool, isShown);
-        const auto media = add();
-        QVERIFY(!itemOf(media).hasURLInfo());
-        media->setMediaWeburl(address);
-        QVERIFY(itemOf(media).hasURLInfo());
-        QCOMPARE(itemOf(media).url(), isShown ? address : QString());
+        for (const auto& [address, isShown] : {std::pair(u"http://a"_s, true),
+                                               {u"https://a"_s, true},
+                                               {u"ftp://a"_s, false},
+                                               {u"http:a"_s, false}}) {
+            const auto media = add();
+            QVERIFY(!itemOf(media).hasURLInfo());
+            media->setMediaWeburl(address);
+            QVERIFY(itemOf(media).hasURLInfo());
+            QCOMPARE(itemOf(media).url(), isShown ? address : QString());
+        }
     }
 
     void findsRelations()
@@ -255,18 +210,18 @@ private Q_SLOTS:
         const auto media = add();
         const MRBrowserItem item = itemOf(media);
         QCOMPARE(item.backgroundColorAsString() + item.detailColorAsString(), QString());
-        m_library.link(media, m_library.addTag(QStringLiteral("one")));
-        m_library.link(media, m_library.addColor(QStringLiteral("c0"), 0));
-        m_library.link(media, m_library.addColor(QStringLiteral("c3"), 3));
-        QCOMPARE(item.tagsWithName(), QStringList{QStringLiteral("one")});
-        QCOMPARE(item.backgroundColorAsString(), QStringLiteral("c0"));
+        m_library.link(media, m_library.addTag(u"one"_s));
+        m_library.link(media, m_library.addColor(u"c0"_s, 0));
+        m_library.link(media, m_library.addColor(u"c3"_s, 3));
+        QCOMPARE(item.tagsWithName(), QStringList{u"one"_s});
+        QCOMPARE(item.backgroundColorAsString(), u"c0"_s);
         QCOMPARE(item.primaryColorAsString(), QString());
-        QCOMPARE(item.detailColorAsString(), QStringLiteral("c3"));
+        QCOMPARE(item.detailColorAsString(), u"c3"_s);
         QCOMPARE(item.colors().size(), size_t(2));
-        QCOMPARE(item.collectionTitle(), QStringLiteral("Logos"));
+        QCOMPARE(item.collectionTitle(), u"Logos"_s);
         QCOMPARE(item.collectionMediaCount(), m_collection->mediaCount());
         QVERIFY(!item.hasThumbBackground());
-        media->setMediaOtherInfo({{QStringLiteral("BackgroundColor"), QStringLiteral("1.0+0.5+0.0+1.0")}});
+        media->setMediaOtherInfo({{u"BackgroundColor"_s, u"1.0+0.5+0.0+1.0"_s}});
         QCOMPARE(item.thumbBackgroundColor()->green, 0.5F);
     }
 

@@ -8,11 +8,17 @@
 #include <QtTest>
 
 using namespace mosaro;
-using importing::DocumentType;
+using namespace Qt::StringLiterals;
 using importing::MediaClassification;
 using importing::MediaKind;
 
 namespace {
+
+struct KindRow {
+    QString name;
+    QSize size;
+    MediaKind kind;
+};
 
 class tst_MediaClassification : public QObject {
     Q_OBJECT
@@ -20,66 +26,39 @@ class tst_MediaClassification : public QObject {
 private Q_SLOTS:
     void initTestCase() { base::installTexts(); }
 
-    void typeOfExtension_data()
-    {
-        QTest::addColumn<QString>("extension");
-        QTest::addColumn<int>("type"); // -1: not accepted
-        const auto row = [](const char* extension, int type) {
-            QTest::newRow(extension) << QString::fromLatin1(extension) << type;
-        };
-        row("pdf", 0);
-        row("JPG", 1);
-        row("jpeg", 1);
-        row("jpf", 2);
-        row("tiff", 3);
-        row("pct", 4);
-        row("Gif", 5);
-        row("png", 6);
-        row("qtif", 7);
-        row("icns", 8);
-        row("bmp", 9);
-        row("ico", 10);
-        for (const char* raw : {"cr2", "NEF", "arw", "dng", "orf", "rw2", "raf", "pef", "srw", "crw"})
-            row(raw, 11);
-        row("svg", 12);
-        row("vda", 13);
-        row("psd", 14);
-        row("ai", 15);
-        row("ps", 16);
-        row("epsf", 16);
-        row("heic", -1);
-        row("mp4", -1);
-        row("txt", -1);
-        row("", -1);
-        row("sketch", -1);
-        row("afdesign", -1);
-    }
     void typeOfExtension()
     {
-        QFETCH(QString, extension);
-        QFETCH(int, type);
-        const auto found = m_classification.documentTypeForExtension(extension);
-        QCOMPARE(found ? static_cast<int>(*found) : -1, type);
+        const std::vector<std::pair<const char*, int>> rows{
+            {"pdf", 0},  {"JPG jpeg", 1}, {"jpf", 2},
+            {"tiff", 3}, {"pct", 4},      {"Gif", 5},
+            {"png", 6},  {"qtif", 7},     {"icns", 8},
+            {"bmp", 9},  {"ico", 10},     {"cr2 NEF arw dng orf rw2 raf pef srw crw", 11},
+            {"svg", 12}, {"vda", 13},     {"psd", 14},
+            {"ai", 15},  {"ps epsf", 16}, {"heic mp4 txt sketch afdesign", -1}};
+        for (const auto& [extensions, type] : rows) {
+            for (const QString& extension : QString::fromLatin1(extensions).split(u' '))
+                QVERIFY2(number(m_classification, extension) == type, qPrintable(extension));
+        }
+        QCOMPARE(number(m_classification, {}), -1);
     }
 
     // What the fixed extensions do not know, the desktop's database may; the earlier row wins.
     void typeByDesktopDatabase()
     {
         test::FakeTypes types;
-        types.mimeTypes = {{QStringLiteral("fx"), QStringLiteral("image/x-both")},
-                           {QStringLiteral("newraw"), QStringLiteral("image/x-newraw")},
-                           {QStringLiteral("tgb"), QStringLiteral("image/x-tga-child")},
-                           {QStringLiteral("dng"), QStringLiteral("image/x-adobe-dng")}};
-        types.ancestors = {
-            {QStringLiteral("image/x-both"), {QStringLiteral("image/x-dcraw"), QStringLiteral("image/tiff")}},
-            {QStringLiteral("image/x-newraw"), {QStringLiteral("image/x-dcraw")}},
-            {QStringLiteral("image/x-tga-child"), {QStringLiteral("image/x-tga")}},
-            {QStringLiteral("image/x-adobe-dng"), {QStringLiteral("image/tiff")}}};
+        types.mimeTypes = {{u"fx"_s, u"image/x-both"_s},
+                           {u"newraw"_s, u"image/x-newraw"_s},
+                           {u"tgb"_s, u"image/x-tga-child"_s},
+                           {u"dng"_s, u"image/x-adobe-dng"_s}};
+        types.ancestors = {{u"image/x-both"_s, {u"image/x-dcraw"_s, u"image/tiff"_s}},
+                           {u"image/x-newraw"_s, {u"image/x-dcraw"_s}},
+                           {u"image/x-tga-child"_s, {u"image/x-tga"_s}},
+                           {u"image/x-adobe-dng"_s, {u"image/tiff"_s}}};
         const MediaClassification classification(types, m_thumbnailers);
-        QCOMPARE(classification.documentTypeForExtension(QStringLiteral("fx")), DocumentType::Tiff);
-        QCOMPARE(classification.documentTypeForExtension(QStringLiteral("newraw")), DocumentType::Raw);
-        QVERIFY(!classification.documentTypeForExtension(QStringLiteral("tgb"))); // must be the type itself
-        QCOMPARE(classification.documentTypeForExtension(QStringLiteral("dng")), DocumentType::Raw);
+        QCOMPARE(number(classification, u"fx"_s), 3);
+        QCOMPARE(number(classification, u"newraw"_s), 11);
+        QCOMPARE(number(classification, u"tgb"_s), -1); // must be the type itself
+        QCOMPARE(number(classification, u"dng"_s), 11);
     }
 
     void designDocuments_data()
@@ -88,8 +67,8 @@ private Q_SLOTS:
         QTest::addColumn<bool>("sharedType"); // the desktop gives the documents of both applications one type
         QTest::addColumn<int>("afdesign");
         QTest::addColumn<int>("afphoto");
-        const QString designer = QStringLiteral("application/x-affinity-designer");
-        const QString photo = QStringLiteral("application/x-affinity-photo");
+        const QString designer = u"application/x-affinity-designer"_s;
+        const QString photo = u"application/x-affinity-photo"_s;
         QTest::newRow("none") << QStringList() << false << -1 << -1;
         QTest::newRow("none, shared") << QStringList() << true << -1 << -1;
         QTest::newRow("designer") << QStringList{designer} << false << 17 << -1;
@@ -106,35 +85,29 @@ private Q_SLOTS:
         test::FakeTypes types;
         if (sharedType) {
             for (const char* extension : {"afdesign", "afphoto", "aftemplate"})
-                types.mimeTypes[QString::fromLatin1(extension)] = QStringLiteral("application/x-affinity");
+                types.mimeTypes[QString::fromLatin1(extension)] = u"application/x-affinity"_s;
         }
         test::FakeThumbnailers lookup;
         lookup.installed = thumbnailers;
         const MediaClassification classification(types, lookup);
-        const auto number = [&](const char* extension) {
-            const auto type = classification.documentTypeForExtension(QString::fromLatin1(extension));
-            return type ? static_cast<int>(*type) : -1;
-        };
-        QCOMPARE(number("afdesign"), afdesign);
-        QCOMPARE(number("AFDESIGN"), afdesign);
-        QCOMPARE(number("afphoto"), afphoto);
-        QCOMPARE(number("aftemplate"), -1);
+        QCOMPARE(number(classification, u"afdesign"_s), afdesign);
+        QCOMPARE(number(classification, u"AFDESIGN"_s), afdesign);
+        QCOMPARE(number(classification, u"afphoto"_s), afphoto);
+        QCOMPARE(number(classification, u"aftemplate"_s), -1);
     }
 
     void allowedMediaFollowsWhatIsInstalled()
     {
         const QStringList fixed = m_classification.allowedMedia();
         QCOMPARE(fixed.size(), 32);
-        QCOMPARE(fixed.mid(0, 4).join(u' '), QStringLiteral("gif GIF jpg JPG"));
-        QCOMPARE(fixed.last(), QStringLiteral("TGA"));
-        QVERIFY(!fixed.contains(QStringLiteral("cr2")));
+        QCOMPARE(fixed.mid(0, 4).join(u' '), u"gif GIF jpg JPG"_s);
+        QCOMPARE(fixed.last(), u"TGA"_s);
+        QVERIFY(!fixed.contains(u"cr2"_s));
 
         test::FakeThumbnailers lookup;
-        lookup.installed =
-            QStringList{QStringLiteral("application/x-sketch"), QStringLiteral("application/x-idraw")};
+        lookup.installed = QStringList{u"application/x-sketch"_s, u"application/x-idraw"_s};
         const MediaClassification classification(m_types, lookup);
-        QCOMPARE(classification.allowedMedia().mid(32).join(u' '),
-                 QStringLiteral("idraw IDRAW sketch SKETCH"));
+        QCOMPARE(classification.allowedMedia().mid(32).join(u' '), u"idraw IDRAW sketch SKETCH"_s);
         QVERIFY(classification.installedSketch());
         QVERIFY(!classification.installedAcorn());
     }
@@ -142,82 +115,66 @@ private Q_SLOTS:
     void absentFilesHaveNoType()
     {
         QTemporaryDir folder;
-        const QString pdf = folder.filePath(QStringLiteral("a.PDF"));
-        const QString unknown = folder.filePath(QStringLiteral("a.xyz"));
+        const QString pdf = folder.filePath(u"a.PDF"_s);
+        const QString unknown = folder.filePath(u"a.xyz"_s);
         QVERIFY(test::writeBytes(pdf, "%PDF") && test::writeBytes(unknown, "?"));
-        QCOMPARE(m_classification.mediaContentType(pdf), QStringLiteral("Portable Document Format (PDF)"));
+        QCOMPARE(m_classification.mediaContentType(pdf), u"Portable Document Format (PDF)"_s);
         QCOMPARE(m_classification.mediaContentTypeAsInteger(pdf), 0);
         QCOMPARE(m_classification.mediaContentType(unknown), QString());
         QCOMPARE(m_classification.mediaContentTypeAsInteger(unknown), 0);
-        QCOMPARE(m_classification.mediaContentType(folder.filePath(QStringLiteral("gone.png"))), QString());
+        QCOMPARE(m_classification.mediaContentType(folder.filePath(u"gone.png"_s)), QString());
         QCOMPARE(m_classification.mediaContentType({}), QString());
     }
 
     void kindOfPath_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<int>("kind");
-        const auto row = [](const char* title, const char* name, QSize size, MediaKind kind) {
-            QTest::newRow(title) << QString::fromLatin1(name) << size << static_cast<int>(kind);
-        };
-        row("wallpaper", "a.png", {2560, 1440}, MediaKind::Wallpaper);
-        row("phone beats wallpaper", "a.png", {1920, 1080}, MediaKind::Phone);
-        row("phone beats wallpaper, upright", "a.png", {1080, 1920}, MediaKind::Phone);
-        row("tablet beats wallpaper", "a.png", {1024, 768}, MediaKind::Tablet);
-        row("tablet", "a.png", {768, 1024}, MediaKind::Tablet);
-        row("square phone", "a.png", {1440, 1440}, MediaKind::Phone);
-        row("turned table row is another", "a.png", {1440, 2560}, MediaKind::Other);
-        row("1600 by 2560", "a.png", {1600, 2560}, MediaKind::Other);
-        row("1600 by 2569", "a.png", {1600, 2569}, MediaKind::Wallpaper);
-        row("icon before size", "a.ico", {1024, 768}, MediaKind::Icon);
-        row("icns", "a.icns", {512, 512}, MediaKind::Icon);
-        row("pdf", "a.pdf", {1920, 1080}, MediaKind::Pdf);
-        row("no format", "a.xyz", {1920, 1080}, MediaKind::Phone);
-        row("absent", "gone/a.png", {1920, 1080}, MediaKind::Other);
+        QTest::addColumn<KindRow>("row");
+        const auto row = [](const char* title, const KindRow& given) { QTest::newRow(title) << given; };
+        row("wallpaper", {u"a.png"_s, {2560, 1440}, MediaKind::Wallpaper});
+        row("phone beats wallpaper", {u"a.png"_s, {1920, 1080}, MediaKind::Phone});
+        row("phone beats wallpaper, upright", {u"a.png"_s, {1080, 1920}, MediaKind::Phone});
+        row("tablet beats wallpaper", {u"a.png"_s, {1024, 768}, MediaKind::Tablet});
+        row("tablet", {u"a.png"_s, {768, 1024}, MediaKind::Tablet});
+        row("square phone", {u"a.png"_s, {1440, 1440}, MediaKind::Phone});
+        row("turned table row is another", {u"a.png"_s, {1440, 2560}, MediaKind::Other});
+        row("1600 by 2560", {u"a.png"_s, {1600, 2560}, MediaKind::Other});
+        row("1600 by 2569", {u"a.png"_s, {1600, 2569}, MediaKind::Wallpaper});
+        row("icon before size", {u"a.ico"_s, {1024, 768}, MediaKind::Icon});
+        row("icns", {u"a.icns"_s, {512, 512}, MediaKind::Icon});
+        row("pdf", {u"a.pdf"_s, {1920, 1080}, MediaKind::Pdf});
+        row("no format", {u"a.xyz"_s, {1920, 1080}, MediaKind::Phone});
+        row("absent", {u"gone/a.png"_s, {1920, 1080}, MediaKind::Other});
     }
     void kindOfPath()
     {
-        QFETCH(QString, name);
-        QFETCH(QSize, size);
-        QFETCH(int, kind);
+        QFETCH(KindRow, row);
         QTemporaryDir folder;
-        const QString path = folder.filePath(name);
-        if (!name.startsWith(QLatin1String("gone")))
+        const QString path = folder.filePath(row.name);
+        if (!row.name.startsWith(u"gone"))
             QVERIFY(test::writeBytes(path, "x"));
-        QCOMPARE(m_classification.mediaKindOfPath(path, size), kind);
-    }
-
-    void tablesKeepTheirOddities()
-    {
-        QCOMPARE(MediaClassification::phoneResolutions().size(), 28);
-        QCOMPARE(MediaClassification::phoneResolutions().count(QStringLiteral("{480, 800}")), 2);
-        QCOMPARE(MediaClassification::tabletResolutions().size(), 6);
-        QCOMPARE(MediaClassification::wallpaperResolutions().size(), 26);
-        QCOMPARE(MediaClassification::wallpaperResolutions().count(QStringLiteral("{2560, 1440}")), 2);
-        QCOMPARE(MediaClassification::wallpaperResolutions().at(22), QStringLiteral("{1600, 2569}"));
+        QCOMPARE(m_classification.mediaKindOfPath(path, row.size), static_cast<int>(row.kind));
     }
 
     void textsAndKeys()
     {
-        QCOMPARE(MediaClassification::documentType(QStringLiteral("jpg, jpeg")), 1);
-        QCOMPARE(MediaClassification::documentType(QStringLiteral("jpg")), -1);
-        QCOMPARE(MediaClassification::documentType(QStringLiteral("tiff")), -1);
-        QCOMPARE(MediaClassification::documentType({}), -1);
-        QCOMPARE(MediaClassification::mediaDocumentType(23), QString());
-        QCOMPARE(MediaClassification::mediaDocumentType(-1), QString());
-        QCOMPARE(MediaClassification::mediaKindType(3), QString());
-        QCOMPARE(MediaClassification::mediaKindType(16), QString());
-        QCOMPARE(MediaClassification::mediaKindType(13), QStringLiteral("Movie"));
+        QCOMPARE(MediaClassification::documentType(u"jpg, jpeg"_s), 1);
+        for (const QString& key : {u"jpg"_s, u"tiff"_s, QString()})
+            QCOMPARE(MediaClassification::documentType(key), -1);
+        for (const int none : {-1, 23})
+            QCOMPARE(MediaClassification::mediaDocumentType(none), QString());
+        for (const int none : {3, 16})
+            QCOMPARE(MediaClassification::mediaKindType(none), QString());
+        QCOMPARE(MediaClassification::mediaKindType(13), u"Movie"_s);
         for (int type = 0; type <= 22; ++type) {
             const QString text = MediaClassification::mediaDocumentType(type);
-            QVERIFY2(!text.isEmpty() && !text.startsWith(QLatin1String("Document.")), qPrintable(text));
+            QVERIFY2(!text.isEmpty() && !text.startsWith(u"Document."), qPrintable(text));
         }
-        const QVariantList kinds = MediaClassification::mediaKindList();
+        QList<int> kinds;
+        for (const QVariant& kind : MediaClassification::mediaKindList())
+            kinds.append(kind.toMap().value(u"tag"_s).toInt());
         QCOMPARE(kinds.size(), 11);
-        QCOMPARE(kinds.first().toMap().value(QStringLiteral("tag")).toInt(), 4);
-        for (const QVariant& kind : kinds)
-            QVERIFY(kind.toMap().value(QStringLiteral("tag")).toInt() != 13);
+        QCOMPARE(kinds.first(), 4);
+        QVERIFY(!kinds.contains(13));
     }
 
     void labelsMapBothWays()
@@ -233,6 +190,13 @@ private Q_SLOTS:
     }
 
 private:
+    /// The type's number, -1 when the extension is not accepted.
+    static int number(const MediaClassification& classification, const QString& extension)
+    {
+        const auto type = classification.documentTypeForExtension(extension);
+        return type ? static_cast<int>(*type) : -1;
+    }
+
     test::FakeTypes m_types;
     test::FakeThumbnailers m_thumbnailers;
     MediaClassification m_classification{m_types, m_thumbnailers};
