@@ -5,7 +5,6 @@
 
 #include <QtTest>
 #include <SQLiteCpp/SQLiteCpp.h>
-#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -34,42 +33,6 @@ QMap<QString, QByteArray> snapshot(const QString& path)
     }
     return files;
 }
-
-/// A child process that holds a directory's lock until this ends.
-class Holder {
-public:
-    explicit Holder(const QString& path)
-    {
-        int ready[2];
-        if (::pipe(ready) != 0)
-            qFatal("pipe");
-        m_process = ::fork();
-        if (m_process == 0) {
-            const int directory = ::open(qPrintable(path), O_RDONLY | O_DIRECTORY);
-            if (::flock(directory, LOCK_EX | LOCK_NB) == 0)
-                (void)!::write(ready[1], "y", 1);
-            ::close(ready[1]);
-            ::pause();
-            ::_exit(0);
-        }
-        ::close(ready[1]);
-        char answer = 'n';
-        m_holds = ::read(ready[0], &answer, 1) == 1;
-        ::close(ready[0]);
-    }
-    ~Holder()
-    {
-        ::kill(m_process, SIGKILL);
-        ::waitpid(m_process, nullptr, 0);
-    }
-    Q_DISABLE_COPY_MOVE(Holder)
-    [[nodiscard]] bool holds() const { return m_holds; }
-    [[nodiscard]] pid_t process() const { return m_process; }
-
-private:
-    pid_t m_process = 0;
-    bool m_holds = false;
-};
 
 using Damage = std::function<void(const QString&)>;
 constexpr auto kBrokenAtTheEnd = "a store with one broken page, the last";
@@ -292,17 +255,19 @@ private Q_SLOTS:
         }
         m_manager->closeDatabase();
         const auto before = snapshot(m_path);
-        auto holder = std::make_unique<Holder>(m_path);
-        QVERIFY(holder->holds());
+        QProcess holder;
+        holder.start(u"flock"_s, {u"--no-fork"_s, m_path, u"sh"_s, u"-c"_s, u"echo; exec sleep 600"_s});
+        QVERIFY(holder.waitForReadyRead());
         QVERIFY(!m_manager->validateDatabaseAtURL(m_path));
         const QString reason = m_manager->lastError();
-        QVERIFY2(reason.contains(QString::number(holder->process())) && reason.contains(u"tst_library"_s),
+        QVERIFY2(reason.contains(QString::number(holder.processId())) && reason.contains(u"sleep"_s),
                  qPrintable(reason));
         QCOMPARE(snapshot(m_path), before);
         m_prompts.saveAnswers = {m_path};
         QVERIFY(!m_manager->createDatabase()); // Not deleted while another has it open.
         QCOMPARE(snapshot(m_path), before);
-        holder.reset();
+        holder.kill();
+        QVERIFY(holder.waitForFinished());
         QVERIFY2(m_manager->validateDatabaseAtURL(m_path), qPrintable(m_manager->lastError()));
     }
 
