@@ -14,39 +14,33 @@ class tst_MemoryBudget : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void holdersNeverExceedIt_data()
-    {
-        QTest::addColumn<int>("megabytes");
-        QTest::addColumn<int>("atOnce");
-        QTest::newRow("a third each") << 3 << 3;
-        QTest::newRow("more than half") << 6 << 1;
-        QTest::newRow("more than there is") << 1000 << 1;
-    }
     void holdersNeverExceedIt()
     {
-        QFETCH(int, megabytes);
-        QFETCH(int, atOnce);
-        MemoryBudget budget(10 * kMegabyte);
-        std::atomic<int> holders = 0;
-        std::atomic<int> most = 0;
-        std::atomic<int> done = 0;
-        QThreadPool pool;
-        pool.setMaxThreadCount(8);
-        for (int job = 0; job < 200; ++job) {
-            pool.start([&] {
-                const QSemaphoreReleaser share = budget.take(megabytes * kMegabyte);
-                const int now = ++holders;
-                int before = most;
-                while (before < now && !most.compare_exchange_weak(before, now)) {
-                }
-                QThread::yieldCurrentThread();
-                --holders;
-                ++done;
-            });
+        // A third each, more than half, more than there is.
+        for (const auto& [megabytes, atOnce] : {std::pair{3, 3}, {6, 1}, {1000, 1}}) {
+            MemoryBudget budget(10 * kMegabyte);
+            const qint64 share = megabytes * kMegabyte;
+            std::atomic<int> holders = 0;
+            std::atomic<int> most = 0;
+            std::atomic<int> done = 0;
+            QThreadPool pool;
+            pool.setMaxThreadCount(8);
+            for (int job = 0; job < 200; ++job) {
+                pool.start([&] {
+                    const QSemaphoreReleaser taken = budget.take(share);
+                    const int now = ++holders;
+                    int before = most;
+                    while (before < now && !most.compare_exchange_weak(before, now)) {
+                    }
+                    QThread::yieldCurrentThread();
+                    --holders;
+                    ++done;
+                });
+            }
+            pool.waitForDone();
+            QCOMPARE(done.load(), 200);
+            QVERIFY2(most <= atOnce, qPrintable(QString::number(most)));
         }
-        pool.waitForDone();
-        QCOMPARE(done.load(), 200);
-        QVERIFY2(most <= atOnce, qPrintable(QString::number(most)));
     }
 
     void nothingCostsNothing()

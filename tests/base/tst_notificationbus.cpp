@@ -23,7 +23,7 @@ private Q_SLOTS:
         bus.observe(kOther, this, [&](const QVariant&) { calls << u"other"_s; });
         bus.post(kName, 7);
         bus.post("NOBODY"_L1);
-        QCOMPARE(calls, (QStringList{u"a7"_s, u"b7"_s}));
+        QCOMPARE(calls.join(u' '), u"a7 b7"_s);
     }
 
     void postsWithinPostsGoDeepFirst()
@@ -38,8 +38,7 @@ private Q_SLOTS:
         });
         bus.observe(kName, this, [&](const QVariant& value) { calls << value.toString(); });
         bus.post(kName, 1);
-        const QStringList expected{u"first"_s, u"first"_s, u"first ends"_s, u"0"_s, u"first ends"_s, u"1"_s};
-        QCOMPARE(calls, expected);
+        QCOMPARE(calls.join(u", "_s), u"first, first, first ends, 0, first ends, 1"_s);
     }
 
     void observersAddedDuringAPostWaitForTheNext()
@@ -60,29 +59,22 @@ private Q_SLOTS:
         QCOMPARE(late, 100);
     }
 
-    void observersRemovedDuringAPostEndWithIt()
+    void observersRemovedDuringAPostEndWithItAndTheDeadHearNothing()
     {
         NotificationBus bus;
         QObject second;
-        int calls = 0;
-        bus.observe(kName, this, [&](const QVariant&) { bus.removeObserver(&second); });
-        bus.observe(kName, &second, [&](const QVariant&) { ++calls; });
+        auto dying = std::make_unique<QObject>();
+        QStringList calls;
+        bus.observe(kName, this, [&](const QVariant&) {
+            bus.removeObserver(&second);
+            dying.reset();
+        });
+        bus.observe(kName, &second, [&](const QVariant&) { calls << u"second"_s; });
+        bus.observe(kName, dying.get(), [&](const QVariant&) { calls << u"dead"_s; });
         bus.post(kName);
-        QCOMPARE(calls, 1);
+        QCOMPARE(calls, QStringList{u"second"_s});
         bus.post(kName);
-        QCOMPARE(calls, 1);
-    }
-
-    void theDeadHearNothing()
-    {
-        NotificationBus bus;
-        int calls = 0;
-        auto second = std::make_unique<QObject>();
-        bus.observe(kName, this, [&](const QVariant&) { second.reset(); });
-        bus.observe(kName, second.get(), [&](const QVariant&) { ++calls; });
-        bus.post(kName);
-        bus.post(kName);
-        QCOMPARE(calls, 0);
+        QCOMPARE(calls, QStringList{u"second"_s});
     }
 
     void removalTakesAllNamesOfOneObserver()

@@ -14,8 +14,6 @@ using namespace mosaro::store;
 using namespace mosaro::test;
 using namespace Qt::StringLiterals;
 
-Q_DECLARE_METATYPE(AccessList::AddOutcome)
-
 namespace {
 
 VerificationReport verify(TemporaryLibrary& library)
@@ -54,38 +52,32 @@ private Q_SLOTS:
             QVERIFY2(!isSafePathComponent(unsafe), qPrintable(unsafe));
     }
 
-    void accessRules_data()
-    {
-        using enum AccessList::AddOutcome;
-        QTest::addColumn<QString>("folder");
-        QTest::addColumn<AccessList::AddOutcome>("outcome");
-        QTest::addColumn<QString>("grant");
-        QTest::newRow("root") << u"/"_s << Excluded << QString();
-        QTest::newRow("system") << u"/Library/"_s << Excluded << QString();
-        QTest::newRow("below system") << u"ROOT/x"_s << Added << u"ROOT/x"_s;
-        QTest::newRow("listed") << u"ROOT/a/b"_s << AlreadyListed << u"ROOT/a/b"_s;
-        QTest::newRow("listed, unclean") << u"ROOT/a//b/../b/"_s << AlreadyListed << u"ROOT/a/b"_s;
-        QTest::newRow("below a listed one") << u"ROOT/a/b/c/d"_s << AncestorListed << u"ROOT/a/b"_s;
-        QTest::newRow("above a listed one") << u"ROOT/a"_s << Added << u"ROOT/a"_s;
-        QTest::newRow("same beginning") << u"ROOT/a/bc"_s << Added << u"ROOT/a/bc"_s;
-        QTest::newRow("gone") << u"ROOT/none"_s << NoBookmark << QString();
-    }
     void accessRules()
     {
-        QFETCH(QString, folder);
-        QFETCH(QString, grant);
+        using enum AccessList::AddOutcome;
         QTemporaryDir root;
         for (const char* name : {"x", "a/b/c/d", "a/bc"})
             QVERIFY(QDir().mkpath(root.filePath(QLatin1String(name))));
-        FakeBookmarks bookmarks;
-        AccessList list;
-        QCOMPARE(list.add(root.filePath(u"a/b"_s), bookmarks), AccessList::AddOutcome::Added);
-        folder.replace(u"ROOT"_s, root.path());
-        grant.replace(u"ROOT"_s, root.path());
-        QTEST(list.add(folder, bookmarks), "outcome");
-        QCOMPARE(list.grantFor(folder), grant);
-        // With a folder and one below it listed, the folder itself comes first, then the nearest to the root.
-        QVERIFY(list.grantFor(root.filePath(u"a/b/c"_s)).startsWith(root.path()));
+        const FakeBookmarks bookmarks;
+        const auto at = [&root](QString path) { return path.replace(u"ROOT"_s, root.path()); };
+        // The folder, how adding it ends, and what then grants it.
+        for (const auto& [folder, outcome, grant] : {std::tuple{u"/"_s, Excluded, u""_s},
+                                                     {u"/Library/"_s, Excluded, u""_s},
+                                                     {u"ROOT/x"_s, Added, u"ROOT/x"_s},
+                                                     {u"ROOT/a/b"_s, AlreadyListed, u"ROOT/a/b"_s},
+                                                     {u"ROOT/a//b/../b/"_s, AlreadyListed, u"ROOT/a/b"_s},
+                                                     {u"ROOT/a/b/c/d"_s, AncestorListed, u"ROOT/a/b"_s},
+                                                     {u"ROOT/a"_s, Added, u"ROOT/a"_s},
+                                                     {u"ROOT/a/bc"_s, Added, u"ROOT/a/bc"_s},
+                                                     {u"ROOT/none"_s, NoBookmark, u""_s}}) {
+            AccessList list;
+            QCOMPARE(list.add(at(u"ROOT/a/b"_s), bookmarks), Added);
+            QVERIFY2(list.add(at(folder), bookmarks) == outcome, qPrintable(folder));
+            QCOMPARE(list.grantFor(at(folder)), at(grant));
+            // With a folder and one below it listed, the folder itself comes first, then the nearest to the
+            // root.
+            QVERIFY(list.grantFor(at(u"ROOT/a/b/c"_s)).startsWith(root.path()));
+        }
     }
 
     void accessListFile()
