@@ -11,6 +11,7 @@
 #include <atomic>
 
 using namespace mosaro;
+using namespace Qt::StringLiterals;
 using namespace mosaro::importing;
 using test::TgaKind;
 
@@ -33,8 +34,27 @@ bool near(const QColor& color, const QColor& expected, int tolerance)
 }
 
 #define COMPARE_COLOR(actual, expected, tolerance)                                                           \
-    QVERIFY2(near(actual, expected, tolerance),                                                              \
-             qPrintable((actual).name() + QStringLiteral(" for ") + (expected).name()))
+    QVERIFY2(near(actual, expected, tolerance), qPrintable((actual).name() + u" for "_s + (expected).name()))
+
+struct PlanRow {
+    QSize size;
+    QRect source;
+    QSize picture, canvas;
+};
+
+struct SizeRow {
+    QSize size, preview;
+    std::optional<QPoint> clear; ///< Transparent there, or black in a JPEG.
+    QPoint filled;
+};
+
+struct FramesRow {
+    QString name;
+    int pages;
+    QSize size;
+    MediaKind asked, kind;
+    bool frames;
+};
 
 class tst_Analysis : public QObject {
     Q_OBJECT
@@ -48,88 +68,74 @@ private Q_SLOTS:
 
     void previewPlan_data()
     {
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QRect>("source");
-        QTest::addColumn<QSize>("picture");
-        QTest::addColumn<QSize>("canvas");
+        QTest::addColumn<PlanRow>("row");
+        const auto row = [](const char* name, const PlanRow& given) { QTest::newRow(name) << given; };
         const QSize box = kPreviewBox;
-        const auto row = [](const char* name, QSize size, QRect source, QSize picture, QSize canvas) {
-            QTest::newRow(name) << size << source << picture << canvas;
-        };
-        const auto whole = [](QSize size) { return QRect(QPoint(0, 0), size); };
-        row("photo fills", {4000, 3000}, {83, 0, 3834, 3000}, box, box);
-        row("just over the box", {461, 360}, {0, 0, 461, 360}, box, box);
-        row("edge over the fill limit", {5000, 201}, {2371, 0, 258, 201}, box, box);
-        row("edge at the fill limit", {5000, 200}, whole({5000, 200}), {460, 18}, box);
-        row("band", {5000, 150}, whole({5000, 150}), {460, 14}, box);
-        row("pillar", {200, 5000}, whole({200, 5000}), {14, 360}, box);
-        row("the box itself", box, whole(box), box, box);
-        row("own size in the box", {300, 200}, whole({300, 200}), {300, 200}, box);
-        row("one over the canvas", {133, 132}, whole({133, 132}), {133, 132}, box);
-        row("tiny", {132, 132}, whole({132, 132}), {132, 132}, {132, 132});
-        row("dot", {1, 1}, whole({1, 1}), {1, 1}, {132, 132});
+        row("photo fills", {{4000, 3000}, {83, 0, 3834, 3000}, box, box});
+        row("just over the box", {{461, 360}, {0, 0, 461, 360}, box, box});
+        row("edge over the fill limit", {{5000, 201}, {2371, 0, 258, 201}, box, box});
+        row("edge at the fill limit", {{5000, 200}, {0, 0, 5000, 200}, {460, 18}, box});
+        row("band", {{5000, 150}, {0, 0, 5000, 150}, {460, 14}, box});
+        row("pillar", {{200, 5000}, {0, 0, 200, 5000}, {14, 360}, box});
+        row("the box itself", {box, {0, 0, 460, 360}, box, box});
+        row("own size in the box", {{300, 200}, {0, 0, 300, 200}, {300, 200}, box});
+        row("one over the canvas", {{133, 132}, {0, 0, 133, 132}, {133, 132}, box});
+        row("tiny", {{132, 132}, {0, 0, 132, 132}, {132, 132}, {132, 132}});
+        row("dot", {{1, 1}, {0, 0, 1, 1}, {1, 1}, {132, 132}});
     }
     void previewPlan()
     {
-        QFETCH(QSize, size);
-        QFETCH(QRect, source);
-        QFETCH(QSize, picture);
-        QFETCH(QSize, canvas);
-        const PreviewPlan plan = planPreview(size);
-        QCOMPARE(plan.source, source);
-        QCOMPARE(plan.picture, picture);
-        QCOMPARE(plan.canvas, canvas);
+        QFETCH(PlanRow, row);
+        const PreviewPlan plan = planPreview(row.size);
+        QCOMPARE(plan.source, row.source);
+        QCOMPARE(plan.picture, row.picture);
+        QCOMPARE(plan.canvas, row.canvas);
     }
 
     // Every format the long way: right size, right bytes by name, corners in their places, right facts.
     void formats_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("encoding");
+        QTest::addColumn<Encoding>("encoding");
         QTest::addColumn<QString>("facts"); // depth, alpha, colour model, dpi
-        const auto row = [](const char* name, DocumentType type, Encoding encoding, const char* facts) {
-            QTest::newRow(name) << QString::fromLatin1(name) << static_cast<int>(type)
-                                << static_cast<int>(encoding) << QString::fromLatin1(facts);
+        const auto row = [](const char* name, Encoding encoding, const char* facts) {
+            QTest::newRow(name) << encoding << QString::fromLatin1(facts);
         };
-        using T = DocumentType;
-        row("plain.jpg", T::Jpeg, Encoding::Jpeg, "8 opaque RGB 72");
-        row("progressive.jpg", T::Jpeg, Encoding::Jpeg, "8 opaque RGB 300");
-        row("cmyk.jpg", T::Jpeg, Encoding::Jpeg, "8 opaque CMYK 72");
-        row("wide-gamut.jpg", T::Jpeg, Encoding::Jpeg, "8 opaque RGB 72");
-        row("plain.png", T::Png, Encoding::Png, "8 opaque RGB 72");
-        row("interlaced.png", T::Png, Encoding::Png, "8 opaque RGB 300");
-        row("palette.png", T::Png, Encoding::Png, "8 opaque RGB 72");
-        row("sixteen.png", T::Png, Encoding::Png, "16 opaque RGB 72");
-        row("alpha.png", T::Png, Encoding::Png, "8 alpha RGB 72");
-        row("plain.gif", T::Gif, Encoding::Gif, "8 alpha RGB 72"); // few colours: one is marked as clear
-        row("plain.tif", T::Tiff, Encoding::Png, "8 opaque RGB 150");
-        row("tiled.tif", T::Tiff, Encoding::Png, "8 opaque RGB 72");
-        row("sixteen.tif", T::Tiff, Encoding::Png, "16 opaque RGB 72");
-        row("cmyk.tif", T::Tiff, Encoding::Png, "8 opaque CMYK 72");
-        row("lab.tif", T::Tiff, Encoding::Png, "16 opaque Lab 72");
-        row("plain.bmp", T::Bmp, Encoding::Png, "8 opaque RGB 300");
-        row("color.tga", T::Tga, Encoding::Png, "8 opaque RGB 72");
-        row("runs.tga", T::Tga, Encoding::Png, "8 opaque RGB 72");
-        row("alpha.tga", T::Tga, Encoding::Png, "8 alpha RGB 72");
-        row("palette.tga", T::Tga, Encoding::Png, "8 opaque RGB 72");
+        row("plain.jpg", Encoding::Jpeg, "8 opaque RGB 72");
+        row("progressive.jpg", Encoding::Jpeg, "8 opaque RGB 300");
+        row("cmyk.jpg", Encoding::Jpeg, "8 opaque CMYK 72");
+        row("wide-gamut.jpg", Encoding::Jpeg, "8 opaque RGB 72");
+        row("plain.png", Encoding::Png, "8 opaque RGB 72");
+        row("interlaced.png", Encoding::Png, "8 opaque RGB 300");
+        row("palette.png", Encoding::Png, "8 opaque RGB 72");
+        row("sixteen.png", Encoding::Png, "16 opaque RGB 72");
+        row("alpha.png", Encoding::Png, "8 alpha RGB 72");
+        row("plain.gif", Encoding::Gif, "8 alpha RGB 72"); // few colours: one is marked as clear
+        row("plain.tif", Encoding::Png, "8 opaque RGB 150");
+        row("tiled.tif", Encoding::Png, "8 opaque RGB 72");
+        row("sixteen.tif", Encoding::Png, "16 opaque RGB 72");
+        row("cmyk.tif", Encoding::Png, "8 opaque CMYK 72");
+        row("lab.tif", Encoding::Png, "16 opaque Lab 72");
+        row("plain.bmp", Encoding::Png, "8 opaque RGB 300");
+        row("color.tga", Encoding::Png, "8 opaque RGB 72");
+        row("runs.tga", Encoding::Png, "8 opaque RGB 72");
+        row("alpha.tga", Encoding::Png, "8 alpha RGB 72");
+        row("palette.tga", Encoding::Png, "8 opaque RGB 72");
     }
     void formats()
     {
-        QFETCH(QString, name);
-        QFETCH(int, type);
-        QFETCH(int, encoding);
+        QFETCH(Encoding, encoding);
         QFETCH(QString, facts);
+        const QString name = QString::fromLatin1(QTest::currentDataTag());
         const QString path = file(name);
         QVERIFY2(writePicture(path, name, {1000, 800}), qPrintable(name));
-        const AnalysisResult result = analysed(path, type);
+        const AnalysisResult result = analysed(path, typeOf(name));
         QVERIFY2(result.outcome.ok(), qPrintable(result.outcome.ok() ? QString() : result.outcome.reason()));
-        QCOMPARE(static_cast<int>(encodingOf(result.preview)), encoding);
+        QCOMPARE(encodingOf(result.preview), encoding);
         const QImage preview = QImage::fromData(result.preview);
         QCOMPARE(preview.size(), kPreviewBox);
         // Pure red, green and blue are beyond what inks can do; these are as near as they come.
         const bool inks = name.contains(QLatin1String("cmyk"));
-        const int tolerance = encoding == int(Encoding::Jpeg) ? 12 : 4;
+        const int tolerance = encoding == Encoding::Jpeg ? 12 : 4;
         COMPARE_COLOR(preview.pixelColor(100, 80), inks ? QColor(232, 0, 17) : QColor(255, 0, 0), tolerance);
         COMPARE_COLOR(preview.pixelColor(360, 80), inks ? QColor(191, 207, 0) : QColor(0, 255, 0),
                       std::max(tolerance, 8));
@@ -138,57 +144,40 @@ private Q_SLOTS:
         COMPARE_COLOR(preview.pixelColor(360, 280), QColor(255, 255, 255), tolerance);
         QVERIFY(!result.colors.empty());
         QCOMPARE(QSize(result.metadata.width, result.metadata.height), QSize(1000, 800));
-        QCOMPARE(QStringLiteral("%1 %2 %3 %4")
-                     .arg(QString::number(result.metadata.depth),
-                          result.metadata.hasAlpha ? QStringLiteral("alpha") : QStringLiteral("opaque"),
-                          result.metadata.colorModel, QString::number(result.metadata.dpi)),
+        QCOMPARE(u"%1 %2 %3 %4"_s.arg(result.metadata.depth)
+                     .arg(result.metadata.hasAlpha ? u"alpha"_s : u"opaque"_s, result.metadata.colorModel)
+                     .arg(result.metadata.dpi),
                  facts);
     }
 
     void previewSizes_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QSize>("preview");
-        QTest::addColumn<QPoint>("clear"); // transparent there, or black in a JPEG
-        QTest::addColumn<QPoint>("filled");
-        QTest::newRow("band.png") << QString() << QSize(5000, 150) << QSize(460, 360) << QPoint(230, 170)
-                                  << QPoint(230, 180);
-        QTest::newRow("own size.png")
-            << QString() << QSize(300, 200) << QSize(460, 360) << QPoint(79, 80) << QPoint(80, 80);
-        QTest::newRow("tiny.gif") << QString() << QSize(100, 100) << QSize(132, 132) << QPoint(15, 50)
-                                  << QPoint(16, 50);
-        QTest::newRow("tiny.jpg") << QString() << QSize(40, 40) << QSize(132, 132) << QPoint(20, 20)
-                                  << QPoint(60, 60);
-        QTest::newRow("largest tiny.png")
-            << QString() << QSize(132, 132) << QSize(132, 132) << QPoint() << QPoint(0, 0);
-        QTest::newRow("just over.png")
-            << QString() << QSize(133, 132) << QSize(460, 360) << QPoint(0, 0) << QPoint(230, 180);
-        QTest::newRow("enlarged.png")
-            << QString() << QSize(470, 210) << QSize(460, 360) << QPoint() << QPoint(0, 0);
-        QTest::newRow("dpi does not count.tif")
-            << QString() << QSize(1200, 900) << QSize(460, 360) << QPoint() << QPoint(0, 0);
+        QTest::addColumn<SizeRow>("row");
+        const auto row = [](const char* name, const SizeRow& given) { QTest::newRow(name) << given; };
+        row("band.png", {{5000, 150}, kPreviewBox, QPoint(230, 170), {230, 180}});
+        row("own size.png", {{300, 200}, kPreviewBox, QPoint(79, 80), {80, 80}});
+        row("tiny.gif", {{100, 100}, {132, 132}, QPoint(15, 50), {16, 50}});
+        row("tiny.jpg", {{40, 40}, {132, 132}, QPoint(20, 20), {60, 60}});
+        row("largest tiny.png", {{132, 132}, {132, 132}, {}, {0, 0}});
+        row("just over.png", {{133, 132}, kPreviewBox, QPoint(0, 0), {230, 180}});
+        row("enlarged.png", {{470, 210}, kPreviewBox, {}, {0, 0}});
+        row("dpi does not count.tif", {{1200, 900}, kPreviewBox, {}, {0, 0}});
     }
     void previewSizes()
     {
-        QFETCH(QSize, size);
-        QFETCH(QSize, preview);
-        QFETCH(QPoint, clear);
-        QFETCH(QPoint, filled);
+        QFETCH(SizeRow, row);
         const QString name = QString::fromLatin1(QTest::currentDataTag());
         const QString path = file(name);
-        const QImage image = test::plain(size, QColor(250, 250, 250));
-        QVERIFY(name.endsWith(QLatin1String("gif"))   ? test::writeGif(path, {image})
-                : name.endsWith(QLatin1String("jpg")) ? test::writeJpeg(path, image)
-                : name.endsWith(QLatin1String("tif")) ? test::writeTiff(path, {image}, {.dpi = 300})
-                                                      : test::writePng(path, image));
+        QVERIFY(writePages(path, {test::plain(row.size, QColor(250, 250, 250))}, 300));
         const AnalysisResult result = analysed(path, typeOf(name));
         QVERIFY(result.outcome.ok());
         const QImage shown = QImage::fromData(result.preview);
-        QCOMPARE(shown.size(), preview);
-        QVERIFY(near(shown.pixelColor(filled), QColor(250, 250, 250), 3));
-        if (!clear.isNull())
-            QVERIFY(shown.pixelColor(clear).alpha() == 0 || near(shown.pixelColor(clear), Qt::black, 8));
+        QCOMPARE(shown.size(), row.preview);
+        QVERIFY(near(shown.pixelColor(row.filled), QColor(250, 250, 250), 3));
+        if (row.clear) {
+            const QColor clear = shown.pixelColor(*row.clear);
+            QVERIFY(clear.alpha() == 0 || near(clear, Qt::black, 8));
+        }
     }
 
     // Upright whatever the camera noted, at full size and shrunk, cropped and fitted.
@@ -207,35 +196,19 @@ private Q_SLOTS:
         QFETCH(int, orientation);
         QFETCH(QSize, stored);
         // What a camera stores so that the quarters come out upright: the way back of each turn.
-        QImage image = test::quarters(orientation >= 5 ? stored.transposed() : stored);
-        const auto turned = [&image](int degrees) { return image.transformed(QTransform().rotate(degrees)); };
-        switch (orientation) {
-        case 2:
-            image = image.mirrored(true, false);
-            break;
-        case 3:
-            image = image.mirrored(true, true);
-            break;
-        case 4:
-            image = image.mirrored(false, true);
-            break;
-        case 5:
-            image = turned(90).mirrored(true, false);
-            break;
-        case 6:
-            image = turned(270);
-            break;
-        case 7:
-            image = turned(270).mirrored(true, false);
-            break;
-        case 8:
-            image = turned(90);
-            break;
-        default:
-            break;
-        }
+        struct Turn {
+            int degrees;
+            bool horizontally, vertically;
+        };
+        static const Turn turns[] = {{0, false, false},  {0, true, false},  {0, true, true},
+                                     {0, false, true},   {90, true, false}, {270, false, false},
+                                     {270, true, false}, {90, false, false}};
+        const Turn& turn = turns[orientation - 1];
+        const QImage image = test::quarters(orientation >= 5 ? stored.transposed() : stored)
+                                 .transformed(QTransform().rotate(turn.degrees))
+                                 .mirrored(turn.horizontally, turn.vertically);
         QCOMPARE(image.size(), stored);
-        const QString path = file(QStringLiteral("turned.jpg"));
+        const QString path = file(u"turned.jpg"_s);
         QVERIFY(test::writeJpeg(path, image, {.orientation = orientation}));
         const AnalysisResult result = analysed(path, DocumentType::Jpeg);
         QVERIFY(result.outcome.ok());
@@ -255,8 +228,8 @@ private Q_SLOTS:
     void profilesAreFollowed()
     {
         const QColor green(40, 180, 60);
-        const QString path = file(QStringLiteral("p3.png"));
-        QVERIFY(test::writePng(path, test::plain({600, 500}, green), {.profile = QStringLiteral("p3")}));
+        const QString path = file(u"p3.png"_s);
+        QVERIFY(test::writePng(path, test::plain({600, 500}, green), {.profile = u"p3"_s}));
         QVERIFY(!near(QImage(path).pixelColor(0, 0), green, 10)); // the file's own numbers differ
         const AnalysisResult result = analysed(path, DocumentType::Png);
         QVERIFY(result.outcome.ok());
@@ -266,7 +239,7 @@ private Q_SLOTS:
 
     void transparencyIsKeptAndScaledByWeight()
     {
-        const QString path = file(QStringLiteral("half.png"));
+        const QString path = file(u"half.png"_s);
         for (const QSize size : {QSize(920, 720), QSize(5000, 3000)}) { // in memory, and streamed
             QVERIFY(test::writePng(path, test::halfTransparent(size, QColor(200, 100, 50))));
             const QImage preview = QImage::fromData(analysed(path, DocumentType::Png).preview);
@@ -277,90 +250,70 @@ private Q_SLOTS:
         }
     }
 
-    void facts_data()
-    {
-        QTest::addColumn<QByteArray>("tiff");
-        QTest::addColumn<double>("dpi");
-        QTest::addColumn<QString>("software");
-        const QImage image = test::quarters({30, 20});
-        QTest::newRow("nothing said") << test::plainTiff(image, {}) << 72.0 << QString();
-        QTest::newRow("inches") << test::plainTiff(image, {"Painter 4", 300, 2}) << 300.0
-                                << QStringLiteral("Painter 4");
-        QTest::newRow("centimetres") << test::plainTiff(image, {{}, 100, 3}) << 254.0 << QString();
-        QTest::newRow("shape only") << test::plainTiff(image, {{}, 100, 1}) << 72.0 << QString();
-        QTest::newRow("unit missing means inches")
-            << test::plainTiff(image, {{}, 96, 0}) << 96.0 << QString();
-    }
     void facts()
     {
-        QFETCH(QByteArray, tiff);
-        QFETCH(double, dpi);
-        QFETCH(QString, software);
-        const QString path = file(QStringLiteral("facts.tif"));
-        QVERIFY(test::writeBytes(path, tiff));
-        const AnalysisResult result = analysed(path, DocumentType::Tiff);
-        QVERIFY(result.outcome.ok());
-        QCOMPARE(result.metadata.dpi, dpi);
-        QCOMPARE(result.metadata.software, software);
+        const QImage image = test::quarters({30, 20});
+        const QString path = file(u"facts.tif"_s);
+        struct Row {
+            test::PlainTiffTags tags;
+            double dpi;
+            QString software;
+        };
+        const Row rows[] = {{{}, 72, {}},
+                            {{.software = "Painter 4", .resolution = 300, .unit = 2}, 300, u"Painter 4"_s},
+                            {{.software = {}, .resolution = 100, .unit = 3}, 254, {}}, // centimetres
+                            {{.software = {}, .resolution = 100, .unit = 1}, 72, {}},  // the shape only
+                            {{.software = {}, .resolution = 96}, 96, {}}}; // a missing unit means inches
+        for (const auto& [tags, dpi, software] : rows) {
+            QVERIFY(test::writeBytes(path, test::plainTiff(image, tags)));
+            const AnalysisResult result = analysed(path, DocumentType::Tiff);
+            QVERIFY(result.outcome.ok());
+            QCOMPARE(result.metadata.dpi, dpi);
+            QCOMPARE(result.metadata.software, software);
+        }
     }
 
     void softwareOfOtherFormats()
     {
         const QImage image = test::quarters({30, 20});
-        const QString odd = QStringLiteral("Tool (beta), ASCII, 3 (x)");
-        const QString jpeg = file(QStringLiteral("s.jpg"));
+        const QString odd = u"Tool (beta), ASCII, 3 (x)"_s;
+        const QString jpeg = file(u"s.jpg"_s);
         QVERIFY(test::writeJpeg(jpeg, image, {.software = odd}));
         QCOMPARE(analysed(jpeg, DocumentType::Jpeg).metadata.software, odd);
-        const QString png = file(QStringLiteral("s.png"));
+        const QString png = file(u"s.png"_s);
         QVERIFY(test::writePng(png, image, {.gray = true, .software = odd}));
         const AnalysisResult result = analysed(png, DocumentType::Png);
         QCOMPARE(result.metadata.software, odd);
-        QCOMPARE(result.metadata.colorModel, QStringLiteral("Gray"));
+        QCOMPARE(result.metadata.colorModel, u"Gray"_s);
     }
 
     void kindsAndFrames_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<int>("pages");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<int>("asked");
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<bool>("frames");
-        const auto row = [](const char* title, const char* name, int pages, QSize size, MediaKind asked,
-                            MediaKind kind, bool frames) {
-            QTest::newRow(title) << QString::fromLatin1(name) << pages << size << static_cast<int>(asked)
-                                 << static_cast<int>(kind) << frames;
-        };
+        QTest::addColumn<FramesRow>("row");
+        const auto row = [](const char* title, const FramesRow& given) { QTest::newRow(title) << given; };
         using K = MediaKind;
-        row("still gif", "a.gif", 1, {320, 240}, K::Unset, K::Phone, false);
-        row("animated gif", "a.gif", 3, {320, 240}, K::Unset, K::AnimatedGif, true);
-        row("animated gif from the web", "a.gif", 2, {50, 50}, K::Web, K::AnimatedGif, true);
-        row("still gif from the web", "a.gif", 1, {50, 50}, K::Web, K::Web, false);
-        row("one page", "a.tif", 1, {1280, 960}, K::Unset, K::Wallpaper, false);
-        row("two pages", "a.tif", 2, {1280, 960}, K::Unset, K::Wallpaper, true);
-        row("screen capture", "a.png", 1, {1280, 960}, K::Screen, K::Screen, false);
+        row("still gif", {u"a.gif"_s, 1, {320, 240}, K::Unset, K::Phone, false});
+        row("animated gif", {u"a.gif"_s, 3, {320, 240}, K::Unset, K::AnimatedGif, true});
+        row("animated gif from the web", {u"a.gif"_s, 2, {50, 50}, K::Web, K::AnimatedGif, true});
+        row("still gif from the web", {u"a.gif"_s, 1, {50, 50}, K::Web, K::Web, false});
+        row("one page", {u"a.tif"_s, 1, {1280, 960}, K::Unset, K::Wallpaper, false});
+        row("two pages", {u"a.tif"_s, 2, {1280, 960}, K::Unset, K::Wallpaper, true});
+        row("screen capture", {u"a.png"_s, 1, {1280, 960}, K::Screen, K::Screen, false});
     }
     void kindsAndFrames()
     {
-        QFETCH(QString, name);
-        QFETCH(int, pages);
-        QFETCH(QSize, size);
-        QFETCH(int, asked);
-        QFETCH(int, kind);
-        QFETCH(bool, frames);
+        QFETCH(FramesRow, row);
         std::vector<QImage> images;
-        for (int page = 0; page < pages; ++page)
-            images.push_back(test::plain(size, QColor::fromHsv(page * 90, 200, 200)));
-        const QString path = file(name);
-        QVERIFY(name.endsWith(QLatin1String("gif"))   ? test::writeGif(path, images)
-                : name.endsWith(QLatin1String("tif")) ? test::writeTiff(path, images)
-                                                      : test::writePng(path, images.front()));
-        const AnalysisResult result = analyse({path, typeOf(name), static_cast<MediaKind>(asked)});
+        for (int page = 0; page < row.pages; ++page)
+            images.push_back(test::plain(row.size, QColor::fromHsv(page * 90, 200, 200)));
+        const QString path = file(row.name);
+        QVERIFY(writePages(path, images));
+        const AnalysisResult result = analyse({path, typeOf(row.name), row.asked});
         QVERIFY(result.outcome.ok());
-        QCOMPARE(static_cast<int>(result.kind), kind);
-        QCOMPARE(result.hasFrames, frames);
+        QCOMPARE(result.kind, row.kind);
+        QCOMPARE(result.hasFrames, row.frames);
         // Always the first frame, at its own height.
-        QCOMPARE(QSize(result.metadata.width, result.metadata.height), size);
+        QCOMPARE(QSize(result.metadata.width, result.metadata.height), row.size);
         const QImage preview = QImage::fromData(result.preview);
         COMPARE_COLOR(preview.pixelColor(preview.rect().center()), QColor::fromHsv(0, 200, 200), 6);
     }
@@ -381,7 +334,7 @@ private Q_SLOTS:
         QFETCH(QString, name);
         QFETCH(double, keep);
         const QString path = file(name);
-        QVERIFY(writePicture(path, QStringLiteral("noise-") + name, {400, 1200}));
+        QVERIFY(writePicture(path, u"noise-"_s + name, {400, 1200}));
         QVERIFY(analysed(path, typeOf(name)).outcome.ok());
         QVERIFY(test::cutOff(path, keep));
         const AnalysisResult result = analysed(path, typeOf(name));
@@ -428,7 +381,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, bytes);
         QFETCH(int, type);
         QFETCH(QString, words);
-        const QString path = file(QStringLiteral("hostile"));
+        const QString path = file(u"hostile"_s);
         QVERIFY(test::writeBytes(path, bytes));
         const AnalysisResult result = analysed(path, type);
         QVERIFY(!result.outcome.ok());
@@ -437,7 +390,7 @@ private Q_SLOTS:
 
     void unreadablePaths()
     {
-        QVERIFY(!analysed(file(QStringLiteral("gone.png")), DocumentType::Png).outcome.ok());
+        QVERIFY(!analysed(file(u"gone.png"_s), DocumentType::Png).outcome.ok());
         QVERIFY(!analysed(m_folder.path(), DocumentType::Png).outcome.ok());
     }
 
@@ -447,7 +400,7 @@ private Q_SLOTS:
         for (const char* tag : {"plain.jpg", "progressive.jpg", "interlaced.png", "plain.gif", "plain.tif",
                                 "cmyk.tif", "plain.bmp", "runs.tga", "palette.tga", "palette.png"}) {
             const QString name = QString::fromLatin1(tag);
-            const QString path = file(QStringLiteral("damaged-") + name);
+            const QString path = file(u"damaged-"_s + name);
             QVERIFY(writePicture(path, name, {150, 140}));
             const QByteArray good = test::fileBytes(path);
             unsigned state = 12345;
@@ -468,7 +421,7 @@ private Q_SLOTS:
 
     void severalAtOnceGiveTheSame()
     {
-        const QString path = file(QStringLiteral("shared.jpg"));
+        const QString path = file(u"shared.jpg"_s);
         QVERIFY(test::writeJpeg(path, test::noise({1600, 1200}, 3)));
         const AnalysisResult expected = analysed(path, DocumentType::Jpeg);
         std::atomic<int> equal = 0;
@@ -487,15 +440,12 @@ private Q_SLOTS:
 private:
     static DocumentType typeOf(const QString& name)
     {
-        const QString extension = name.section(u'.', -1);
-        for (const auto& [known, type] :
-             {std::pair{"jpg", DocumentType::Jpeg}, std::pair{"gif", DocumentType::Gif},
-              std::pair{"tif", DocumentType::Tiff}, std::pair{"bmp", DocumentType::Bmp},
-              std::pair{"tga", DocumentType::Tga}}) {
-            if (extension == QLatin1String(known))
-                return type;
-        }
-        return DocumentType::Png;
+        static const QHash<QString, DocumentType> types{{u"jpg"_s, DocumentType::Jpeg},
+                                                        {u"gif"_s, DocumentType::Gif},
+                                                        {u"tif"_s, DocumentType::Tiff},
+                                                        {u"bmp"_s, DocumentType::Bmp},
+                                                        {u"tga"_s, DocumentType::Tga}};
+        return types.value(name.section(u'.', -1), DocumentType::Png);
     }
 
     [[nodiscard]] static AnalysisResult analysed(const QString& path, DocumentType type)
@@ -515,43 +465,58 @@ private:
         return bytes + QByteArray(100, '\0');
     }
 
+    /// Pages in the format of the path's extension.
+    static bool writePages(const QString& path, const std::vector<QImage>& pages, double tiffDpi = 0)
+    {
+        switch (typeOf(path)) {
+        case DocumentType::Gif:
+            return test::writeGif(path, pages);
+        case DocumentType::Jpeg:
+            return test::writeJpeg(path, pages.front());
+        case DocumentType::Tiff:
+            return test::writeTiff(path, pages, {.dpi = tiffDpi});
+        default:
+            return test::writePng(path, pages.front());
+        }
+    }
+
     /// A picture of the variant that the name tells.
     static bool writePicture(const QString& path, const QString& name, QSize size)
     {
-        const bool detail = name.startsWith(QLatin1String("noise-"));
-        const QImage image = detail ? test::noise(size) : test::quarters(size);
-        const QString kind = name.section(u'.', 0, 0).remove(QStringLiteral("noise-"));
-        const QString extension = name.section(u'.', -1);
-        if (extension == QLatin1String("jpg"))
-            return test::writeJpeg(
-                path, image,
-                {.progressive = kind == QLatin1String("progressive"),
-                 .cmyk = kind == QLatin1String("cmyk"),
-                 .dpi = kind == QLatin1String("progressive") ? 300.0 : 0.0,
-                 .profile = kind == QLatin1String("wide-gamut") ? QStringLiteral("p3") : QString()});
-        if (extension == QLatin1String("png"))
-            return test::writePng(
-                path, kind == QLatin1String("alpha") ? image.convertToFormat(QImage::Format_ARGB32) : image,
-                {.interlaced = kind == QLatin1String("interlaced"),
-                 .palette = kind == QLatin1String("palette"),
-                 .sixteenBit = kind == QLatin1String("sixteen"),
-                 .dpi = kind == QLatin1String("interlaced") ? 300.0 : 0.0});
-        if (extension == QLatin1String("gif"))
+        QImage image = name.startsWith(u"noise-") ? test::noise(size) : test::quarters(size);
+        const auto is = [&name](QLatin1String kind) { return name.section(u'.', 0, 0).endsWith(kind); };
+        if (is("alpha"_L1))
+            image.convertTo(QImage::Format_ARGB32);
+        switch (typeOf(name)) {
+        case DocumentType::Jpeg:
+            return test::writeJpeg(path, image,
+                                   {.progressive = is("progressive"_L1),
+                                    .cmyk = is("cmyk"_L1),
+                                    .dpi = is("progressive"_L1) ? 300.0 : 0.0,
+                                    .profile = is("wide-gamut"_L1) ? u"p3"_s : QString()});
+        case DocumentType::Gif:
             return test::writeGif(path, {image});
-        if (extension == QLatin1String("tif"))
+        case DocumentType::Tiff:
             return test::writeTiff(path, {image},
-                                   {.cmyk = kind == QLatin1String("cmyk"),
-                                    .lab = kind == QLatin1String("lab"),
-                                    .sixteenBit = kind == QLatin1String("sixteen"),
-                                    .tiled = kind == QLatin1String("tiled"),
-                                    .dpi = kind == QLatin1String("plain") ? 150.0 : 72.0});
-        if (extension == QLatin1String("bmp"))
+                                   {.cmyk = is("cmyk"_L1),
+                                    .lab = is("lab"_L1),
+                                    .sixteenBit = is("sixteen"_L1),
+                                    .tiled = is("tiled"_L1),
+                                    .dpi = is("plain"_L1) ? 150.0 : 72.0});
+        case DocumentType::Bmp:
             return test::writeBmp(path, image);
-        const TgaKind tga = kind == QLatin1String("runs")      ? TgaKind::RunLength
-                            : kind == QLatin1String("palette") ? TgaKind::Palette
-                                                               : TgaKind::TrueColor;
-        return test::writeTga(
-            path, kind == QLatin1String("alpha") ? image.convertToFormat(QImage::Format_ARGB32) : image, tga);
+        case DocumentType::Tga:
+            return test::writeTga(path, image,
+                                  is("runs"_L1)      ? TgaKind::RunLength
+                                  : is("palette"_L1) ? TgaKind::Palette
+                                                     : TgaKind::TrueColor);
+        default:
+            return test::writePng(path, image,
+                                  {.interlaced = is("interlaced"_L1),
+                                   .palette = is("palette"_L1),
+                                   .sixteenBit = is("sixteen"_L1),
+                                   .dpi = is("interlaced"_L1) ? 300.0 : 0.0});
+        }
     }
 
     QTemporaryDir m_folder;
