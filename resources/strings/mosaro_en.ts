@@ -471,6 +471,22 @@
     <source></source>
     <translation>No program could be found that opens this address. Write it into a browser or a mail program yourself: %1</translation>
   </message>
+  <message id="Failure.Child.Died">
+    <source></source>
+    <translation>The program “%1” could not read the file. The file may be damaged; open it in the program that made it and save it again.</translation>
+  </message>
+  <message id="Failure.Child.Missing">
+    <source></source>
+    <translation>The program “%1”, which reads this format, is not installed. Install it and import the file again.</translation>
+  </message>
+  <message id="Failure.Child.NotStarted">
+    <source></source>
+    <translation>The program “%1”, which reads this format, could not be started. Close other programs and import the file again.</translation>
+  </message>
+  <message id="Failure.Child.Output">
+    <source></source>
+    <translation>The file unfolds into more data than can be imported. Save it in a plainer form.</translation>
+  </message>
   <message id="Failure.Collection.Gone">
     <source></source>
     <translation>“%1” is no longer in the library. Select another collection.</translation>
