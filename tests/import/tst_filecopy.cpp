@@ -11,15 +11,10 @@
 #include <unistd.h>
 
 using namespace mosaro;
+using namespace Qt::StringLiterals;
 using namespace mosaro::importing;
 
 namespace {
-
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not readable)");
-}
 
 /// A tiny file system of its own; needs the rights of an administrator.
 class SmallDisk {
@@ -34,8 +29,7 @@ public:
             ::umount(m_path.constData());
         }
     }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
+    Q_DISABLE_COPY_MOVE(SmallDisk)
     [[nodiscard]] bool isMounted() const { return m_mounted; }
 
 private:
@@ -55,26 +49,21 @@ private:
 private Q_SLOTS:
     void initTestCase() { base::installTexts(); }
 
-    void copiesBytesAndTime_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("small") << QByteArray("abc");
-        QTest::newRow("larger than any buffer") << QByteArray(3'000'001, 'z');
-    }
     void copiesBytesAndTime()
     {
-        QFETCH(QByteArray, bytes);
-        test::writeFile(at("source"), bytes);
         const QDateTime time = QDateTime::fromMSecsSinceEpoch(1'500'000'000'123);
-        QFile source(at("source"));
-        QVERIFY(source.open(QIODevice::ReadWrite));
-        QVERIFY(source.setFileTime(time, QFileDevice::FileModificationTime));
-        source.close();
-        QFile::remove(at("copy"));
-        QVERIFY(copyFile(at("source"), at("copy")).ok());
-        QCOMPARE(contents(at("copy")), bytes);
-        QCOMPARE(QFileInfo(at("copy")).lastModified(), time);
+        for (const qsizetype size : {0, 3, 3'000'001}) { // The last is larger than any buffer.
+            test::writeFile(at("source"), QByteArray(size, 'z'));
+            QFile source(at("source"));
+            QVERIFY(source.open(QIODevice::ReadWrite));
+            QVERIFY(source.setFileTime(time, QFileDevice::FileModificationTime));
+            source.close();
+            QFile::remove(at("copy"));
+            QVERIFY(copyFile(at("source"), at("copy")).ok());
+            QVERIFY(QFileInfo::exists(at("copy")));
+            QCOMPARE(test::fileContents(at("copy")), QByteArray(size, 'z'));
+            QCOMPARE(QFileInfo(at("copy")).lastModified(), time);
+        }
     }
 
     void makesReadOnlyFilesRemovable()
@@ -85,28 +74,22 @@ private Q_SLOTS:
         QVERIFY(QFileInfo(at("writable")).permission(QFile::WriteOwner));
     }
 
-    void refuses_data()
-    {
-        QTest::addColumn<QString>("source");
-        QTest::addColumn<QString>("destination");
-        test::writeFile(at("here"), "here");
-        test::writeFile(at("taken"), "taken");
-        QVERIFY(::mkfifo(at("pipe").toUtf8().constData(), 0600) == 0);
-        QTest::newRow("no source") << at("nowhere") << at("new");
-        QTest::newRow("a folder") << m_dir.path() << at("new");
-        QTest::newRow("a pipe, without waiting for its writer") << at("pipe") << at("new");
-        QTest::newRow("no folder for it") << at("here") << at("nofolder/new");
-        QTest::newRow("a name that is taken") << at("here") << at("taken");
-    }
     void refuses()
     {
-        QFETCH(QString, source);
-        QFETCH(QString, destination);
-        const auto copied = copyFile(source, destination);
-        QVERIFY(!copied.ok());
-        QVERIFY(!copied.reason().isEmpty());
-        QVERIFY(!QFileInfo::exists(at("new")));
-        QCOMPARE(contents(at("taken")), QByteArray("taken"));
+        test::writeFile(at("here"), "here");
+        test::writeFile(at("taken"), "taken");
+        QVERIFY(::mkfifo(at("pipe").toUtf8().constData(), 0600) == 0); // Its writer is not waited for.
+        for (const auto& [source, destination] : {std::pair("nowhere", "new"),
+                                                  {"", "new"},
+                                                  {"pipe", "new"},
+                                                  {"here", "nofolder/new"},
+                                                  {"here", "taken"}}) {
+            const auto copied = copyFile(at(source), at(destination));
+            QVERIFY2(!copied.ok(), source);
+            QVERIFY(!copied.reason().isEmpty());
+            QVERIFY(!QFileInfo::exists(at("new")));
+            QCOMPARE(test::fileContents(at("taken")), QByteArray("taken"));
+        }
     }
 
     void leavesNothingOnAFullDisk()
@@ -126,25 +109,18 @@ private Q_SLOTS:
         QVERIFY(importing::writeFile(at("disk/bytes"), "small").ok());
     }
 
-    void namesStoredFiles_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("stored");
-        const QString longStem(250, u'ä'); // Two bytes each.
-        QTest::newRow("plain") << QStringLiteral("a b.png") << QStringLiteral("a b.png");
-        QTest::newRow("all extension") << QStringLiteral(".png") << QStringLiteral(".png");
-        QTest::newRow("no name") << QString() << QStringLiteral("file");
-        QTest::newRow("folder above") << QStringLiteral("..") << QStringLiteral("file");
-        QTest::newRow("path") << QStringLiteral("../a.png") << QStringLiteral("file");
-        QTest::newRow("too long for a side file beside it")
-            << longStem + QStringLiteral(".png") << longStem.left(117) + QStringLiteral(".png");
-        QTest::newRow("never half a character") << QString(90, u'a') + QStringLiteral("😀").repeated(60)
-                                                << QString(90, u'a') + QStringLiteral("😀").repeated(37);
-    }
     void namesStoredFiles()
     {
-        QFETCH(QString, name);
-        QTEST(storedFileName(name), "stored");
+        const QString longStem(250, u'ä'); // Two bytes each; a side file must find room beside it.
+        const QString start(90, u'a');     // A character is never halved.
+        for (const auto& [name, stored] : {std::pair(u"a b.png"_s, u"a b.png"_s),
+                                           {u".png"_s, u".png"_s},
+                                           {QString(), u"file"_s},
+                                           {u".."_s, u"file"_s},
+                                           {u"../a.png"_s, u"file"_s},
+                                           {longStem + u".png"_s, longStem.left(117) + u".png"_s},
+                                           {start + u"😀"_s.repeated(60), start + u"😀"_s.repeated(37)}})
+            QCOMPARE(storedFileName(name), stored);
     }
 };
 

@@ -5,6 +5,7 @@
 #include <QtTest>
 
 using namespace mosaro;
+using namespace Qt::StringLiterals;
 using namespace mosaro::importing;
 
 namespace {
@@ -13,44 +14,31 @@ class tst_ImageOperations : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void fillRectangle_data()
-    {
-        QTest::addColumn<QSize>("source");
-        QTest::addColumn<QRect>("rectangle");
-        QTest::newRow("square, widened to whole pixels") << QSize(1000, 1000) << QRect(0, 108, 1000, 784);
-        QTest::newRow("same shape") << QSize(920, 720) << QRect(0, 0, 920, 720);
-        QTest::newRow("wide") << QSize(4000, 360) << QRect(1770, 0, 460, 360);
-        QTest::newRow("4 to 3") << QSize(4000, 3000) << QRect(83, 0, 3834, 3000);
-        QTest::newRow("tall") << QSize(201, 5000) << QRect(0, 2421, 201, 158);
-        QTest::newRow("smaller than the target") << QSize(100, 100) << QRect(0, 10, 100, 80);
-    }
     void fillRectangle()
     {
-        QFETCH(QSize, source);
-        QFETCH(QRect, rectangle);
-        QCOMPARE(fillSourceRect(source, kPreviewBox), rectangle);
-        QVERIFY(QRect(QPoint(0, 0), source).contains(rectangle));
-        QCOMPARE(scaleImage(test::plain(source, Qt::red), kPreviewBox).size(), kPreviewBox);
+        for (const auto& [source, rectangle] :
+             {std::pair(QSize(1000, 1000), QRect(0, 108, 1000, 784)), // widened to whole pixels
+              {QSize(920, 720), QRect(0, 0, 920, 720)},
+              {QSize(4000, 360), QRect(1770, 0, 460, 360)},
+              {QSize(201, 5000), QRect(0, 2421, 201, 158)},
+              {QSize(100, 100), QRect(0, 10, 100, 80)}}) { // smaller than the target
+            QCOMPARE(fillSourceRect(source, kPreviewBox), rectangle);
+            QCOMPARE(scaleImage(test::plain(source, Qt::red), kPreviewBox).size(), kPreviewBox);
+        }
     }
 
-    void proportionalSizes_data()
-    {
-        QTest::addColumn<QSize>("source");
-        QTest::addColumn<QSize>("scaled");
-        QTest::newRow("never larger") << QSize(100, 100) << QSize(100, 100);
-        QTest::newRow("band") << QSize(5000, 150) << QSize(460, 14);
-        QTest::newRow("hair") << QSize(100000, 1) << QSize(460, 1);
-        QTest::newRow("tall") << QSize(150, 5000) << QSize(11, 360);
-        QTest::newRow("equal") << QSize(460, 360) << QSize(460, 360);
-    }
     void proportionalSizes()
     {
-        QFETCH(QSize, source);
-        QFETCH(QSize, scaled);
-        QCOMPARE(proportionalSize(source, kPreviewBox), scaled);
-        const QImage image = test::plain(source, Qt::red);
-        QCOMPARE(imageByScalingProportionallyToSize(image, kPreviewBox, {}, false).size(), scaled);
-        QCOMPARE(imageByScalingProportionallyToSize(image, kPreviewBox, {}, true).size(), kPreviewBox);
+        for (const auto& [source, scaled] : {std::pair(QSize(100, 100), QSize(100, 100)), // never larger
+                                             {QSize(5000, 150), QSize(460, 14)},
+                                             {QSize(100000, 1), QSize(460, 1)},
+                                             {QSize(150, 5000), QSize(11, 360)},
+                                             {QSize(460, 360), QSize(460, 360)}}) {
+            QCOMPARE(proportionalSize(source, kPreviewBox), scaled);
+            const QImage image = test::plain(source, Qt::red);
+            QCOMPARE(imageByScalingProportionallyToSize(image, kPreviewBox, {}, false).size(), scaled);
+            QCOMPARE(imageByScalingProportionallyToSize(image, kPreviewBox, {}, true).size(), kPreviewBox);
+        }
     }
 
     void fittedPictureIsCentredUnscaled()
@@ -82,27 +70,18 @@ private Q_SLOTS:
         QVERIFY(std::abs(mixed.alpha() - 128) <= 1);
     }
 
-    void encodings_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QByteArray>("format");
-        QTest::newRow("tiff") << 0 << QByteArray("tiff");
-        QTest::newRow("bmp") << 1 << QByteArray("bmp");
-        QTest::newRow("gif") << 2 << QByteArray("gif");
-        QTest::newRow("jpeg") << 3 << QByteArray("jpeg");
-        QTest::newRow("png") << 4 << QByteArray("png");
-    }
     void encodings()
     {
-        QFETCH(int, type);
-        QFETCH(QByteArray, format);
         const QImage source = test::quarters({64, 48});
-        const QByteArray bytes = representationForFileType(source, static_cast<FileType>(type), 0.9);
-        QImage back;
-        QVERIFY(back.loadFromData(bytes, format.constData()));
-        QCOMPARE(back.size(), source.size());
-        QVERIFY(back.pixelColor(10, 10).red() > 230 && back.pixelColor(10, 10).blue() < 30);
-        QVERIFY(representationForFileType({}, static_cast<FileType>(type), 0.9).isEmpty());
+        int number = 0;
+        for (const char* format : {"tiff", "bmp", "gif", "jpeg", "png"}) {
+            const auto type = static_cast<FileType>(number++);
+            QImage back;
+            QVERIFY2(back.loadFromData(representationForFileType(source, type, 0.9), format), format);
+            QCOMPARE(back.size(), source.size());
+            QVERIFY2(back.pixelColor(10, 10).red() > 230 && back.pixelColor(10, 10).blue() < 30, format);
+            QVERIFY(representationForFileType({}, type, 0.9).isEmpty());
+        }
     }
 
     void jpegIsProgressiveOnBlackAndPngInterlaced()
@@ -125,47 +104,44 @@ private Q_SLOTS:
 
     void contentTypeGoesByTheFirstByte()
     {
-        QCOMPARE(contentTypeForImageData("<anything"), QStringLiteral("svg"));
-        QCOMPARE(contentTypeForImageData("BM"), QStringLiteral("bmp"));
-        QCOMPARE(contentTypeForImageData("G"), QStringLiteral("gif"));
-        QCOMPARE(contentTypeForImageData("I"), QStringLiteral("tif"));
-        QCOMPARE(contentTypeForImageData("MM"), QStringLiteral("tif"));
-        QCOMPARE(contentTypeForImageData("\x89"), QStringLiteral("png"));
-        QCOMPARE(contentTypeForImageData("\xff"), QStringLiteral("jpg"));
-        QCOMPARE(contentTypeForImageData("x"), QString());
-        QCOMPARE(contentTypeForImageData({}), QString());
+        for (const auto& [bytes, type] : {std::pair("<anything", "svg"),
+                                          {"BM", "bmp"},
+                                          {"G", "gif"},
+                                          {"I", "tif"},
+                                          {"MM", "tif"},
+                                          {"\x89", "png"},
+                                          {"\xff", "jpg"},
+                                          {"x", ""},
+                                          {"", ""}})
+            QCOMPARE(contentTypeForImageData(bytes), QString::fromLatin1(type));
     }
 
-    void rotation_data()
-    {
-        QTest::addColumn<double>("degrees");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<QColor>("topLeft"); // invalid: transparent
-        QTest::newRow("none") << 0.0 << QSize(60, 40) << QColor(Qt::red);
-        QTest::newRow("full turn") << 360.0 << QSize(60, 40) << QColor(Qt::red);
-        QTest::newRow("quarter") << 90.0 << QSize(40, 60) << QColor(0, 255, 0);
-        QTest::newRow("back") << -90.0 << QSize(40, 60) << QColor(0, 0, 255);
-        QTest::newRow("three quarters") << 270.0 << QSize(40, 60) << QColor(0, 0, 255);
-        QTest::newRow("half") << 180.0 << QSize(60, 40) << QColor(Qt::white);
-        QTest::newRow("turn and a half") << -540.0 << QSize(60, 40) << QColor(Qt::white);
-        QTest::newRow("oblique") << 45.0 << QSize(80, 80) << QColor();
-    }
     void rotation()
     {
-        QFETCH(double, degrees);
-        QFETCH(QSize, size);
-        QFETCH(QColor, topLeft);
-        const QImage turned = imageRotated(test::quarters({60, 40}), degrees);
-        QCOMPARE(turned.size(), size);
-        if (topLeft.isValid())
+        struct Row {
+            double degrees;
+            QSize size;
+            QColor topLeft;
+        };
+        for (const auto& [degrees, size, topLeft] : {Row{0, {60, 40}, Qt::red},
+                                                     {360, {60, 40}, Qt::red},
+                                                     {90, {40, 60}, QColor(0, 255, 0)},
+                                                     {-90, {40, 60}, Qt::blue},
+                                                     {270, {40, 60}, Qt::blue},
+                                                     {180, {60, 40}, Qt::white},
+                                                     {-540, {60, 40}, Qt::white}}) {
+            const QImage turned = imageRotated(test::quarters({60, 40}), degrees);
+            QCOMPARE(turned.size(), size);
             QCOMPARE(turned.pixelColor(2, 2), topLeft);
-        else
-            QCOMPARE(turned.pixelColor(2, 2).alpha(), 0);
+        }
+        const QImage oblique = imageRotated(test::quarters({60, 40}), 45);
+        QCOMPARE(oblique.size(), QSize(80, 80));
+        QCOMPARE(oblique.pixelColor(2, 2).alpha(), 0);
     }
 
     void averageCountsAlphaTwice()
     {
-        QCOMPARE(averageColor(test::plain({30, 20}, QColor(10, 200, 30))).name(), QStringLiteral("#0ac81e"));
+        QCOMPARE(averageColor(test::plain({30, 20}, QColor(10, 200, 30))).name(), u"#0ac81e"_s);
         const QColor half = averageColor(test::halfTransparent({100, 10}, QColor(255, 0, 0)));
         QVERIFY(qAbs(half.alphaF() - 0.5F) < 0.01F);
         QVERIFY(qAbs(half.redF() - 0.25F) < 0.01F);

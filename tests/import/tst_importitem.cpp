@@ -1,6 +1,7 @@
 #include "import/ImportFixture.h"
 
 using namespace mosaro;
+using namespace Qt::StringLiterals;
 using namespace mosaro::importing;
 
 class ImportItemTest : public QObject {
@@ -40,42 +41,39 @@ private Q_SLOTS:
               "Tool.app/Contents/Resources/icon.png", "Tool.app/outside.png", "wallapp/inside.png"}) {
             test::writeFile(at(QLatin1String(name)), "x");
         }
-        QVERIFY(QFile::link(at(QStringLiteral("a.png")), at(QStringLiteral("link"))));
-        QVERIFY(QFile::link(at(QStringLiteral("gone.png")), at(QStringLiteral("dead.png"))));
-        QVERIFY(QFile::link(at(QStringLiteral("folder")), at(QStringLiteral("folderlink"))));
+        QVERIFY(QFile::link(at(u"a.png"_s), at(u"link"_s)));
+        QVERIFY(QFile::link(at(u"gone.png"_s), at(u"dead.png"_s)));
+        QVERIFY(QFile::link(at(u"folder"_s), at(u"folderlink"_s)));
     }
 
-    void takesVariantsOffTheBus_data()
-    {
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<bool>("isRecord");
-        const QString path = QStringLiteral("/x/a.png");
-        const auto record = [](const QVariantMap& map) { return QVariant(map); };
-        QTest::newRow("text") << QVariant(path) << path << -1 << false;
-        QTest::newRow("file URL") << QVariant(QUrl::fromLocalFile(path)) << path << -1 << false;
-        QTest::newRow("web URL") << QVariant(QUrl(QStringLiteral("http://x/a.png"))) << QString() << -1
-                                 << false;
-        QTest::newRow("record") << record(
-                                       {{MR_IMPORTED_KEY_FILE_PATH, path}, {MR_IMPORTED_KEY_MEDIA_KIND, 4}})
-                                << path << 4 << true;
-        QTest::newRow("record without a kind")
-            << record({{MR_IMPORTED_KEY_FILE_PATH, path}}) << path << -1 << true;
-        QTest::newRow("record with a kind that is no number")
-            << record(
-                   {{MR_IMPORTED_KEY_FILE_PATH, path}, {MR_IMPORTED_KEY_MEDIA_KIND, QStringLiteral("web")}})
-            << path << -1 << true;
-        QTest::newRow("number") << QVariant(7) << QString() << -1 << false;
-        QTest::newRow("nothing") << QVariant() << QString() << -1 << false;
-    }
     void takesVariantsOffTheBus()
     {
-        QFETCH(QVariant, value);
-        const ImportItem item = ImportItem::fromVariant(value);
-        QTEST(item.path, "path");
-        QTEST(static_cast<int>(item.kind), "kind");
-        QTEST(item.isRecord, "isRecord");
+        struct Row {
+            QVariant value;
+            QString path;
+            int kind;
+            bool isRecord;
+        };
+        const QString path = u"/x/a.png"_s;
+        const auto record = [&path](const QVariant& kind) {
+            QVariantMap map{{MR_IMPORTED_KEY_FILE_PATH, path}};
+            if (kind.isValid())
+                map[MR_IMPORTED_KEY_MEDIA_KIND] = kind;
+            return QVariant(map);
+        };
+        for (const Row& row : {Row{path, path, -1, false},
+                               {QUrl::fromLocalFile(path), path, -1, false},
+                               {QUrl(u"http://x/a.png"_s), {}, -1, false},
+                               {record(4), path, 4, true},
+                               {record({}), path, -1, true},
+                               {record(u"web"_s), path, -1, true},
+                               {7, {}, -1, false},
+                               {{}, {}, -1, false}}) {
+            const ImportItem item = ImportItem::fromVariant(row.value);
+            QCOMPARE(item.path, row.path);
+            QCOMPARE(static_cast<int>(item.kind), row.kind);
+            QCOMPARE(item.isRecord, row.isRecord);
+        }
     }
 
     void filters_data()
@@ -106,15 +104,15 @@ private Q_SLOTS:
         QCOMPARE(static_cast<int>(m_filtered.skipped.size()), skipped);
         for (const SkippedPath& path : m_filtered.skipped) {
             QVERIFY(!path.path.isEmpty());
-            QVERIFY(path.reason.contains(u'.') && !path.reason.startsWith(QStringLiteral("Failure.")));
+            QVERIFY(path.reason.contains(u'.') && !path.reason.startsWith(u"Failure."_s));
         }
     }
 
     void keepsRecordsAsTheyAre()
     {
-        const ImportItem whole{at(QStringLiteral("a.png")), QStringLiteral("http://x"), MediaKind::Web, true};
-        const ImportItem linked{at(QStringLiteral("link")), {}, MediaKind::Web, true};
-        const ImportItem folder{at(QStringLiteral("folder")), {}, MediaKind::Web, true};
+        const ImportItem whole{at(u"a.png"_s), u"http://x"_s, MediaKind::Web, true};
+        const ImportItem linked{at(u"link"_s), {}, MediaKind::Web, true};
+        const ImportItem folder{at(u"folder"_s), {}, MediaKind::Web, true};
         const ImportItem none{{}, {}, MediaKind::Web, true};
         const auto filtered = checkDraggedFiles({whole, linked, folder, none}, m_classification, m_aliases);
         QCOMPARE(filtered.items.size(),

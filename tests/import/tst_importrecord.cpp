@@ -4,25 +4,25 @@
 #include "store/MediaTagList.h"
 
 using namespace mosaro;
+using namespace Qt::StringLiterals;
 using namespace mosaro::importing;
 using test::ImportFixture;
 using test::sampleAnalysis;
-
-namespace {
-
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(not readable)");
-}
-
-} // namespace
 
 class ImportRecordTest : public QObject {
     Q_OBJECT
 
 private:
     static QString masters(ImportFixture& fixture) { return fixture.library.package().masterDirPath(); }
+    /// The record of an import of one file, that must succeed.
+    static std::shared_ptr<store::Media> imported(ImportFixture& fixture, const ImportItem& item,
+                                                  bool copyMode = true)
+    {
+        const ImportReport report = fixture.import({item}, copyMode);
+        if (report.imported.size() != 1)
+            qFatal("the import fails");
+        return fixture.media(report.imported[0]);
+    }
 
 private Q_SLOTS:
     void initTestCase() { base::installTexts(); }
@@ -30,19 +30,11 @@ private Q_SLOTS:
     void fillsTheRecord()
     {
         ImportFixture fixture;
-        const QString path = fixture.makeFile(QStringLiteral("My Picture.v2.png"), "12345");
-        fixture.index.entries[path] = {
-            QStringLiteral("https://from.example/x"), QStringLiteral("a comment"), {}, 6};
+        const QString path = fixture.makeFile(u"My Picture.v2.png"_s, "12345");
+        fixture.index.entries[path] = {u"https://from.example/x"_s, u"a comment"_s, {}, 6};
         fixture.analyse = [](const AnalysisRequest& request) {
             AnalysisResult result = sampleAnalysis(request);
-            result.metadata = {1200,
-                               800,
-                               144.5,
-                               8,
-                               true,
-                               QStringLiteral("RGB"),
-                               QStringLiteral("sRGB"),
-                               QStringLiteral("Brush 3")};
+            result.metadata = {1200, 800, 144.5, 8, true, u"RGB"_s, u"sRGB"_s, u"Brush 3"_s};
             result.hasFrames = true;
             return result;
         };
@@ -56,11 +48,11 @@ private Q_SLOTS:
         QCOMPARE(media->mediaID().size(), 36);
         QCOMPARE(media->mediaID(), media->mediaID().toUpper());
         QCOMPARE(media->mediaPID(), media->collections()->collectionID());
-        QCOMPARE(media->collections()->title(), QStringLiteral("Target"));
+        QCOMPARE(media->collections()->title(), u"Target"_s);
         QCOMPARE(media->mediaOriginalPath(), path);
-        QCOMPARE(media->mediaPath(), folder + QStringLiteral("/Originals/My Picture.v2.png"));
-        QCOMPARE(media->mediaThumbPath(), folder + QStringLiteral("/Preivew/preview.png"));
-        QCOMPARE(media->mediaTitle(), QStringLiteral("My Picture.v2"));
+        QCOMPARE(media->mediaPath(), folder + u"/Originals/My Picture.v2.png"_s);
+        QCOMPARE(media->mediaThumbPath(), folder + u"/Preivew/preview.png"_s);
+        QCOMPARE(media->mediaTitle(), u"My Picture.v2"_s);
         QCOMPARE(media->mediaDocumentType(), 6);
         QCOMPARE(media->mediaFileSize(), 5);
         QCOMPARE(media->mediaDateModified(), QFileInfo(path).lastModified());
@@ -68,10 +60,10 @@ private Q_SLOTS:
         QVERIFY(media->mediaDateImported() >= before);
         QCOMPARE(media->mediaDateLastOpened(), media->mediaDateImported());
         QCOMPARE(media->mediaRating(), 0);
-        QVERIFY(!media->isEmptyAttribute(QLatin1String("mediaRating")));
+        QVERIFY(!media->isEmptyAttribute("mediaRating"_L1));
         QCOMPARE(media->mediaLabel(), 1);
-        QCOMPARE(media->mediaNotes(), QStringLiteral("a comment"));
-        QCOMPARE(media->mediaWeburl(), QStringLiteral("https://from.example/x"));
+        QCOMPARE(media->mediaNotes(), u"a comment"_s);
+        QCOMPARE(media->mediaWeburl(), u"https://from.example/x"_s);
         QVERIFY(media->imageHasFrames());
         QCOMPARE(media->mediaKind(), 15);
         QCOMPARE(media->mediaWidth(), 1200.0);
@@ -79,11 +71,11 @@ private Q_SLOTS:
         QCOMPARE(media->imageDPI(), 144.5);
         QCOMPARE(media->imageDepth(), 8);
         QVERIFY(media->imageHasAlpha());
-        QCOMPARE(media->imageColorModel(), QStringLiteral("RGB"));
-        QCOMPARE(media->imageProfile(), QStringLiteral("sRGB"));
-        QCOMPARE(media->mediaSoftware(), QStringLiteral("Brush 3"));
-        QCOMPARE(contents(masters(fixture) + media->mediaPath()), QByteArray("12345"));
-        QCOMPARE(contents(masters(fixture) + media->mediaThumbPath()),
+        QCOMPARE(media->imageColorModel(), u"RGB"_s);
+        QCOMPARE(media->imageProfile(), u"sRGB"_s);
+        QCOMPARE(media->mediaSoftware(), u"Brush 3"_s);
+        QCOMPARE(test::fileContents(masters(fixture) + media->mediaPath()), QByteArray("12345"));
+        QCOMPARE(test::fileContents(masters(fixture) + media->mediaThumbPath()),
                  QByteArray("preview of My Picture.v2.png"));
         QVERIFY(media->collections()->dateModified() >= before);
     }
@@ -91,9 +83,7 @@ private Q_SLOTS:
     void leavesEmptyWhatTheFileDoesNotSay()
     {
         ImportFixture fixture;
-        const ImportReport report = fixture.import(fixture.makeFiles(1));
-        const auto media = fixture.media(report.imported.value(0));
-        QVERIFY(media);
+        const auto media = imported(fixture, {fixture.makeFile(u"a.png"_s), {}, MediaKind::Unset, false});
         for (const char* name :
              {"imageHasFrames", "mediaSoftware", "mediaWeburl", "mediaOtherInfo", "pdfTitle"}) {
             QVERIFY2(media->isEmptyAttribute(QLatin1String(name)), name);
@@ -103,52 +93,40 @@ private Q_SLOTS:
         }
     }
 
-    void choosesTheAddress_data()
-    {
-        QTest::addColumn<QString>("whereFrom");
-        QTest::addColumn<QString>("ofItem");
-        QTest::addColumn<QString>("expected");
-        const QString item = QStringLiteral("http://item");
-        QTest::newRow("the file's wins")
-            << QStringLiteral("http://file") << item << QStringLiteral("http://file");
-        QTest::newRow("in capitals") << QStringLiteral("HTTP://FILE") << item
-                                     << QStringLiteral("HTTP://FILE");
-        QTest::newRow("mixed does not count") << QStringLiteral("Http://file") << item << item;
-        QTest::newRow("another scheme") << QStringLiteral("ftp://file") << item << item;
-        QTest::newRow("none of the file's") << QString() << item << item;
-    }
     void choosesTheAddress()
     {
-        QFETCH(QString, whereFrom);
-        QFETCH(QString, ofItem);
         ImportFixture fixture;
-        const QString path = fixture.makeFile(QStringLiteral("a.png"));
-        fixture.index.entries[path].whereFrom = whereFrom;
-        const ImportReport report = fixture.import({ImportItem{path, ofItem, MediaKind::Web, true}});
-        QCOMPARE(report.imported.size(), 1);
-        QTEST(fixture.media(report.imported[0])->mediaWeburl(), "expected");
+        const QString path = fixture.makeFile(u"a.png"_s);
+        const QString item = u"http://item"_s;
+        for (const auto& [whereFrom, expected] : {std::pair(u"http://file"_s, u"http://file"_s),
+                                                  {u"HTTP://FILE"_s, u"HTTP://FILE"_s},
+                                                  {u"Http://file"_s, item},
+                                                  {u"ftp://file"_s, item},
+                                                  {QString(), item}}) {
+            fixture.index.entries[path].whereFrom = whereFrom;
+            QCOMPARE(imported(fixture, {path, item, MediaKind::Web, true})->mediaWeburl(), expected);
+        }
     }
 
     void sharesTagsByExactTitle()
     {
         ImportFixture fixture;
-        const auto known = fixture.library.addTag(QStringLiteral("Logo"));
+        const auto known = fixture.library.addTag(u"Logo"_s);
         const QStringList files = fixture.makeFiles(2);
-        fixture.index.entries[files[0]] = {
-            {}, {}, {QStringLiteral("Logo"), QStringLiteral("logo"), QStringLiteral("Logo"), QString()}, 6};
-        fixture.index.entries[files[1]] = {{}, {}, {QStringLiteral("logo"), QStringLiteral("plain")}, 0};
+        fixture.index.entries[files[0]] = {{}, {}, {u"Logo"_s, u"logo"_s, u"Logo"_s, QString()}, 6};
+        fixture.index.entries[files[1]] = {{}, {}, {u"logo"_s, u"plain"_s}, 0};
         const ImportReport report = fixture.import(files);
         QCOMPARE(report.imported.size(), 2);
         QCOMPARE(fixture.recordCount(store::Tags::info()), 3);
         QCOMPARE(fixture.recordCount(store::MediaTagList::info()), 4);
         const auto tag = [&fixture](const char* title) {
-            return fixture.library.context().first<store::Tags>(store::Predicate::compare(
-                QLatin1String("title"), store::Comparison::Equal, QString::fromLatin1(title)));
+            return fixture.library.context().first<store::Tags>(
+                store::Predicate::compare("title"_L1, store::Comparison::Equal, QString::fromLatin1(title)));
         };
         QVERIFY(
             base::colorFromString(tag("logo")->tagColor()).has_value()); // Of the label of the first file.
         QCOMPARE(tag("plain")->tagColor(), QString());
-        QVERIFY(!tag("plain")->isEmptyAttribute(QLatin1String("tagColor")));
+        QVERIFY(!tag("plain")->isEmptyAttribute("tagColor"_L1));
         QCOMPARE(tag("plain")->sortKey(), 7);
         QCOMPARE(tag("plain")->zoomValue(), 0.4);
         QCOMPARE(tag("Logo")->tagID(), known->tagID());
@@ -181,8 +159,8 @@ private Q_SLOTS:
             QCOMPARE(link->mediaID(), report.imported[2]);
         }
         QCOMPARE(byRole.keys(), QList<qint64>({0, 1, 2, 3}));
-        QCOMPARE(byRole[0], QStringLiteral("0.500000+0.500000+0.500000+1.000000"));
-        QCOMPARE(byRole[2], QStringLiteral("1.000000+0.000000+0.000000+1.000000"));
+        QCOMPARE(byRole[0], u"0.500000+0.500000+0.500000+1.000000"_s);
+        QCOMPARE(byRole[2], u"1.000000+0.000000+0.000000+1.000000"_s);
     }
 
     void refersInsteadOfCopying()
@@ -193,13 +171,13 @@ private Q_SLOTS:
             asked.append(folder);
             return folder;
         };
-        const QString picture = fixture.makeFile(QStringLiteral("a.png"));
-        const QString drawing = fixture.makeFile(QStringLiteral("chart.eps"));
+        const QString picture = fixture.makeFile(u"a.png"_s);
+        const QString drawing = fixture.makeFile(u"chart.eps"_s);
         fixture.analyse = [](const AnalysisRequest& request) {
             AnalysisResult result = sampleAnalysis(request);
             if (request.type == DocumentType::Eps) {
                 result.sideFile = "side";
-                result.sideFileSuffix = QStringLiteral("_eps.png");
+                result.sideFileSuffix = u"_eps.png"_s;
             }
             return result;
         };
@@ -216,8 +194,8 @@ private Q_SLOTS:
         const QString folderOfDrawing =
             masters(fixture) +
             QFileInfo(QFileInfo(fixture.media(report.imported[1])->mediaThumbPath()).path()).path();
-        QCOMPARE(QDir(folderOfDrawing + QStringLiteral("/Originals")).entryList(QDir::Files),
-                 QStringList{QStringLiteral("chart_eps.png")});
+        QCOMPARE(QDir(folderOfDrawing + u"/Originals"_s).entryList(QDir::Files),
+                 QStringList{u"chart_eps.png"_s});
         QCOMPARE(fixture.media(report.imported[1])->mediaPath(), QString());
         QVERIFY(fixture.import(QStringList{picture}, false).failed.empty());
         QCOMPARE(asked.size(), 1); // The written grant holds.
@@ -248,53 +226,40 @@ private Q_SLOTS:
         QCOMPARE(fixture.import(fixture.makeFiles(1), false).imported.size(), 1);
     }
 
-    void copiesForcedKindsInAnyMode_data()
-    {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<bool>("isCopied");
-        for (int kind = 4; kind <= 15; ++kind) {
-            QTest::addRow("%d", kind) << kind << (kind == 4 || kind == 7 || kind == 15);
-        }
-    }
     void copiesForcedKindsInAnyMode()
     {
-        QFETCH(int, kind);
-        QFETCH(bool, isCopied);
         ImportFixture fixture;
         fixture.askForFolder = [](const QString& folder) { return folder; };
-        const QString path = fixture.makeFile(QStringLiteral("a.png"));
-        const ImportReport report =
-            fixture.import({ImportItem{path, {}, static_cast<MediaKind>(kind), true}}, false);
-        QCOMPARE(report.imported.size(), 1);
-        const auto media = fixture.media(report.imported[0]);
-        QCOMPARE(!media->mediaPath().isEmpty(), isCopied);
-        QCOMPARE(media->mediaKind(), kind);
+        const QString path = fixture.makeFile(u"a.png"_s);
+        for (int kind = 4; kind <= 15; ++kind) {
+            const auto media = imported(fixture, {path, {}, static_cast<MediaKind>(kind), true}, false);
+            QVERIFY2(media->mediaPath().isEmpty() == (kind != 4 && kind != 7 && kind != 15),
+                     qPrintable(QString::number(kind)));
+            QCOMPARE(media->mediaKind(), kind);
+        }
     }
 
-    void writesTheFieldsOfTheType_data()
-    {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<bool>("hasSize");
-        QTest::addColumn<bool>("hasResolution");
-        QTest::newRow("bitmap") << 6 << true << true;
-        QTest::newRow("PDF") << 0 << true << false;
-        QTest::newRow("EPS") << 16 << true << false;
-        QTest::newRow("design document") << 21 << false << false;
-    }
     void writesTheFieldsOfTheType()
     {
-        QFETCH(int, type);
         ImportFixture fixture;
-        fixture.analyse = [type](const AnalysisRequest& request) {
-            AnalysisResult result = sampleAnalysis(request);
-            result.type = static_cast<DocumentType>(type);
-            return result;
+        const QString path = fixture.makeFile(u"a.png"_s);
+        struct Row {
+            DocumentType type;
+            bool hasSize, hasResolution;
         };
-        const ImportReport report = fixture.import(fixture.makeFiles(1));
-        const auto media = fixture.media(report.imported.value(0));
-        QVERIFY(media);
-        QTEST(!media->isEmptyAttribute(QLatin1String("mediaWidth")), "hasSize");
-        QTEST(!media->isEmptyAttribute(QLatin1String("imageDPI")), "hasResolution");
+        for (const Row& row : {Row{DocumentType::Png, true, true},
+                               {DocumentType::Pdf, true, false},
+                               {DocumentType::Eps, true, false},
+                               {DocumentType::Sketch, false, false}}) {
+            fixture.analyse = [&row](const AnalysisRequest& request) {
+                AnalysisResult result = sampleAnalysis(request);
+                result.type = row.type;
+                return result;
+            };
+            const auto media = imported(fixture, {path, {}, MediaKind::Unset, false});
+            QCOMPARE(!media->isEmptyAttribute("mediaWidth"_L1), row.hasSize);
+            QCOMPARE(!media->isEmptyAttribute("imageDPI"_L1), row.hasResolution);
+        }
     }
 };
 
