@@ -36,12 +36,6 @@ bool near(const QColor& color, const QColor& expected, int tolerance)
 #define COMPARE_COLOR(actual, expected, tolerance)                                                           \
     QVERIFY2(near(actual, expected, tolerance), qPrintable((actual).name() + u" for "_s + (expected).name()))
 
-struct PlanRow {
-    QSize size;
-    QRect source;
-    QSize picture, canvas;
-};
-
 struct SizeRow {
     QSize size, preview;
     std::optional<QPoint> clear; ///< Transparent there, or black in a JPEG.
@@ -64,32 +58,6 @@ private Q_SLOTS:
     {
         base::installTexts();
         setUpImageLibrary("tst_analysis");
-    }
-
-    void previewPlan_data()
-    {
-        QTest::addColumn<PlanRow>("row");
-        const auto row = [](const char* name, const PlanRow& given) { QTest::newRow(name) << given; };
-        const QSize box = kPreviewBox;
-        row("photo fills", {{4000, 3000}, {83, 0, 3834, 3000}, box, box});
-        row("just over the box", {{461, 360}, {0, 0, 461, 360}, box, box});
-        row("edge over the fill limit", {{5000, 201}, {2371, 0, 258, 201}, box, box});
-        row("edge at the fill limit", {{5000, 200}, {0, 0, 5000, 200}, {460, 18}, box});
-        row("band", {{5000, 150}, {0, 0, 5000, 150}, {460, 14}, box});
-        row("pillar", {{200, 5000}, {0, 0, 200, 5000}, {14, 360}, box});
-        row("the box itself", {box, {0, 0, 460, 360}, box, box});
-        row("own size in the box", {{300, 200}, {0, 0, 300, 200}, {300, 200}, box});
-        row("one over the canvas", {{133, 132}, {0, 0, 133, 132}, {133, 132}, box});
-        row("tiny", {{132, 132}, {0, 0, 132, 132}, {132, 132}, {132, 132}});
-        row("dot", {{1, 1}, {0, 0, 1, 1}, {1, 1}, {132, 132}});
-    }
-    void previewPlan()
-    {
-        QFETCH(PlanRow, row);
-        const PreviewPlan plan = planPreview(row.size);
-        QCOMPARE(plan.source, row.source);
-        QCOMPARE(plan.picture, row.picture);
-        QCOMPARE(plan.canvas, row.canvas);
     }
 
     // Every format the long way: right size, right bytes by name, corners in their places, right facts.
@@ -134,7 +102,7 @@ private Q_SLOTS:
         const QImage preview = QImage::fromData(result.preview);
         QCOMPARE(preview.size(), kPreviewBox);
         // Pure red, green and blue are beyond what inks can do; these are as near as they come.
-        const bool inks = name.contains(QLatin1String("cmyk"));
+        const bool inks = name.contains("cmyk"_L1);
         const int tolerance = encoding == Encoding::Jpeg ? 12 : 4;
         COMPARE_COLOR(preview.pixelColor(100, 80), inks ? QColor(232, 0, 17) : QColor(255, 0, 0), tolerance);
         COMPARE_COLOR(preview.pixelColor(360, 80), inks ? QColor(191, 207, 0) : QColor(0, 255, 0),
@@ -155,6 +123,10 @@ private Q_SLOTS:
         QTest::addColumn<SizeRow>("row");
         const auto row = [](const char* name, const SizeRow& given) { QTest::newRow(name) << given; };
         row("band.png", {{5000, 150}, kPreviewBox, QPoint(230, 170), {230, 180}});
+        row("edge over the fill limit.png", {{5000, 201}, kPreviewBox, {}, {0, 0}});
+        row("edge at the fill limit.png", {{5000, 200}, kPreviewBox, QPoint(230, 169), {230, 175}});
+        row("pillar.png", {{200, 5000}, kPreviewBox, QPoint(221, 180), {230, 180}});
+        row("dot.png", {{1, 1}, {132, 132}, QPoint(64, 64), {65, 65}});
         row("own size.png", {{300, 200}, kPreviewBox, QPoint(79, 80), {80, 80}});
         row("tiny.gif", {{100, 100}, {132, 132}, QPoint(15, 50), {16, 50}});
         row("tiny.jpg", {{40, 40}, {132, 132}, QPoint(20, 20), {60, 60}});
@@ -339,8 +311,7 @@ private Q_SLOTS:
         QVERIFY(test::cutOff(path, keep));
         const AnalysisResult result = analysed(path, typeOf(name));
         QVERIFY(!result.outcome.ok());
-        QVERIFY(result.outcome.reason().size() > 20 &&
-                !result.outcome.reason().startsWith(QLatin1String("Failure.")));
+        QVERIFY(result.outcome.reason().size() > 20 && !result.outcome.reason().startsWith("Failure."_L1));
         QVERIFY(result.preview.isEmpty());
     }
 

@@ -15,6 +15,7 @@
 #include <QTest>
 
 using namespace mosaro;
+using namespace Qt::StringLiterals;
 using importing::ImportProgress;
 using importing::MRFileErrorView;
 
@@ -35,8 +36,7 @@ std::vector<importing::FailedPath> failedPaths(int count)
 {
     std::vector<importing::FailedPath> failed;
     for (int i = 0; i < count; ++i) {
-        failed.push_back(
-            {QStringLiteral("/pictures/%1/file-%1.png").arg(i), QStringLiteral("Reason\n%1").arg(i)});
+        failed.push_back({u"/pictures/%1/file-%1.png"_s.arg(i), u"Reason\n%1"_s.arg(i)});
     }
     return failed;
 }
@@ -53,33 +53,24 @@ private Q_SLOTS:
         kit::installLook(*qApp);
     }
 
-    void percent_data()
-    {
-        QTest::addColumn<int>("index");
-        QTest::addColumn<int>("total");
-        QTest::addColumn<int>("percent");
-        QTest::newRow("whole numbers only") << 1 << 3 << 33;
-        QTest::newRow("last") << 3 << 3 << 100;
-        QTest::newRow("first of many") << 1 << 1000 << 0;
-        QTest::newRow("none") << 0 << 0 << 0;
-    }
     void percent()
     {
-        QFETCH(int, index);
-        QFETCH(int, total);
-        importing::ImportSheet sheet;
-        sheet.resetProgress(total);
-        QCOMPARE(sheet.percent(), 0);
-        sheet.showProgress({QStringLiteral("/a/name.png"), index, total, {}, {}});
-        QTEST(sheet.percent(), "percent");
-        QVERIFY(sheet.text().contains(QStringLiteral("name.png")));
-        QVERIFY(!sheet.text().contains(QStringLiteral("/a")));
+        for (const auto& [index, total, percent] :
+             {std::tuple(1, 3, 33), {2, 3, 66}, {3, 3, 100}, {1, 1000, 0}, {0, 0, 0}}) {
+            importing::ImportSheet sheet;
+            sheet.resetProgress(total);
+            QCOMPARE(sheet.percent(), 0);
+            sheet.showProgress({u"/a/name.png"_s, index, total, {}, {}});
+            QCOMPARE(sheet.percent(), percent);
+            QVERIFY(sheet.text().contains(u"name.png"_s));
+            QVERIFY(!sheet.text().contains(u"/a"_s));
+        }
     }
 
     void longNamesStayWithinTheSheet()
     {
         importing::ImportSheet sheet;
-        sheet.showProgress({QString(400, u'w') + QStringLiteral(".png"), 1, 2, {}, {}});
+        sheet.showProgress({QString(400, u'w') + u".png"_s, 1, 2, {}, {}});
         QVERIFY(sheet.sizeHint().width() <= sheet.maximumWidth());
     }
 
@@ -88,8 +79,7 @@ private Q_SLOTS:
         importing::ImportSheet sheet;
         auto* well = sheet.findChild<importing::PreviewWell*>();
         auto* swatches = sheet.findChild<importing::SwatchRow*>();
-        ImportProgress progress{
-            QStringLiteral("a.png"), 1, 2, pictureBytes(QSize(460, 360), Qt::red), {{1, 0, 0, 1}}};
+        ImportProgress progress{u"a.png"_s, 1, 2, pictureBytes(QSize(460, 360), Qt::red), {{1, 0, 0, 1}}};
         sheet.showProgress(progress);
         QVERIFY(!well->picture().isNull());
         QVERIFY(well->picture().width() <= 230 * well->devicePixelRatio());
@@ -97,29 +87,25 @@ private Q_SLOTS:
         QCOMPARE(swatches->colors()[0], QColor(Qt::red));
         QVERIFY(!swatches->colors()[1].isValid());
 
-        progress = {QStringLiteral("failed.png"), 2, 2, {}, {}};
+        progress = {u"failed.png"_s, 2, 2, {}, {}};
         sheet.showProgress(progress);
         QVERIFY(!well->picture().isNull());
         sheet.resetProgress(4);
         QVERIFY(well->picture().isNull());
     }
 
-    void bytesThatAreNoPicture_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("text") << QByteArray("not a picture");
-        QTest::newRow("cut off") << pictureBytes(QSize(100, 100), Qt::blue).left(30);
-        QTest::newRow("too large") << pictureBytes(QSize(8000, 1), Qt::blue);
-    }
     void bytesThatAreNoPicture()
     {
-        QFETCH(QByteArray, bytes);
         importing::PreviewWell well;
-        well.setPreview(pictureBytes(QSize(10, 10), Qt::green));
-        QCOMPARE(well.picture().size(), QSize(10, 10));
-        well.setPreview(bytes);
-        QVERIFY(well.picture().isNull());
-        QVERIFY(!well.grab().isNull());
+        const QByteArray blue = pictureBytes(QSize(100, 100), Qt::blue);
+        for (const QByteArray& bytes :
+             {"not a picture"_ba, blue.left(30), pictureBytes({8000, 1}, Qt::blue)}) {
+            well.setPreview(pictureBytes(QSize(10, 10), Qt::green));
+            QCOMPARE(well.picture().size(), QSize(10, 10));
+            well.setPreview(bytes);
+            QVERIFY(well.picture().isNull());
+            QVERIFY(!well.grab().isNull());
+        }
     }
 
     void stopIsAskedOnce()
@@ -149,21 +135,20 @@ private Q_SLOTS:
         view->revealCurrent();
         QTest::keyClick(list, Qt::Key_End);
         view->revealCurrent();
-        QCOMPARE(revealed, QStringList({QStringLiteral("/pictures/0/file-0.png"),
-                                        QStringLiteral("/pictures/9999/file-9999.png")}));
+        QCOMPARE(revealed, QStringList({u"/pictures/0/file-0.png"_s, u"/pictures/9999/file-9999.png"_s}));
 
         list->scrollToTop();
         const QRect row = list->visualRect(list->model()->index(1, 0));
         const QPoint button = importing::FailedPathDelegate::buttonRect(row).center();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, button);
-        QCOMPARE(revealed.last(), QStringLiteral("/pictures/1/file-1.png"));
+        QCOMPARE(revealed.last(), u"/pictures/1/file-1.png"_s);
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row.topLeft() + QPoint(60, 10));
         QCOMPARE(revealed.size(), 3);
 
         view->copyList();
         const QStringList lines = QGuiApplication::clipboard()->text().split(u'\n', Qt::SkipEmptyParts);
         QCOMPARE(lines.size(), 10'000);
-        QCOMPARE(lines.first(), QStringLiteral("/pictures/0/file-0.png\tReason 0"));
+        QCOMPARE(lines.first(), u"/pictures/0/file-0.png\tReason 0"_s);
 
         QCOMPARE(MRFileErrorView::showFailedPaths(failedPaths(2), reveal), view.data());
         QCOMPARE(view->count(), 2);

@@ -83,7 +83,7 @@ private Q_SLOTS:
     void leavesEmptyWhatTheFileDoesNotSay()
     {
         ImportFixture fixture;
-        const auto media = imported(fixture, {fixture.makeFile(u"a.png"_s), {}, MediaKind::Unset, false});
+        const auto media = imported(fixture, ImportItem::fromPath(fixture.makeFile(u"a.png"_s)));
         for (const char* name :
              {"imageHasFrames", "mediaSoftware", "mediaWeburl", "mediaOtherInfo", "pdfTitle"}) {
             QVERIFY2(media->isEmptyAttribute(QLatin1String(name)), name);
@@ -256,7 +256,7 @@ private Q_SLOTS:
                 result.type = row.type;
                 return result;
             };
-            const auto media = imported(fixture, {path, {}, MediaKind::Unset, false});
+            const auto media = imported(fixture, ImportItem::fromPath(path));
             QCOMPARE(!media->isEmptyAttribute("mediaWidth"_L1), row.hasSize);
             QCOMPARE(!media->isEmptyAttribute("imageDPI"_L1), row.hasResolution);
         }

@@ -7,8 +7,10 @@
 #include <sqlite3.h>
 #include <stdexcept>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace mosaro;
+using namespace Qt::StringLiterals;
 using namespace mosaro::importing;
 using test::ImportFixture;
 using test::sampleAnalysis;
@@ -31,6 +33,14 @@ void poisonStore(const QString& path, const char* title)
                         sqlite3_exec(store, sql.constData(), nullptr, nullptr, nullptr) == SQLITE_OK;
     sqlite3_close(store);
     QVERIFY(isMade);
+}
+
+QStringList namesOf(const std::vector<FailedPath>& failed)
+{
+    QStringList names;
+    for (const FailedPath& path : failed)
+        names.append(path.reason.isEmpty() ? u"(no reason)"_s : QFileInfo(path.path).fileName());
+    return names;
 }
 
 } // namespace
@@ -61,9 +71,8 @@ private Q_SLOTS:
         QCOMPARE(report.tried, 40);
         QVERIFY(report.failed.empty());
         QStringList expected;
-        for (const QString& file : files) {
+        for (const QString& file : files)
             expected.append(QFileInfo(file).completeBaseName());
-        }
         QCOMPARE(fixture.titles(report.imported), expected);
         QVERIFY2(most > 1, "several files are analysed at once");
         QVERIFY(most <= fixture.parallel);
@@ -173,43 +182,30 @@ private Q_SLOTS:
     {
         ImportFixture fixture;
         QStringList files = fixture.makeFiles(6);
-        QVERIFY(QDir().mkpath(fixture.library.folder() + QStringLiteral("/in/album.png")));
-        QVERIFY(::mkfifo((fixture.library.folder() + QStringLiteral("/in/pipe.png")).toUtf8().constData(),
-                         0600) == 0);
-        files.append(fixture.library.folder() + QStringLiteral("/in"));
+        QVERIFY(QDir().mkpath(fixture.library.folder() + u"/in/album.png"_s));
+        QVERIFY(::mkfifo((fixture.library.folder() + u"/in/pipe.png"_s).toUtf8().constData(), 0600) == 0);
+        files.append(fixture.library.folder() + u"/in"_s);
         // No text names this one.
         const QByteArray lost = files.last().toUtf8() + "/lost\xff.png";
         QVERIFY(::mknod(lost.constData(), S_IFREG | 0600, 0) == 0);
         fixture.analyse = [](const AnalysisRequest& request) {
             AnalysisResult result = sampleAnalysis(request);
-            switch (numberOf(request)) {
-            case 2:
-                result.outcome = base::Failure{QStringLiteral("It is torn.")};
-                break;
-            case 4:
+            if (numberOf(request) == 2)
+                result.outcome = base::Failure{u"It is torn."_s};
+            if (numberOf(request) == 4)
                 throw std::runtime_error("decoder in tears");
-            case 5:
+            if (numberOf(request) == 5)
                 result.preview.clear();
-                break;
-            default:
-                break;
-            }
             return result;
         };
         const ImportReport report = fixture.import(files);
-        QCOMPARE(fixture.titles(report.imported),
-                 QStringList({QStringLiteral("01"), QStringLiteral("03"), QStringLiteral("06")}));
+        QCOMPARE(fixture.titles(report.imported), QStringList({u"01"_s, u"03"_s, u"06"_s}));
         QCOMPARE(report.tried, 9);
-        QStringList failed;
-        for (const FailedPath& path : report.failed) {
-            failed.append(QFileInfo(path.path).fileName());
-            QVERIFY(!path.reason.isEmpty());
-        }
-        QCOMPARE(failed, QStringList({QStringLiteral("02.png"), QStringLiteral("04.png"),
-                                      QStringLiteral("05.png"), QStringLiteral("album.png"),
-                                      QStringLiteral("lost\uFFFD.png"), QStringLiteral("pipe.png")}));
-        QCOMPARE(report.failed[0].reason, QStringLiteral("It is torn."));
-        QVERIFY(report.failed[1].reason.contains(QStringLiteral("decoder in tears")));
+        QCOMPARE(namesOf(report.failed), QStringList({u"02.png"_s, u"04.png"_s, u"05.png"_s, u"album.png"_s,
+                                                      u"lost\uFFFD.png"_s, u"pipe.png"_s}));
+        QCOMPARE(report.failed[0].reason, u"It is torn."_s);
+        QVERIFY(report.failed[1].reason.contains(u"decoder in tears"_s));
+        ::unlink(lost.constData()); // What Qt cannot name it cannot remove.
         QCOMPARE(fixture.itemFolders().size(), 3);
     }
 
@@ -218,15 +214,12 @@ private Q_SLOTS:
         ImportFixture fixture;
         const QStringList files = fixture.makeFiles(4);
         for (const QString& file : files) {
-            fixture.index.entries[file].tags = {QStringLiteral("shared"), QFileInfo(file).baseName()};
+            fixture.index.entries[file].tags = {u"shared"_s, QFileInfo(file).baseName()};
         }
         poisonStore(fixture.library.package().dbPath(), "02");
         const ImportReport report = fixture.import(files);
-        QCOMPARE(fixture.titles(report.imported),
-                 QStringList({QStringLiteral("01"), QStringLiteral("03"), QStringLiteral("04")}));
-        QCOMPARE(report.failed.size(), size_t(1));
-        QCOMPARE(report.failed[0].path, files[1]);
-        QVERIFY(!report.failed[0].reason.isEmpty());
+        QCOMPARE(fixture.titles(report.imported), QStringList({u"01"_s, u"03"_s, u"04"_s}));
+        QCOMPARE(namesOf(report.failed), QStringList{u"02.png"_s});
         QCOMPARE(fixture.itemFolders().size(), 3);
         QVERIFY(!fixture.library.context().hasChanges());
         QVERIFY(fixture.library.reopen());
@@ -262,7 +255,7 @@ private Q_SLOTS:
         connect(run.get(), &ImportRun::progressed, run.get(),
                 [&indexes](const ImportProgress& progress) { indexes.append(progress.index); });
         const ImportReport report = ImportFixture::finish(*run, items);
-        QCOMPARE(fixture.titles(report.imported), QStringList({QStringLiteral("01"), QStringLiteral("03")}));
+        QCOMPARE(fixture.titles(report.imported), QStringList({u"01"_s, u"03"_s}));
         QVERIFY(report.failed.empty());
         QCOMPARE(report.tried, 3);
         QVERIFY(!indexes.contains(2));
@@ -289,18 +282,10 @@ private Q_SLOTS:
         }
     }
 
-    void roundsPercentDown()
-    {
-        QCOMPARE((ImportProgress{{}, 1, 3, {}, {}}).percent(), 33);
-        QCOMPARE((ImportProgress{{}, 2, 3, {}, {}}).percent(), 66);
-        QCOMPARE((ImportProgress{{}, 0, 0, {}, {}}).percent(), 0);
-    }
-
     void finishesAtOnceWithNothingToDo()
     {
         ImportFixture fixture;
-        const ImportReport report =
-            fixture.import(QStringList{fixture.makeFile(QStringLiteral("notes.txt"))});
+        const ImportReport report = fixture.import(QStringList{fixture.makeFile(u"notes.txt"_s)});
         QCOMPARE(report.tried, 0);
         QCOMPARE(report.skipped.size(), size_t(1));
         QCOMPARE(fixture.import(QStringList()).tried, 0);
@@ -310,8 +295,7 @@ private Q_SLOTS:
     void removesWhatAnInterruptedRunLeft()
     {
         ImportFixture fixture;
-        const QString remains =
-            fixture.library.package().stagingDirPath() + QStringLiteral("/OLD.mritem/Originals/x");
+        const QString remains = fixture.library.package().stagingDirPath() + u"/OLD.mritem/Originals/x"_s;
         test::writeFile(remains, "x");
         QCOMPARE(fixture.import(fixture.makeFiles(2)).imported.size(), 2);
         QVERIFY(!QFileInfo::exists(remains));
