@@ -81,16 +81,6 @@ struct SelectionRow {
     Intervals expected;
 };
 
-struct LayoutRow {
-    int width, count, columns, height;
-};
-
-struct MoveRow {
-    int from;
-    GridMove move;
-    int to;
-};
-
 /// A click on a cell, -1 for beside all, or a key, and what is selected after it.
 template <class Input>
 struct Step {
@@ -156,27 +146,27 @@ private Q_SLOTS:
         QCOMPARE(bench.view.selectionIndexes().count(), 999'999);
     }
 
-    void layoutPlacesCells_data()
-    {
-        QTest::addColumn<LayoutRow>("row");
-        QTest::newRow("just four") << LayoutRow{496, 9, 4, 36 + 3 * 100 + 2 * 20};
-        QTest::newRow("a point less") << LayoutRow{495, 9, 3, 36 + 3 * 100 + 2 * 20};
-        QTest::newRow("narrower than a cell") << LayoutRow{30, 2, 1, 36 + 220};
-        QTest::newRow("no width yet") << LayoutRow{0, 2, 1, 36 + 220};
-        QTest::newRow("nothing") << LayoutRow{496, 0, 4, 0};
-        QTest::newRow("a million") << LayoutRow{496, 1'000'000, 4, 36 + 250'000 * 120 - 20};
-    }
     void layoutPlacesCells()
     {
-        QFETCH(LayoutRow, row);
-        const GridLayout layout(kMetrics, row.width, row.count);
-        QCOMPARE(layout.columns(), row.columns);
-        QCOMPARE(layout.contentHeight(), row.height);
-        if (row.count > 0 && row.width >= 136) {
-            const int left = layout.cellRect(0).left();
-            const int right = row.width - 1 - layout.cellRect(row.columns - 1).right();
-            QVERIFY(left >= 18 && right > 16);
-            QVERIFY(qAbs(left - right) <= 1); // the same air on both sides
+        struct Row {
+            int width, count, columns, height;
+        };
+        for (const auto& [width, count, columns, height] :
+             {Row{496, 9, 4, 36 + 3 * 100 + 2 * 20},
+              {495, 9, 3, 36 + 3 * 100 + 2 * 20}, // a point less
+              {30, 2, 1, 36 + 220},               // narrower than a cell
+              {0, 2, 1, 36 + 220},                // no width yet
+              {496, 0, 4, 0},
+              {496, 1'000'000, 4, 36 + 250'000 * 120 - 20}}) {
+            const GridLayout layout(kMetrics, width, count);
+            QCOMPARE(layout.columns(), columns);
+            QCOMPARE(layout.contentHeight(), height);
+            if (count > 0 && width >= 136) {
+                const int left = layout.cellRect(0).left();
+                const int right = width - 1 - layout.cellRect(columns - 1).right();
+                QVERIFY(left >= 18 && right > 16);
+                QVERIFY(qAbs(left - right) <= 1); // the same air on both sides
+            }
         }
     }
 
@@ -195,38 +185,28 @@ private Q_SLOTS:
         QCOMPARE(layout.indexesBetween(0, 399), (GridInterval{0, 9}));
         QCOMPARE(layout.indexesBetween(0, 17), (GridInterval{}));
         QCOMPARE(layout.indexesBetween(138, 139), (GridInterval{4, 7}));
-        QCOMPARE(layout.indexesIn(QRect(0, 0, 496, 130)).intervals(), (Intervals{{0, 3}}));
-        const QRect middle(layout.cellRect(1).center(), layout.cellRect(6).center());
-        QCOMPARE(layout.indexesIn(middle).intervals(), (Intervals{{1, 2}, {5, 6}}));
         const QPoint gap = layout.cellRect(0).bottomLeft() + QPoint(0, 2);
         QVERIFY(layout.indexesIn(QRect(gap, QSize(400, 15))).isEmpty());
     }
 
-    void keysMove_data()
-    {
-        QTest::addColumn<MoveRow>("row");
-        // Ten cells, four in a row; a page is two rows.
-        QTest::newRow("right") << MoveRow{3, GridMove::Right, 4};
-        QTest::newRow("right at the end") << MoveRow{9, GridMove::Right, 9};
-        QTest::newRow("left at the start") << MoveRow{0, GridMove::Left, 0};
-        QTest::newRow("down") << MoveRow{1, GridMove::Down, 5};
-        QTest::newRow("down to a short row") << MoveRow{7, GridMove::Down, 9};
-        QTest::newRow("down in the last row") << MoveRow{8, GridMove::Down, 8};
-        QTest::newRow("up in the first row") << MoveRow{2, GridMove::Up, 2};
-        QTest::newRow("up") << MoveRow{9, GridMove::Up, 5};
-        QTest::newRow("page down") << MoveRow{1, GridMove::PageDown, 9};
-        QTest::newRow("page up past the top") << MoveRow{6, GridMove::PageUp, 2};
-        QTest::newRow("page up") << MoveRow{9, GridMove::PageUp, 1};
-        QTest::newRow("home") << MoveRow{9, GridMove::Home, 0};
-        QTest::newRow("end") << MoveRow{0, GridMove::End, 9};
-        QTest::newRow("right from nowhere") << MoveRow{-1, GridMove::Right, 0};
-        QTest::newRow("left from nowhere") << MoveRow{-1, GridMove::Left, 9};
-    }
+    // Ten cells, four in a row; a page is two rows.
     void keysMove()
     {
-        QFETCH(MoveRow, row);
-        QCOMPARE(GridLayout(kMetrics, 496, 10).moved(row.from, row.move, 250), row.to);
-        QCOMPARE(GridLayout(kMetrics, 496, 0).moved(row.from, row.move, 250), -1);
+        using M = GridMove;
+        struct Row {
+            int from;
+            GridMove move;
+            int to;
+        };
+        const std::vector<Row> rows{
+            {3, M::Right, 4},    {9, M::Right, 9},  {-1, M::Right, 0}, {0, M::Left, 0}, {-1, M::Left, 9},
+            {1, M::Down, 5},     {7, M::Down, 9},   {8, M::Down, 8},   {2, M::Up, 2},   {9, M::Up, 5},
+            {1, M::PageDown, 9}, {6, M::PageUp, 2}, {9, M::PageUp, 1}, {9, M::Home, 0}, {0, M::End, 9}};
+        for (const auto& [from, move, to] : rows) {
+            const QString step = u"%1 by %2"_s.arg(from).arg(int(move));
+            QVERIFY2(GridLayout(kMetrics, 496, 10).moved(from, move, 250) == to, qPrintable(step));
+            QVERIFY2(GridLayout(kMetrics, 496, 0).moved(from, move, 250) == -1, qPrintable(step));
+        }
     }
 
     void clicksSelect()

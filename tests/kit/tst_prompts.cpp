@@ -69,13 +69,9 @@ private Q_SLOTS:
             });
             QCOMPARE(prompts.alert({u"Q"_s, u"Yes"_s, u"No"_s, {}}), answer);
         }
-    }
-
-    void alertWithoutButtonsCanBeLeft()
-    {
-        const kit::AlertPanel panel({u"Q"_s, {}, {}, {}});
-        QVERIFY(panel.alternateButton() == nullptr);
-        QCOMPARE(panel.defaultButton()->text(), base::text("Basic.OK"));
+        const kit::AlertPanel wordless({u"Q"_s, {}, {}, {}});
+        QVERIFY(wordless.alternateButton() == nullptr);
+        QCOMPARE(wordless.defaultButton()->text(), base::text("Basic.OK"));
     }
 
     void openPanelModes()
