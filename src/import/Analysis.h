@@ -74,8 +74,18 @@ struct AnalysisLimits {
     qint64 maxPixelsWithoutStreaming = 80'000'000; ///< For decoders that need the whole picture in memory.
     qint64 memoryForDecoding = qint64(256) << 20;  ///< Shared by all that are decoded at once.
     qint64 maxFileBytes = qint64(8) << 30;
-    int maxSide = 100'000; ///< Pixels of one edge.
-    int maxSeconds = 60;   ///< For the decoding of one picture.
+    int maxSide = 100'000;  ///< Pixels of one edge.
+    int maxSeconds = 60;    ///< For the decoding of one picture.
+    int maxIconSide = 2048; ///< Pixels of one edge of a picture in an icon file.
+    qint64 maxIconBytes = qint64(64) << 20;
+    qint64 maxSvgBytes = qint64(64) << 20;
+    qint64 svgDecoderBytes = qint64(1) << 30;  ///< Of address space.
+    qint64 maxDrawnPixels = 25'000'000;        ///< Larger SVG documents are drawn smaller.
+    int maxDrawnSide = 32'000;                 ///< Pixels of one edge, likewise.
+    qint64 maxSearchedBytes = qint64(2) << 30; ///< Of a design document, for the picture that it carries.
+    qint64 maxCarriedBytes = qint64(64) << 20; ///< Of that picture, as it is stored.
+    qint64 maxCarriedPixels = 40'000'000;
+    int maxDocumentParts = 20'000; ///< Entries of a packed design document.
 };
 [[nodiscard]] const AnalysisLimits& analysisLimits();
 
