@@ -146,6 +146,7 @@ const AnalysisLimits& analysisLimits()
 
 AnalysisResult analyse(const AnalysisRequest& request)
 {
+    ensureImageLibrary(); // It is shut down for this thread below, also when no picture has met it.
     AnalysisResult result;
     result.type = request.type;
     result.kind = request.kind;
