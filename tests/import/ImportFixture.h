@@ -49,9 +49,8 @@ public:
     QStringList makeFiles(int count)
     {
         QStringList paths;
-        for (int number = 1; number <= count; ++number) {
+        for (int number = 1; number <= count; ++number)
             paths.append(makeFile(QStringLiteral("%1.png").arg(number, 2, 10, QLatin1Char('0'))));
-        }
         return paths;
     }
 
@@ -91,9 +90,8 @@ public:
         QObject::connect(&run, &importing::ImportRun::finished, &run,
                          [&report](const importing::ImportReport& result) { report = result; });
         run.start(std::move(items));
-        if (!finished.wait(30'000)) {
+        if (!finished.wait(30'000))
             qFatal("the import does not end");
-        }
         return report;
     }
 
@@ -124,9 +122,8 @@ public:
         QStringList folders;
         QDirIterator walk(library.package().masterDirPath(), {QStringLiteral("*.mritem")},
                           QDir::Dirs | QDir::Hidden, QDirIterator::Subdirectories);
-        while (walk.hasNext()) {
+        while (walk.hasNext())
             folders.append(walk.next());
-        }
         return folders;
     }
 

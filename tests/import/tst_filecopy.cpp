@@ -25,9 +25,8 @@ public:
     }
     ~SmallDisk()
     {
-        if (m_mounted) {
+        if (m_mounted)
             ::umount(m_path.constData());
-        }
     }
     Q_DISABLE_COPY_MOVE(SmallDisk)
     [[nodiscard]] bool isMounted() const { return m_mounted; }
@@ -96,9 +95,8 @@ private Q_SLOTS:
     {
         QVERIFY(QDir().mkpath(at("disk")));
         const SmallDisk disk(at("disk"));
-        if (!disk.isMounted()) {
+        if (!disk.isMounted())
             QSKIP("needs the right to mount a small file system");
-        }
         test::writeFile(at("large"), QByteArray(200'000, 'x'));
         const auto copied = copyFile(at("large"), at("disk/copy"));
         QVERIFY(!copied.ok());

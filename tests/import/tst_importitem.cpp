@@ -19,14 +19,12 @@ private:
     QStringList kept(const QStringList& names)
     {
         QStringList paths;
-        for (const QString& name : names) {
+        for (const QString& name : names)
             paths.append(at(name));
-        }
         m_filtered = checkDraggedFiles(ImportItem::fromPaths(paths), m_classification, m_aliases);
         QStringList result;
-        for (const ImportItem& item : m_filtered.items) {
+        for (const ImportItem& item : m_filtered.items)
             result.append(item.path.mid(m_dir.path().size() + 1));
-        }
         return result;
     }
     FilteredItems m_filtered;

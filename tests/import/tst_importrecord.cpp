@@ -88,9 +88,8 @@ private Q_SLOTS:
              {"imageHasFrames", "mediaSoftware", "mediaWeburl", "mediaOtherInfo", "pdfTitle"}) {
             QVERIFY2(media->isEmptyAttribute(QLatin1String(name)), name);
         }
-        for (const char* name : {"mediaCopyright", "mediaNotes", "imageProfile"}) {
+        for (const char* name : {"mediaCopyright", "mediaNotes", "imageProfile"})
             QVERIFY2(!media->isEmptyAttribute(QLatin1String(name)), name);
-        }
     }
 
     void choosesTheAddress()

@@ -110,9 +110,8 @@ private Q_SLOTS:
         ImportFixture fixture;
         QSemaphore gate;
         fixture.analyse = [&gate](const AnalysisRequest& request) {
-            if (numberOf(request) >= 3) {
+            if (numberOf(request) >= 3)
                 gate.acquire();
-            }
             return sampleAnalysis(request);
         };
         const auto run = fixture.makeRun();
@@ -277,9 +276,8 @@ private Q_SLOTS:
         QCOMPARE(seen.last().preview, QByteArray("preview of 70.png"));
         QCOMPARE(seen.last().colors.size(), size_t(1));
         QVERIFY(seen.size() <= time.elapsed() / 16 + 2);
-        for (qsizetype i = 1; i < seen.size(); ++i) {
+        for (qsizetype i = 1; i < seen.size(); ++i)
             QVERIFY(seen[i - 1].index < seen[i].index);
-        }
     }
 
     void finishesAtOnceWithNothingToDo()

@@ -14,12 +14,6 @@ using importing::MediaKind;
 
 namespace {
 
-struct KindRow {
-    QString name;
-    QSize size;
-    MediaKind kind;
-};
-
 class tst_MediaClassification : public QObject {
     Q_OBJECT
 
@@ -61,39 +55,34 @@ private Q_SLOTS:
         QCOMPARE(number(classification, u"dng"_s), 11);
     }
 
-    void designDocuments_data()
-    {
-        QTest::addColumn<QStringList>("thumbnailers");
-        QTest::addColumn<bool>("sharedType"); // the desktop gives the documents of both applications one type
-        QTest::addColumn<int>("afdesign");
-        QTest::addColumn<int>("afphoto");
-        const QString designer = u"application/x-affinity-designer"_s;
-        const QString photo = u"application/x-affinity-photo"_s;
-        QTest::newRow("none") << QStringList() << false << -1 << -1;
-        QTest::newRow("none, shared") << QStringList() << true << -1 << -1;
-        QTest::newRow("designer") << QStringList{designer} << false << 17 << -1;
-        QTest::newRow("photo") << QStringList{photo} << false << -1 << 18;
-        QTest::newRow("designer vouches") << QStringList{designer} << true << 17 << 18;
-        QTest::newRow("photo vouches") << QStringList{photo} << true << 17 << 18;
-    }
     void designDocuments()
     {
-        QFETCH(QStringList, thumbnailers);
-        QFETCH(bool, sharedType);
-        QFETCH(int, afdesign);
-        QFETCH(int, afphoto);
-        test::FakeTypes types;
-        if (sharedType) {
-            for (const char* extension : {"afdesign", "afphoto", "aftemplate"})
-                types.mimeTypes[QString::fromLatin1(extension)] = u"application/x-affinity"_s;
+        const QString designer = u"application/x-affinity-designer"_s;
+        const QString photo = u"application/x-affinity-photo"_s;
+        struct Row {
+            QStringList thumbnailers;
+            bool sharedType; ///< The desktop gives the documents of both applications one type.
+            int afdesign, afphoto;
+        };
+        for (const Row& row : {Row{{}, false, -1, -1},
+                               {{}, true, -1, -1},
+                               {{designer}, false, 17, -1},
+                               {{photo}, false, -1, 18},
+                               {{designer}, true, 17, 18},
+                               {{photo}, true, 17, 18}}) {
+            test::FakeTypes types;
+            if (row.sharedType) {
+                for (const QString& extension : {u"afdesign"_s, u"afphoto"_s, u"aftemplate"_s})
+                    types.mimeTypes[extension] = u"application/x-affinity"_s;
+            }
+            test::FakeThumbnailers lookup;
+            lookup.installed = row.thumbnailers;
+            const MediaClassification classification(types, lookup);
+            QCOMPARE(number(classification, u"afdesign"_s), row.afdesign);
+            QCOMPARE(number(classification, u"AFDESIGN"_s), row.afdesign);
+            QCOMPARE(number(classification, u"afphoto"_s), row.afphoto);
+            QCOMPARE(number(classification, u"aftemplate"_s), -1);
         }
-        test::FakeThumbnailers lookup;
-        lookup.installed = thumbnailers;
-        const MediaClassification classification(types, lookup);
-        QCOMPARE(number(classification, u"afdesign"_s), afdesign);
-        QCOMPARE(number(classification, u"AFDESIGN"_s), afdesign);
-        QCOMPARE(number(classification, u"afphoto"_s), afphoto);
-        QCOMPARE(number(classification, u"aftemplate"_s), -1);
     }
 
     void allowedMediaFollowsWhatIsInstalled()
@@ -126,33 +115,34 @@ private Q_SLOTS:
         QCOMPARE(m_classification.mediaContentType({}), QString());
     }
 
-    void kindOfPath_data()
-    {
-        QTest::addColumn<KindRow>("row");
-        const auto row = [](const char* title, const KindRow& given) { QTest::newRow(title) << given; };
-        row("wallpaper", {u"a.png"_s, {2560, 1440}, MediaKind::Wallpaper});
-        row("phone beats wallpaper", {u"a.png"_s, {1920, 1080}, MediaKind::Phone});
-        row("phone beats wallpaper, upright", {u"a.png"_s, {1080, 1920}, MediaKind::Phone});
-        row("tablet beats wallpaper", {u"a.png"_s, {1024, 768}, MediaKind::Tablet});
-        row("tablet", {u"a.png"_s, {768, 1024}, MediaKind::Tablet});
-        row("square phone", {u"a.png"_s, {1440, 1440}, MediaKind::Phone});
-        row("turned table row is another", {u"a.png"_s, {1440, 2560}, MediaKind::Other});
-        row("1600 by 2560", {u"a.png"_s, {1600, 2560}, MediaKind::Other});
-        row("1600 by 2569", {u"a.png"_s, {1600, 2569}, MediaKind::Wallpaper});
-        row("icon before size", {u"a.ico"_s, {1024, 768}, MediaKind::Icon});
-        row("icns", {u"a.icns"_s, {512, 512}, MediaKind::Icon});
-        row("pdf", {u"a.pdf"_s, {1920, 1080}, MediaKind::Pdf});
-        row("no format", {u"a.xyz"_s, {1920, 1080}, MediaKind::Phone});
-        row("absent", {u"gone/a.png"_s, {1920, 1080}, MediaKind::Other});
-    }
     void kindOfPath()
     {
-        QFETCH(KindRow, row);
         QTemporaryDir folder;
-        const QString path = folder.filePath(row.name);
-        if (!row.name.startsWith(u"gone"))
-            QVERIFY(test::writeBytes(path, "x"));
-        QCOMPARE(m_classification.mediaKindOfPath(path, row.size), static_cast<int>(row.kind));
+        struct Row {
+            const char* name;
+            QSize size;
+            MediaKind kind;
+        };
+        for (const Row& row :
+             {Row{"a.png", {2560, 1440}, MediaKind::Wallpaper},
+              {"a.png", {1920, 1080}, MediaKind::Phone}, // wallpapers too, but phones come first
+              {"a.png", {1080, 1920}, MediaKind::Phone},
+              {"a.png", {1024, 768}, MediaKind::Tablet},
+              {"a.png", {768, 1024}, MediaKind::Tablet},
+              {"a.png", {1440, 1440}, MediaKind::Phone},
+              {"a.png", {1440, 2560}, MediaKind::Other}, // a table's row, but turned
+              {"a.png", {1600, 2560}, MediaKind::Other},
+              {"a.png", {1600, 2569}, MediaKind::Wallpaper},
+              {"a.ico", {1024, 768}, MediaKind::Icon}, // the format before the size
+              {"a.icns", {512, 512}, MediaKind::Icon},
+              {"a.pdf", {1920, 1080}, MediaKind::Pdf},
+              {"a.xyz", {1920, 1080}, MediaKind::Phone},
+              {"gone/a.png", {1920, 1080}, MediaKind::Other}}) {
+            const QString path = folder.filePath(QString::fromLatin1(row.name));
+            QVERIFY(path.endsWith(u"gone/a.png") || test::writeBytes(path, "x"));
+            const QString shown = u"%1 %2x%3"_s.arg(path).arg(row.size.width()).arg(row.size.height());
+            QVERIFY2(m_classification.mediaKindOfPath(path, row.size) == int(row.kind), qPrintable(shown));
+        }
     }
 
     void textsAndKeys()
