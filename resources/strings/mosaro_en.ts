@@ -589,7 +589,7 @@
   </message>
   <message id="Failure.Format.NoRenderer">
     <source></source>
-    <translation>Files of the format “%1” cannot be shown yet. Save the document as PNG, JPEG or TIFF and import that.</translation>
+    <translation>“%1” files cannot be shown yet. Save the document as PNG, JPEG or TIFF and import that.</translation>
   </message>
   <message id="Failure.Image.Damaged">
     <source></source>
@@ -609,11 +609,11 @@
   </message>
   <message id="Failure.Image.Misnamed">
     <source></source>
-    <translation>The file is named like a “%1” but holds a “%2”. Give its name the extension that fits, and import it again.</translation>
+    <translation>Named like a “%1”, it holds a “%2”. Give its name the right extension and import it again.</translation>
   </message>
   <message id="Failure.Image.NotAPicture">
     <source></source>
-    <translation>The file does not hold a picture of a format that can be imported, whatever its name says. Check what it is, or save it in another format.</translation>
+    <translation>It holds no picture that can be imported, whatever its name says. Save it in another format.</translation>
   </message>
   <message id="Failure.Image.TooLarge">
     <source></source>

@@ -95,11 +95,20 @@ QPushButton* OpenPanel::takeButton() const
     return findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"))->button(QDialogButtonBox::Open);
 }
 
-/// The toolkit greys the button out while no name is given.
+/// The toolkit greys the button out while no name is given, and gives it a text of its own.
 void OpenPanel::offerFolderOnShow()
 {
     if (takesFolderOnShow()) {
-        takeButton()->setEnabled(true);
+        offerTaking();
+    }
+}
+
+void OpenPanel::offerTaking()
+{
+    QPushButton* take = takeButton();
+    take->setEnabled(true);
+    if (!m_request.prompt.isEmpty()) {
+        take->setText(m_request.prompt);
     }
 }
 
@@ -131,11 +140,7 @@ void OpenPanel::showSelection()
         const QSignalBlocker quiet(m_name);
         m_name->setText(m_shown);
     }
-    QPushButton* take = takeButton();
-    take->setEnabled(true);
-    if (!m_request.prompt.isEmpty()) {
-        take->setText(m_request.prompt);
-    }
+    offerTaking();
 }
 
 bool OpenPanel::showsSelection() const

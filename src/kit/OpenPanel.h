@@ -28,6 +28,7 @@ private:
     void showSelection();
     void takePackage(const QString& folder);
     void offerFolderOnShow();
+    void offerTaking();
     [[nodiscard]] QPushButton* takeButton() const;
     [[nodiscard]] QStringList selectedRows() const;
     [[nodiscard]] bool showsSelection() const;
