@@ -6,6 +6,7 @@
 #include <QtTest>
 
 using namespace mosaro;
+using namespace Qt::StringLiterals;
 using importing::DominantColor;
 using importing::ZNColorEngine;
 
@@ -26,13 +27,12 @@ QImage cells(const QColor& field, const QList<std::pair<QColor, int>>& marks)
 QString described(const std::vector<DominantColor>& colors)
 {
     QStringList lines;
-    for (const DominantColor& color : colors)
-        lines << QStringLiteral("%1,%2,%3 %4")
-                     .arg(qRound(color.color.red * 255))
-                     .arg(qRound(color.color.green * 255))
-                     .arg(qRound(color.color.blue * 255))
-                     .arg(static_cast<double>(color.percent), 0, 'f', 3);
-    return lines.join(QStringLiteral("; "));
+    for (const auto& [color, percent] : colors)
+        lines << u"%1,%2,%3 %4"_s.arg(qRound(color.red * 255))
+                     .arg(qRound(color.green * 255))
+                     .arg(qRound(color.blue * 255))
+                     .arg(double(percent), 0, 'f', 3);
+    return lines.join(u"; "_s);
 }
 
 class tst_ColorEngine : public QObject {
@@ -45,32 +45,29 @@ private Q_SLOTS:
         QTest::addColumn<QString>("colors");
         // A cell reaches from two below its red to the red itself; zeros and what is below them count
         // together.
-        QTest::newRow("one colour") << cells(QColor(100, 100, 100), {}) << QStringLiteral("98,98,98 1.000");
-        QTest::newRow("black") << cells(Qt::black, {}) << QStringLiteral("0,0,0 1.000");
+        QTest::newRow("one colour") << cells(QColor(100, 100, 100), {}) << u"98,98,98 1.000"_s;
+        QTest::newRow("black") << cells(Qt::black, {}) << u"0,0,0 1.000"_s;
         QTest::newRow("backdrop drops out")
-            << cells(QColor(255, 0, 0), {{Qt::white, 16}}) << QStringLiteral("253,253,253 0.021");
+            << cells(QColor(255, 0, 0), {{Qt::white, 16}}) << u"253,253,253 0.021"_s;
         QTest::newRow("half and half, first seen first")
             << cells(QColor(200, 200, 200), {{QColor(100, 100, 100), 50}})
-            << QStringLiteral("98,98,98 0.500; 198,198,198 0.500");
+            << u"98,98,98 0.500; 198,198,198 0.500"_s;
         // All votes of the second cloud lie within 60 of the first one's best vote, or the nearest that does
         // not.
         QTest::newRow("clouds within reach are one")
-            << cells(QColor(100, 100, 156), {{QColor(100, 100, 100), 60}})
-            << QStringLiteral("98,98,98 1.000");
+            << cells(QColor(100, 100, 156), {{QColor(100, 100, 100), 60}}) << u"98,98,98 1.000"_s;
         QTest::newRow("clouds one step out of reach are two")
             << cells(QColor(100, 100, 157), {{QColor(100, 100, 100), 60}})
-            << QStringLiteral("98,98,98 0.600; 98,98,159 0.400");
+            << u"98,98,98 0.600; 98,98,159 0.400"_s;
         QTest::newRow("clouds reach less far up in red")
-            << cells(QColor(158, 100, 100), {{QColor(100, 100, 100), 60}})
-            << QStringLiteral("98,98,98 1.000");
+            << cells(QColor(158, 100, 100), {{QColor(100, 100, 100), 60}}) << u"98,98,98 1.000"_s;
         QTest::newRow("not cut off above 255") << cells(QColor(100, 100, 255), {{QColor(100, 100, 197), 60}})
-                                               << QStringLiteral("98,98,195 0.600; 98,98,256 0.400");
+                                               << u"98,98,195 0.600; 98,98,256 0.400"_s;
         QTest::newRow("backdrop at exactly 94 percent")
-            << cells(QColor(100, 100, 100), {{QColor(200, 200, 200), 6}})
-            << QStringLiteral("198,198,198 0.060");
+            << cells(QColor(100, 100, 100), {{QColor(200, 200, 200), 6}}) << u"198,198,198 0.060"_s;
         QTest::newRow("backdrop below 94 percent")
             << cells(QColor(100, 100, 100), {{QColor(200, 200, 200), 7}})
-            << QStringLiteral("98,98,98 0.930; 198,198,198 0.070");
+            << u"98,98,98 0.930; 198,198,198 0.070"_s;
     }
     void colors()
     {
@@ -87,16 +84,13 @@ private Q_SLOTS:
         for (int cell = 0; cell < 20; ++cell)
             image.setPixelColor(cell % 10, cell / 10, Qt::transparent);
         // 27 votes of each black cell agree, one of each gray cell.
-        QCOMPARE(described(ZNColorEngine(image, 1).results()),
-                 QStringLiteral("0,0,0 0.871; 198,198,198 0.129"));
+        QCOMPARE(described(ZNColorEngine(image, 1).results()), u"0,0,0 0.871; 198,198,198 0.129"_s);
     }
 
     void detailChoosesTheGrid()
     {
-        const QImage image = test::quarters({400, 400});
-        QCOMPARE(ZNColorEngine(image, 0).results().size(), std::size_t(4));
-        QCOMPARE(ZNColorEngine(image, 1).results().size(), std::size_t(4));
-        QCOMPARE(ZNColorEngine(image, 2).results().size(), std::size_t(4));
+        for (const int detail : {0, 1, 2})
+            QCOMPARE(ZNColorEngine(test::quarters({400, 400}), detail).results().size(), std::size_t(4));
     }
 
     void resultsRepeatAndFall()

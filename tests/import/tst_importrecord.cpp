@@ -84,12 +84,11 @@ private Q_SLOTS:
     {
         ImportFixture fixture;
         const auto media = imported(fixture, ImportItem::fromPath(fixture.makeFile(u"a.png"_s)));
-        for (const char* name :
-             {"imageHasFrames", "mediaSoftware", "mediaWeburl", "mediaOtherInfo", "pdfTitle"}) {
-            QVERIFY2(media->isEmptyAttribute(QLatin1String(name)), name);
-        }
-        for (const char* name : {"mediaCopyright", "mediaNotes", "imageProfile"})
-            QVERIFY2(!media->isEmptyAttribute(QLatin1String(name)), name);
+        for (const auto name :
+             {"imageHasFrames"_L1, "mediaSoftware"_L1, "mediaWeburl"_L1, "mediaOtherInfo"_L1, "pdfTitle"_L1})
+            QVERIFY2(media->isEmptyAttribute(name), name.data());
+        for (const auto name : {"mediaCopyright"_L1, "mediaNotes"_L1, "imageProfile"_L1})
+            QVERIFY2(!media->isEmptyAttribute(name), name.data());
     }
 
     void choosesTheAddress()
@@ -215,12 +214,8 @@ private Q_SLOTS:
         fixture.askForFolder = nullptr;
         QCOMPARE(fixture.import(fixture.makeFiles(1), false).failed.size(), size_t(1));
         QVERIFY(!fixture.import(fixture.makeFiles(1)).accessListWritten);
-    }
-
-    void acceptsAGrantWithoutABookmark()
-    {
-        ImportFixture fixture;
-        fixture.library.bookmarks().refused = {fixture.library.folder()};
+        fixture.library.bookmarks().refused = {
+            fixture.library.folder()}; // A grant without a bookmark will do.
         fixture.askForFolder = [](const QString& folder) { return folder; };
         QCOMPARE(fixture.import(fixture.makeFiles(1), false).imported.size(), 1);
     }
