@@ -2,7 +2,6 @@
 
 #include "base/Text.h"
 #include "import/ImageOperations.h"
-#include "import/PreviewRenderer.h"
 #include "support/Pictures.h"
 
 #include <QTemporaryDir>
