@@ -324,8 +324,8 @@ private Q_SLOTS:
         };
         using T = DocumentType;
         row("empty", {}, T::Png, "empty");
-        row("text", "Dear diary, this is no picture.", T::Png, "does not hold a picture");
-        row("markup", "<svg/>", T::Jpeg, "does not hold a picture");
+        row("text", "Dear diary, this is no picture.", T::Png, "holds no picture that can be imported");
+        row("markup", "<svg/>", T::Jpeg, "holds no picture that can be imported");
         row("png named jpg", test::pngThatClaims(10, 10), T::Jpeg, "holds a “PNG Image”");
         row("jpeg named tga", "\xff\xd8\xff", T::Tga, "holds a “JPEG Image”");
         row("only a mark", "\x89PNG\r\n\x1a\n", T::Png, "damaged");
