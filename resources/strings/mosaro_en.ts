@@ -103,6 +103,10 @@
     <source></source>
     <translation>Choose Library…</translation>
   </message>
+  <message id="Basic.Clipboard">
+    <source></source>
+    <translation>Clipboard</translation>
+  </message>
   <message id="Basic.Close">
     <source></source>
     <translation>Close</translation>
@@ -126,6 +130,10 @@
   <message id="Basic.Delete.Media">
     <source></source>
     <translation>Removing files: %1 %</translation>
+  </message>
+  <message id="Basic.Downloading.Image">
+    <source></source>
+    <translation>Downloading the image…</translation>
   </message>
   <message id="Basic.Drop.Images">
     <source></source>
@@ -571,6 +579,10 @@
     <source></source>
     <translation>%1. See: mosaroctl %2 --help</translation>
   </message>
+  <message id="Failure.Design.NoPreview">
+    <source></source>
+    <translation>The document carries no preview of itself that can be read. Save it again with its preview, or export it as PNG or PDF and import that.</translation>
+  </message>
   <message id="Failure.Disk.Full">
     <source></source>
     <translation>the disk is full. Make room and import again.</translation>
@@ -586,6 +598,14 @@
   <message id="Failure.Disk.ReadOnly">
     <source></source>
     <translation>the disk is read-only. Move the library to one that can be written.</translation>
+  </message>
+  <message id="Failure.Document.Encrypted">
+    <source></source>
+    <translation>The document is protected by a password or encrypted. Save it without protection and import it again.</translation>
+  </message>
+  <message id="Failure.Document.NoPages">
+    <source></source>
+    <translation>The document has no pages. Open it in the program that made it, save it again and import it.</translation>
   </message>
   <message id="Failure.Format.NoRenderer">
     <source></source>
@@ -1382,6 +1402,10 @@
   <message id="Tooltip.Sidebar.Action">
     <source></source>
     <translation>Actions for the selected collection</translation>
+  </message>
+  <message id="Tooltip.Stop.Download">
+    <source></source>
+    <translation>Stop the download of the image</translation>
   </message>
   <message id="Tooltip.Stop.Import">
     <source></source>

@@ -3,6 +3,7 @@
 #include "ctl/Command.h"
 #include "ctl/ItemSelection.h"
 #include "import/ImportRun.h"
+#include "import/RenderableDocuments.h"
 #include "organisation/CollectionCommands.h"
 
 #include <QEventLoop>
@@ -70,7 +71,8 @@ ImportReport runImport(Session& session, const CollectionPointer& collection, bo
                        std::vector<ImportItem> items)
 {
     const platform::Platform& platform = session.environment().platform;
-    const importing::MediaClassification classification(*platform.types, *platform.thumbnailers);
+    const importing::RenderableDocuments renderable(*platform.thumbnailers);
+    const importing::MediaClassification classification(*platform.types, renderable);
     importing::ImportRun run({.context = session.context(),
                               .package = session.library().package(),
                               .classification = classification,

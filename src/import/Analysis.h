@@ -78,6 +78,8 @@ struct AnalysisLimits {
     int maxSeconds = 60;    ///< For the decoding of one picture.
     int maxIconSide = 2048; ///< Pixels of one edge of a picture in an icon file.
     qint64 maxIconBytes = qint64(64) << 20;
+    qint64 maxMagickMemory = qint64(2) << 30;   ///< Address space of the child.
+    qint64 maxMagickOutput = qint64(512) << 20; ///< What it hands over.
     qint64 maxSvgBytes = qint64(64) << 20;
     qint64 svgDecoderBytes = qint64(1) << 30;  ///< Of address space.
     qint64 maxDrawnPixels = 25'000'000;        ///< Larger SVG documents are drawn smaller.
@@ -86,6 +88,13 @@ struct AnalysisLimits {
     qint64 maxCarriedBytes = qint64(64) << 20; ///< Of that picture, as it is stored.
     qint64 maxCarriedPixels = 40'000'000;
     int maxDocumentParts = 20'000; ///< Entries of a packed design document.
+
+    // Documents of pages, which another program draws.
+    qint64 maxPagePixels = 16'000'000;             ///< Of a side file; a larger page is drawn smaller.
+    qint64 maxPostScriptBytes = qint64(128) << 20; ///< Of a document that is held in memory.
+    int maxPageSeconds = 30;                       ///< For each call of the program.
+    qint64 maxPageMemory = qint64(1) << 30;        ///< Of its address space, of which it uses a part.
+    qint64 maxPageOutput = qint64(128) << 20;
 };
 [[nodiscard]] const AnalysisLimits& analysisLimits();
 

@@ -1,12 +1,81 @@
 #include "import/RenderedDocument.h"
 
 #include "base/Text.h"
+#include "import/BitmapDecoder.h"
+#include "import/CarriedPreview.h"
+#include "import/ImageOperations.h"
 
 namespace mosaro::importing {
 
-base::Result<RenderedDocument> renderDesignDocument(const QString& /*path*/, DocumentType type)
+namespace {
+
+constexpr qint64 kPixelBytes =
+    8; ///< The decoder's pixel, and that of a picture which is not decoded row by row.
+
+/// Pixels of the square into which the picture has to fit.
+int previewSide(DocumentType type)
 {
-    return base::Failure{base::text("Failure.Format.NoRenderer", MediaClassification::contentTypeName(type))};
+    switch (type) {
+    case DocumentType::Sketch:
+        return 512;
+    case DocumentType::Acorn:
+        return 256;
+    default:
+        return 1024;
+    }
+}
+
+// Interlaced pictures are decoded whole.
+qint64 bytesToDecode(const QByteArray& bytes)
+{
+    const VipsPtr header(
+        vips_image_new_from_buffer(bytes.constData(), static_cast<std::size_t>(bytes.size()), "", nullptr));
+    if (!header)
+        vips_error_clear();
+    return header ? kPixelBytes * header->Xsize * header->Ysize : 0;
+}
+
+/// The picture in sRGB, scaled down to fit the square, never up. Null when it is damaged.
+QImage decoded(const QByteArray& bytes, int side)
+{
+    ensureImageLibrary();
+    const QSemaphoreReleaser memory = decodingMemory().take(bytesToDecode(bytes));
+    const VipsPtr thumbnail = vipsMake([&](VipsImage** out) {
+        // The library only reads from there.
+        return vips_thumbnail_buffer(const_cast<char*>(bytes.constData()),
+                                     static_cast<std::size_t>(bytes.size()), out, side, "height", side,
+                                     "size", VIPS_SIZE_DOWN, "fail_on", VIPS_FAIL_ON_TRUNCATED, nullptr);
+    });
+    const VipsPtr srgb = thumbnail ? vipsToSrgb(thumbnail.get()) : nullptr;
+    return srgb ? vipsToQImage(srgb.get(), false) : QImage();
+}
+
+QImage designPreview(const QImage& picture)
+{
+    const QSize size = picture.size();
+    const bool isTiny = size.width() <= kSmallCanvas && size.height() <= kSmallCanvas;
+    const bool isShort = size.width() <= kFillLimit || size.height() <= kFillLimit;
+    const bool isLarge = size.width() > kPreviewBox.width() || size.height() > kPreviewBox.height();
+    if (isTiny)
+        return imageOnSmallCanvas(picture);
+    if (isLarge && !isShort)
+        return scaleImage(picture, kPreviewBox);
+    return imageByScalingProportionallyToSize(picture, kPreviewBox, std::nullopt, true);
+}
+
+} // namespace
+
+base::Result<RenderedDocument> renderDesignDocument(const QString& path, DocumentType type)
+{
+    const base::Result<QByteArray> carried = carriedPreview(path);
+    if (!carried)
+        return carried.failure();
+    RenderedDocument rendered;
+    rendered.fullSize = decoded(carried.value(), previewSide(type));
+    if (rendered.fullSize.isNull())
+        return damagedPicture();
+    rendered.preview = designPreview(rendered.fullSize);
+    return rendered;
 }
 
 } // namespace mosaro::importing

@@ -126,8 +126,7 @@ QStringList MediaClassification::allowedMedia() const
     return both;
 }
 
-// A document format is as good as installed when something on this machine can render it: today that is a
-// thumbnailer of the desktop. Readers of the previews that documents carry themselves belong here too.
+// A document format is as good as installed when something on this machine can render it.
 bool MediaClassification::installed(DocumentType type) const
 {
     return m_thumbnailers.hasThumbnailer(rowOfDocumentType(type).mimeNames);

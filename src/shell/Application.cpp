@@ -24,8 +24,8 @@ std::unique_ptr<base::Prompts> makePrompts(const LaunchOptions& options)
 } // namespace
 
 Application::Application(platform::Platform platform, LaunchOptions options)
-    : m_options(std::move(options)), m_platform(std::move(platform)),
-      m_classification(*m_platform.types, *m_platform.thumbnailers), m_prompts(makePrompts(m_options)),
+    : m_options(std::move(options)), m_platform(std::move(platform)), m_renderable(*m_platform.thumbnailers),
+      m_classification(*m_platform.types, m_renderable), m_prompts(makePrompts(m_options)),
       m_delegate({.library = store::ZNDBManager::sharedManager(),
                   .defaults = base::ZNUserDefaults::sharedManager(),
                   .utilities = base::ZNUtilities::sharedManager(),

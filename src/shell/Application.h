@@ -2,6 +2,7 @@
 
 #include "base/Ports.h"
 #include "import/MediaClassification.h"
+#include "import/RenderableDocuments.h"
 #include "platform/Interrupts.h"
 #include "platform/LinuxPlatform.h"
 #include "shell/AppDelegate.h"
@@ -27,6 +28,7 @@ private:
 
     LaunchOptions m_options;
     platform::Platform m_platform;
+    importing::RenderableDocuments m_renderable;
     importing::MediaClassification m_classification;
     std::unique_ptr<base::Prompts> m_prompts;
     platform::SingleInstance m_instance;
