@@ -1,19 +1,166 @@
 #include "import/RenderedDocument.h"
 
 #include "base/Text.h"
+#include "import/ImageOperations.h"
+#include "import/PageDrawing.h"
+#include "import/PdfInfo.h"
+#include "import/PostScriptDocument.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <cmath>
 
 namespace mosaro::importing {
 
-base::Result<RenderedDocument> renderPdf(const QString& /*path*/)
+namespace {
+
+enum class Paper { White, None };
+
+base::Failure encryptedDocument()
 {
-    return base::Failure{
-        base::text("Failure.Format.NoRenderer", MediaClassification::contentTypeName(DocumentType::Pdf))};
+    return {base::text("Failure.Document.Encrypted")};
 }
 
-base::Result<RenderedDocument> renderIllustrator(const QString& /*path*/)
+/// Where a document could not be opened: whether that may be for want of a password.
+bool mentionsEncryption(const QString& path)
 {
-    return base::Failure{base::text("Failure.Format.NoRenderer",
-                                    MediaClassification::contentTypeName(DocumentType::Illustrator))};
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    // Whatever opens the document's tables stands near one of its ends.
+    constexpr qint64 kEnd = 64 * 1024;
+    QByteArray ends = file.read(kEnd);
+    file.seek(std::max<qint64>(0, file.size() - kEnd));
+    ends += file.read(kEnd);
+    return ends.contains("/Encrypt");
+}
+
+base::Result<void> checkFile(const QString& path)
+{
+    const QFileInfo file(path);
+    if (!file.isFile() || !file.isReadable())
+        return base::Failure{base::text("Failure.Image.Unreadable")};
+    if (file.size() == 0)
+        return base::Failure{base::text("Failure.Image.Empty")};
+    if (file.size() > analysisLimits().maxFileBytes)
+        return base::Failure{base::text("Failure.Image.FileTooLarge")};
+    return {};
+}
+
+base::Result<PdfInfo> readInfo(const QString& path)
+{
+    const base::Result<void> file = checkFile(path);
+    if (!file)
+        return file.failure();
+    const base::Result<QByteArray> output = runChild(QStringLiteral("pdfinfo"),
+                                                     {QStringLiteral("-box"), QStringLiteral("-isodates"),
+                                                      QStringLiteral("-enc"), QStringLiteral("UTF-8"), path},
+                                                     pageChildLimits());
+    if (!output)
+        return mentionsEncryption(path) ? encryptedDocument() : output.failure();
+    const PdfInfo info = parsedPdfInfo(output.value());
+    if (info.metadata.pageCount < 1)
+        return base::Failure{base::text("Failure.Document.NoPages")};
+    const base::Result<void> size = checkPageSize(info.pageSize);
+    if (!size)
+        return size.failure();
+    return info;
+}
+
+PageDrawer firstPage(const QString& path, QSizeF pageSize, Paper paper)
+{
+    return [=](const QRectF& part, QSize pixels) -> base::Result<QImage> {
+        const double across = pixels.width() / part.width();
+        const double down = pixels.height() / part.height();
+        const auto number = [](double value) { return QString::number(std::lround(value)); };
+        QStringList arguments = {QStringLiteral("-png"),
+                                 QStringLiteral("-singlefile"),
+                                 QStringLiteral("-f"),
+                                 QStringLiteral("1"),
+                                 QStringLiteral("-l"),
+                                 QStringLiteral("1"),
+                                 QStringLiteral("-cropbox"),
+                                 QStringLiteral("-scale-to-x"),
+                                 number(pageSize.width() * across),
+                                 QStringLiteral("-scale-to-y"),
+                                 number(pageSize.height() * down),
+                                 QStringLiteral("-x"),
+                                 number(part.x() * across),
+                                 QStringLiteral("-y"),
+                                 number(part.y() * down),
+                                 QStringLiteral("-W"),
+                                 QString::number(pixels.width()),
+                                 QStringLiteral("-H"),
+                                 QString::number(pixels.height())};
+        if (paper == Paper::None)
+            arguments << QStringLiteral("-transp");
+        arguments << path << QStringLiteral("-");
+        const base::Result<QByteArray> png =
+            runChild(QStringLiteral("pdftocairo"), arguments, pageChildLimits());
+        return png ? drawnPicture(png.value(), pixels) : base::Result<QImage>(png.failure());
+    };
+}
+
+/// The page as large as it fits into the preview box. One that is short in one direction then fills the box
+/// instead.
+base::Result<QImage> drawPreview(const PageDrawer& draw, QSizeF page)
+{
+    const QSizeF fitted = page.scaled(kPreviewBox, Qt::KeepAspectRatio);
+    const QSize size(static_cast<int>(std::lround(fitted.width())),
+                     static_cast<int>(std::lround(fitted.height())));
+    if (size.width() > kFillLimit && size.height() > kFillLimit)
+        return draw(QRectF({0, 0}, page), size);
+    const QSizeF part = QSizeF(kPreviewBox).scaled(page, Qt::KeepAspectRatio);
+    const QPointF corner((page.width() - part.width()) / 2, (page.height() - part.height()) / 2);
+    return draw(QRectF(corner, part), kPreviewBox);
+}
+
+base::Result<RenderedDocument> renderPdfBasedIllustrator(const QString& path)
+{
+    const base::Result<PdfInfo> info = readInfo(path);
+    if (!info)
+        return info.failure();
+    const QSizeF size = info.value().pageSize;
+    const base::Result<PagePictures> pictures = drawPage(firstPage(path, size, Paper::None), size);
+    if (!pictures)
+        return pictures.failure();
+    RenderedDocument document;
+    document.preview = pictures.value().preview;
+    document.fullSize = pictures.value().fullSize;
+    document.documentSize = info.value().mediaBox;
+    document.pdf = info.value().metadata;
+    return document;
+}
+
+} // namespace
+
+base::Result<RenderedDocument> renderPdf(const QString& path)
+{
+    const base::Result<PdfInfo> info = readInfo(path);
+    if (!info)
+        return info.failure();
+    if (info.value().isEncrypted)
+        return encryptedDocument();
+    const QSizeF size = info.value().pageSize;
+    const base::Result<QImage> preview = drawPreview(firstPage(path, size, Paper::White), size);
+    if (!preview)
+        return preview.failure();
+    RenderedDocument document;
+    document.preview = preview.value();
+    document.documentSize = info.value().mediaBox;
+    document.pdf = info.value().metadata;
+    return document;
+}
+
+base::Result<RenderedDocument> renderIllustrator(const QString& path)
+{
+    if (!holdsPostScript(path))
+        return renderPdfBasedIllustrator(path);
+    base::Result<RenderedDocument> document = renderPostScript(path);
+    // Such a file tells its size and its texts only as PDF.
+    if (document)
+        document.value().documentSize = {};
+    return document;
 }
 
 } // namespace mosaro::importing

@@ -1,0 +1,90 @@
+#include "import/PageDrawing.h"
+
+#include "base/Text.h"
+#include "import/Analysis.h"
+#include "import/BitmapDecoder.h"
+#include "import/DocumentSupport.h"
+#include "import/ImageOperations.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <cmath>
+
+namespace mosaro::importing {
+
+namespace {
+
+constexpr int kBytesPerPixel = 4;
+
+/// Whole pixels that cover so many points. A hair more than a whole number is that number.
+QSize coveringPixels(QSizeF points)
+{
+    const auto covering = [](double length) {
+        return std::max(1, static_cast<int>(std::ceil(length - 0.001)));
+    };
+    return {covering(points.width()), covering(points.height())};
+}
+
+QSize withinPixelLimit(QSize size)
+{
+    const double pixels = double(size.width()) * size.height();
+    const double factor = std::sqrt(double(analysisLimits().maxPagePixels) / pixels);
+    return factor >= 1 ? size : coveringPixels(QSizeF(size) * factor);
+}
+
+/// What would have to be made larger is drawn larger instead.
+base::Result<QImage> drawPreview(const PageDrawer& draw, QSize size, const QImage& fullSize)
+{
+    const bool fills = size.width() > kPreviewBox.width() || size.height() > kPreviewBox.height();
+    const bool enlarges = size.width() < kPreviewBox.width() || size.height() < kPreviewBox.height();
+    return fills && enlarges ? draw(fillSourceRect(size, kPreviewBox), kPreviewBox)
+                             : base::Result<QImage>(previewOfDrawing(fullSize, size));
+}
+
+} // namespace
+
+ChildLimits pageChildLimits()
+{
+    const AnalysisLimits& limits = analysisLimits();
+    return {limits.maxPageSeconds, limits.maxPageMemory, limits.maxPageOutput};
+}
+
+base::Result<void> checkPageSize(QSizeF points)
+{
+    if (!(points.width() > 0 && points.height() > 0))
+        return damagedPicture();
+    const double most = analysisLimits().maxSide;
+    if (points.width() > most || points.height() > most)
+        return tooLargePicture(coveringPixels(points.boundedTo({1e9, 1e9})));
+    return {};
+}
+
+base::Result<QImage> drawnPicture(const QByteArray& png, QSize expected)
+{
+    QBuffer buffer;
+    buffer.setData(png);
+    QImageReader reader(&buffer, "png");
+    const QImage image = !png.isEmpty() && reader.size() == expected ? reader.read() : QImage();
+    if (image.isNull())
+        return damagedPicture();
+    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                         : QImage::Format_RGB32);
+}
+
+base::Result<PagePictures> drawPage(const PageDrawer& draw, QSizeF points)
+{
+    const QSize size = coveringPixels(points);
+    const QSize bounded = withinPixelLimit(size);
+    // Twice: as it is read, and as it is cut or changed.
+    const QSemaphoreReleaser memory =
+        decodingMemory().take(qint64(bounded.width()) * bounded.height() * kBytesPerPixel * 2);
+    const base::Result<QImage> fullSize = draw(QRectF({0, 0}, points), bounded);
+    if (!fullSize)
+        return fullSize.failure();
+    const base::Result<QImage> preview = drawPreview(draw, size, fullSize.value());
+    if (!preview)
+        return preview.failure();
+    return PagePictures{preview.value(), fullSize.value()};
+}
+
+} // namespace mosaro::importing

@@ -1,0 +1,233 @@
+#include "base/Text.h"
+#include "import/Analysis.h"
+#include "import/ImageOperations.h"
+#include "import/PdfInfo.h"
+#include "import/PostScriptDocument.h"
+#include "support/Files.h"
+
+#include <QTemporaryDir>
+#include <QtEndian>
+#include <QtTest>
+
+using namespace mosaro;
+using namespace Qt::StringLiterals;
+using namespace mosaro::importing;
+
+namespace {
+
+constexpr const char* kRed = "1 0 0 setrgbcolor\n";
+
+/// A box of so many points, red in its left half and clear in its right one.
+QByteArray postScript(const QByteArray& box, const QByteArray& program)
+{
+    return "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: " + box + "\n%%EndComments\n" + program;
+}
+
+/// The smallest document that is whole; readers build its table anew.
+QByteArray pdf(const QByteArray& page, const QByteArray& trailer = {})
+{
+    const QByteArray drawing = "1 0 0 rg 0 0 2000 2000 re f";
+    return "%PDF-1.6\n1 0 obj <</Type/Catalog/Pages 2 0 R>> endobj\n"
+           "2 0 obj <</Type/Pages/Kids[3 0 R]/Count 1>> endobj\n"
+           "3 0 obj <</Type/Page/Parent 2 0 R/Contents 4 0 R " +
+           page +
+           ">> endobj\n"
+           "4 0 obj <</Length " +
+           QByteArray::number(drawing.size()) + ">> stream\n" + drawing +
+           "\nendstream endobj\n5 0 obj <</Title(One\\nPages:          99)/Author(A\\nB)"
+           "/CreationDate(D:20200102030405+01'00')>> endobj\n"
+           "trailer <</Root 1 0 R /Info 5 0 R " +
+           trailer + ">>\n%%EOF\n";
+}
+
+QImage picture(const QByteArray& bytes)
+{
+    return QImage::fromData(bytes);
+}
+
+QColor at(const QImage& image, double across, double down)
+{
+    return image.pixelColor(int(image.width() * across), int(image.height() * down));
+}
+
+struct PdfRow {
+    QByteArray page;
+    QSizeF size;
+    QSize preview;
+};
+
+struct EpsRow {
+    QByteArray box;
+    QSizeF size;
+    QSize sideFile, preview;
+};
+
+class tst_Pages : public QObject {
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+
+    AnalysisResult analysed(DocumentType type, const QByteArray& bytes, MediaKind kind = MediaKind::Unset)
+    {
+        const QString path = m_folder.filePath(u"document"_s);
+        test::writeFile(path, bytes);
+        return analyse({path, type, kind});
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        base::installTexts();
+        setUpImageLibrary("tst_pages");
+    }
+
+    void pdfPages()
+    {
+        const PdfRow rows[] = {
+            {"/MediaBox[0 0 595.276 841.89]", {595.276, 841.89}, {255, 360}},
+            {"/MediaBox[-10 0 590 300]", {600, 300}, {460, 230}},
+            {"/MediaBox[0 0 2000 100]", {2000, 100}, {460, 360}}, // Too flat for the box, so it fills it.
+            {"/MediaBox[0 0 100 1000]", {100, 1000}, {460, 360}},
+            {"/MediaBox[0 0 90 60]", {90, 60}, {460, 307}},
+            {"/MediaBox[0 0 600 400]/CropBox[0 0 200 400]/Rotate 90", {600, 400}, {460, 230}},
+        };
+        for (const PdfRow& row : rows) {
+            const AnalysisResult result = analysed(DocumentType::Pdf, pdf(row.page));
+            QVERIFY2(result.outcome.ok(),
+                     qPrintable(result.outcome.ok() ? QString() : result.outcome.reason()));
+            const QImage preview = picture(result.preview);
+            QCOMPARE(preview.size(), row.preview);
+            QCOMPARE(at(preview, 0.5, 0.5), QColor(Qt::red));
+            QCOMPARE(result.documentSize, row.size);
+            QVERIFY(result.sideFile.isEmpty() && !result.metadata.hasAlpha);
+            QCOMPARE(result.kind, MediaKind::Pdf);
+            QCOMPARE(result.pdf->pageCount, 1);
+            QCOMPARE(result.pdf->version, u"1.6"_s);
+            QCOMPARE(result.pdf->title, u"One\nPages:          99"_s);
+            QCOMPARE(result.pdf->author, u"A\nB"_s);
+            QCOMPARE(result.pdf->producer, QString());
+            QCOMPARE(result.pdf->created.toUTC(), QDateTime({2020, 1, 2}, {2, 4, 5}, Qt::UTC));
+            QVERIFY(!result.pdf->modified.isValid());
+        }
+        QCOMPARE(analysed(DocumentType::Pdf, pdf("/MediaBox[0 0 9 9]"), MediaKind::Web).kind, MediaKind::Web);
+    }
+
+    void illustratorPages()
+    {
+        const AnalysisResult result = analysed(DocumentType::Illustrator, pdf("/MediaBox[-500 0 500 700]"));
+        QVERIFY(result.outcome.ok());
+        QCOMPARE(picture(result.sideFile).size(), QSize(1000, 700));
+        QCOMPARE(at(picture(result.sideFile), 0.9, 0.5), QColor(Qt::red));
+        QCOMPARE(at(picture(result.sideFile), 0.1, 0.5).alpha(), 0);
+        QCOMPARE(picture(result.preview).size(), kPreviewBox);
+        QCOMPARE(result.sideFileSuffix, u"_ai.png"_s);
+        QCOMPARE(result.documentSize, QSizeF(1000, 700));
+        QCOMPARE(result.kind, MediaKind::Other);
+        QCOMPARE(result.pdf->pageCount, 1);
+
+        const AnalysisResult old = analysed(DocumentType::Illustrator,
+                                            postScript("0 0 90 80", QByteArray(kRed) + "0 0 45 80 rectfill"));
+        QVERIFY(old.outcome.ok() && !old.pdf && old.documentSize.isEmpty());
+        QCOMPARE(picture(old.sideFile).size(), QSize(90, 80));
+        QCOMPARE(picture(old.preview).size(), QSize(132, 132));
+    }
+
+    void epsPictures()
+    {
+        const EpsRow rows[] = {
+            {"0 0 1000 800", {1000, 800}, {1000, 800}, {460, 360}},
+            {"-100 -200 361 -190", {461, 10}, {461, 10}, {460, 360}},
+            {"10 20 210 120", {200, 100}, {200, 100}, {460, 360}},
+            {"0 0 132 132", {132, 132}, {132, 132}, {132, 132}},
+            {"10 10 40.5 40.25", {30.5, 30.25}, {31, 31}, {132, 132}},
+            {"0 0 20000 20000", {20000, 20000}, {4000, 4000}, {460, 360}},
+        };
+        for (const EpsRow& row : rows) {
+            const QList<QByteArray> edge = row.box.split(' ');
+            const QByteArray half = QByteArray::number(row.size.width() / 2);
+            const QByteArray height = QByteArray::number(row.size.height());
+            const AnalysisResult result =
+                analysed(DocumentType::Eps, postScript(row.box, kRed + edge[0] + ' ' + edge[1] + ' ' + half +
+                                                                    ' ' + height + " rectfill"));
+            QVERIFY2(result.outcome.ok(), row.box.constData());
+            const QImage sideFile = picture(result.sideFile);
+            QCOMPARE(sideFile.size(), row.sideFile);
+            QVERIFY2(at(sideFile, 0.25, 0.1) == QColor(Qt::red), row.box.constData());
+            QCOMPARE(at(sideFile, 0.25, 0.9), QColor(Qt::red));
+            QCOMPARE(at(sideFile, 0.75, 0.5).alpha(), 0);
+            const QImage preview = picture(result.preview);
+            QCOMPARE(preview.size(), row.preview);
+            QCOMPARE(at(preview, 0.49, 0.5), QColor(Qt::red));
+            QCOMPARE(at(preview, 0.9, 0.5).alpha(), 0);
+            QCOMPARE(result.documentSize, row.size);
+            QCOMPARE(result.kind, MediaKind::Other);
+            QVERIFY(result.metadata.hasAlpha);
+        }
+    }
+
+    void postScriptFiles()
+    {
+        const QByteArray plain = postScript("1 2 3 4", {});
+        QByteArray binary("\xc5\xd0\xd3\xc6", 4);
+        for (const quint32 number : {32U, quint32(plain.size()), 0U, 0U, 0U, 0U}) {
+            char bytes[4];
+            qToLittleEndian(number, bytes);
+            binary.append(bytes, 4);
+        }
+        binary += QByteArray(4, '\0') + plain + "preview";
+        QCOMPARE(postScriptDocument(binary)->program, plain);
+        QVERIFY(!postScriptDocument(binary.left(20)) && !postScriptDocument(binary.left(32)));
+
+        const std::pair<QByteArray, QRectF> boxes[] = {
+            {plain, {1, 2, 2, 2}},
+            {"\x04%!PS\r%%BoundingBox:-1 -2 3 4\r", {-1, -2, 4, 6}},
+            {postScript("0 0 9 9\n%%HiResBoundingBox: 0 0 8.5 8.25", {}), {0, 0, 8.5, 8.25}},
+            {postScript("0 0 9 9\n%%HiResBoundingBox: 0 0 0 0", {}), {0, 0, 9, 9}},
+            {postScript("(atend)", "showpage\n%%Trailer\n%%BoundingBox: 0 0 5 6\n"), {0, 0, 5, 6}},
+            {postScript("0 0 nan 9", "%%BoundingBox: 0 0 5 6"), {0, 0, 612, 792}},
+            {postScript("0 0 1e300 9", {}), {0, 0, 612, 792}},
+        };
+        for (const auto& [bytes, box] : boxes)
+            QCOMPARE(postScriptDocument(bytes)->boundingBox, box);
+        for (const QByteArray& other : {QByteArray(), QByteArray("%PDF-1.4"), QByteArray("text %!PS")})
+            QVERIFY(!postScriptDocument(other));
+    }
+
+    void hostileDocuments()
+    {
+        const QString secret = m_folder.filePath(u"secret"_s);
+        test::writeFile(secret, "1 0 0 setrgbcolor 0 0 9 9 rectfill");
+        const auto eps = [](const QByteArray& program) { return postScript("0 0 9 9", program); };
+        const QByteArray key = "(0123456789012345678901234567890\\062)";
+        const QByteArray encrypted =
+            pdf("/MediaBox[0 0 9 9]",
+                "/ID[<00><00>]/Encrypt<</Filter/Standard/V 1/R 2/P -4/O" + key + "/U" + key + ">>");
+        const QString locked = base::text("Failure.Document.Encrypted");
+        const QString died = base::text("Failure.Child.Died", u"gs"_s);
+        const std::tuple<DocumentType, QByteArray, QString> rows[] = {
+            {DocumentType::Pdf, encrypted, locked},
+            {DocumentType::Pdf, "%PDF-1.4\nnothing", base::text("Failure.Child.Died", u"pdfinfo"_s)},
+            {DocumentType::Pdf, {}, base::text("Failure.Image.Empty")},
+            {DocumentType::Eps, eps("(" + secret.toUtf8() + ") run"), died},
+            {DocumentType::Eps, eps("(%pipe%touch " + secret.toUtf8() + "2) (w) file"), died},
+            {DocumentType::Eps, eps("[ { 1000000 string } loop"), died},
+            {DocumentType::Eps, eps("quit"), base::text("Failure.Image.Damaged")},
+            {DocumentType::Eps, "text", base::text("Failure.Image.NotAPicture")},
+            {DocumentType::Eps, postScript("0 0 900000 9", {}),
+             base::text("Failure.Image.TooLarge", u"900000"_s, u"9"_s)},
+        };
+        for (const auto& [type, bytes, reason] : rows) {
+            const AnalysisResult result = analysed(type, bytes);
+            QVERIFY2(!result.outcome.ok(), bytes.constData());
+            QCOMPARE(result.outcome.reason(), reason);
+        }
+        QVERIFY(!QFileInfo::exists(secret + u'2'));
+        // Of endless pages only the first is asked for.
+        QVERIFY(analysed(DocumentType::Eps, eps("0 0 9 9 rectfill { showpage } loop")).outcome.ok());
+    }
+};
+
+} // namespace
+
+QTEST_MAIN(tst_Pages)
+#include "tst_pages.moc"
