@@ -4,11 +4,10 @@
 #include "import/BitmapDecoder.h"
 #include "import/ChildProcess.h"
 #include "import/DecoderProgram.h"
+#include "import/DocumentSupport.h"
 #include "import/ImageOperations.h"
 #include "import/SvgSize.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <algorithm>
 #include <cmath>
 
@@ -29,22 +28,6 @@ QSize snapshotSize(QSizeF declared)
     const QSizeF size = declared / std::max({1.0, sides, area});
     return {std::max(1, static_cast<int>(size.width() + 0.5)),
             std::max(1, static_cast<int>(size.height() + 0.5))};
-}
-
-base::Result<QByteArray> documentBytes(const QString& path)
-{
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return base::Failure{base::text("Failure.Image.Unreadable")};
-    if (file.size() == 0)
-        return base::Failure{base::text("Failure.Image.Empty")};
-    if (file.size() > analysisLimits().maxSvgBytes)
-        return base::Failure{base::text("Failure.Image.FileTooLarge")};
-    QByteArray bytes = file.readAll();
-    // Packed documents have a type of their own, which is not accepted; under this name they are misnamed.
-    if (bytes.startsWith("\x1f\x8b"))
-        return base::Failure{base::text("Failure.Image.NotAPicture")};
-    return bytes;
 }
 
 base::Result<QImage> snapshot(const QByteArray& document, QSize size)
@@ -83,9 +66,12 @@ QImage svgPreview(const QImage& snapshot, QSizeF declared)
 
 base::Result<RenderedDocument> renderSvg(const QString& path)
 {
-    const base::Result<QByteArray> document = documentBytes(path);
+    const base::Result<QByteArray> document = readWholeFile(path, analysisLimits().maxSvgBytes);
     if (!document)
         return document.failure();
+    // Packed documents have a type of their own, which is not accepted.
+    if (document.value().startsWith("\x1f\x8b"))
+        return base::Failure{base::text("Failure.Image.NotAPicture")};
     RenderedDocument rendered;
     rendered.documentSize = svgSizeOf(document.value());
     const QSize size = snapshotSize(rendered.documentSize);
