@@ -18,6 +18,7 @@ bool hasBitmapRenderer(DocumentType type)
 {
     switch (type) {
     case DocumentType::Jpeg:
+    case DocumentType::Jpeg2000:
     case DocumentType::Png:
     case DocumentType::Gif:
     case DocumentType::Tiff:

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
+#include <utility>
 
 namespace mosaro::importing {
 
@@ -14,6 +15,13 @@ namespace {
 
 // The stored bytes, the pixels made of them and those of three or four bands that are scaled.
 constexpr qint64 kBytesOfPixelDecodedAtOnce = 12;
+constexpr qint64 kBytesOfWaveletSample = 4;
+
+/// JPEG 2000 keeps halves of halves: the number of halvings.
+int halvings(int factor)
+{
+    return factor >= 8 ? 3 : factor / 2;
+}
 
 VipsPtr openWithVips(const QString& path, BitmapFormat format, int shrink)
 {
@@ -33,6 +41,10 @@ VipsPtr openWithVips(const QString& path, BitmapFormat format, int shrink)
         case BitmapFormat::Tiff:
             return vips_tiffload(file, out, "access", VIPS_ACCESS_SEQUENTIAL, "fail_on",
                                  VIPS_FAIL_ON_TRUNCATED, nullptr);
+        case BitmapFormat::Jpeg2000:
+            // Its pieces are decoded as they are asked for, in any order.
+            return vips_jp2kload(file, out, "page", halvings(shrink), "fail_on", VIPS_FAIL_ON_TRUNCATED,
+                                 nullptr);
         case BitmapFormat::Bmp:
         case BitmapFormat::Tga:
             break;
@@ -54,6 +66,8 @@ DocumentType documentTypeOf(BitmapFormat format)
         return DocumentType::Bmp;
     case BitmapFormat::Tga:
         return DocumentType::Tga;
+    case BitmapFormat::Jpeg2000:
+        return DocumentType::Jpeg2000;
     case BitmapFormat::Png:
         break;
     }
@@ -94,6 +108,8 @@ qint64 decoderBytesOf(const OpenedBitmap& bitmap)
         return vips_image_get_typeof(image, "interlaced") == 0 ? 0 : pixels * VIPS_IMAGE_SIZEOF_PEL(image);
     case BitmapFormat::Tiff:
         return 0;
+    case BitmapFormat::Jpeg2000:
+        return pixels * image->Bands * kBytesOfWaveletSample;
     default:
         return pixels * VIPS_IMAGE_SIZEOF_PEL(image);
     }
@@ -151,6 +167,8 @@ base::Result<void> openLazily(QFile& file, OpenedBitmap& bitmap)
     if (!withinLimits(size, bitmap.decoderBytes == 0))
         return tooLargePicture(size);
     bitmap.pages = vips_image_get_n_pages(bitmap.image.get());
+    if (bitmap.format == BitmapFormat::Jpeg2000)
+        bitmap.halvings = std::exchange(bitmap.pages, 1) - 1;
     bitmap.orientation = std::clamp(vips_image_get_orientation(bitmap.image.get()), 1, 8);
     return readMetadata(file, bitmap);
 }
@@ -203,7 +221,11 @@ base::Result<OpenedBitmap> openBitmap(const QString& path, DocumentType named)
 
 VipsPtr imageShrunkOnLoad(const OpenedBitmap& bitmap, int factor)
 {
-    if (factor <= 1 || bitmap.format != BitmapFormat::Jpeg)
+    if (bitmap.format == BitmapFormat::Jpeg2000)
+        factor = std::min(factor, 1 << std::min(bitmap.halvings, 3));
+    else if (bitmap.format != BitmapFormat::Jpeg)
+        factor = 1;
+    if (factor <= 1)
         return vipsShare(bitmap.image.get());
     return openWithVips(bitmap.path, bitmap.format, factor);
 }

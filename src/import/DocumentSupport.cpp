@@ -24,13 +24,19 @@ base::Result<QByteArray> readWholeFile(const QString& path, qint64 maxBytes)
     return bytes;
 }
 
-QImage previewOfDrawing(const QImage& drawing)
+QImage previewOfDrawing(const QImage& drawing, QSizeF points)
 {
-    if (drawing.width() > kPreviewBox.width() || drawing.height() > kPreviewBox.height())
+    if (points.isEmpty())
+        points = drawing.size();
+    if (points.width() > kPreviewBox.width() || points.height() > kPreviewBox.height())
         return scaleImage(drawing, kPreviewBox);
-    if (drawing.width() > kSmallCanvas || drawing.height() > kSmallCanvas)
-        return imageByScalingProportionallyToSize(drawing, kPreviewBox, std::nullopt, true);
-    return imageOnSmallCanvas(drawing);
+    const QSize size = points.toSize().expandedTo({1, 1});
+    const QImage natural = drawing.size() == size
+                               ? drawing
+                               : drawing.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    if (size.width() > kSmallCanvas || size.height() > kSmallCanvas)
+        return imageByScalingProportionallyToSize(natural, kPreviewBox, std::nullopt, true);
+    return imageOnSmallCanvas(natural);
 }
 
 QImage inSrgbColors(QImage picture)

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QSizeF>
 #include <QString>
 
 namespace mosaro::importing {
@@ -14,8 +15,8 @@ namespace mosaro::importing {
 [[nodiscard]] base::Result<QByteArray> readWholeFile(const QString& path, qint64 maxBytes);
 
 /// A drawn document as its preview: filling the box when it is larger in any direction, else fitted or, when
-/// it is tiny, on the small canvas.
-[[nodiscard]] QImage previewOfDrawing(const QImage& drawing);
+/// it is tiny, on the small canvas. What counts is its size in points, which is that in pixels unless given.
+[[nodiscard]] QImage previewOfDrawing(const QImage& drawing, QSizeF points = {});
 
 /// In sRGB, when the picture says that it is in other colours.
 [[nodiscard]] QImage inSrgbColors(QImage picture);

@@ -75,6 +75,8 @@ std::optional<BitmapFormat> bitmapFormatOf(const QByteArray& head, DocumentType 
     if (head.startsWith(QByteArray("II*\0", 4)) || head.startsWith(QByteArray("MM\0*", 4)) ||
         head.startsWith(QByteArray("II+\0", 4)) || head.startsWith(QByteArray("MM\0+", 4)))
         return BitmapFormat::Tiff;
+    if (head.startsWith(QByteArray("\0\0\0\x0cjP  ", 8)) || head.startsWith("\xff\x4f\xff\x51"))
+        return BitmapFormat::Jpeg2000;
     if (head.startsWith("BM") && named != DocumentType::Tga)
         return BitmapFormat::Bmp;
     if (named == DocumentType::Tga)

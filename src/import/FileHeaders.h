@@ -14,7 +14,7 @@ namespace mosaro::importing {
 // What the first bytes of a file say, read without trust in them: every offset and length is checked.
 
 /// The bitmap formats that can be decoded, told by content whatever the file is called.
-enum class BitmapFormat { Jpeg, Png, Gif, Tiff, Bmp, Tga };
+enum class BitmapFormat { Jpeg, Png, Gif, Tiff, Bmp, Tga, Jpeg2000 };
 
 /// TGA files carry no mark, so only a file that is called one can be one.
 [[nodiscard]] std::optional<BitmapFormat> bitmapFormatOf(const QByteArray& head, DocumentType named);
@@ -33,6 +33,8 @@ struct BitmapHeader {
 [[nodiscard]] std::optional<BitmapHeader> readPngHeader(QIODevice& file);
 [[nodiscard]] std::optional<BitmapHeader> readBmpHeader(QIODevice& file);
 [[nodiscard]] std::optional<BitmapHeader> readTgaHeader(QIODevice& file);
+/// Only depth (0: of several) and resolution; the decoder tells the rest.
+[[nodiscard]] std::optional<BitmapHeader> readJpeg2000Header(QIODevice& file);
 
 struct TiffHeader {
     int depth = 8;

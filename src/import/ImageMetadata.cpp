@@ -106,6 +106,12 @@ base::Result<void> readMetadata(QIODevice& file, OpenedBitmap& bitmap)
         if (!software.isEmpty())
             metadata.software = software;
     }
+    if (bitmap.format == BitmapFormat::Jpeg2000) {
+        if (const std::optional<BitmapHeader> header = readJpeg2000Header(file)) {
+            metadata.depth = header->depth > 0 ? header->depth : metadata.depth;
+            dpi = header->dpi;
+        }
+    }
     if (bitmap.format == BitmapFormat::Tiff) {
         if (const std::optional<TiffHeader> header = readTiffHeader(bitmap.path)) {
             if (!header->isWhole)

@@ -1,13 +1,69 @@
 #include "import/RenderedDocument.h"
 
 #include "base/Text.h"
+#include "import/BitmapDecoder.h"
+#include "import/DocumentSupport.h"
+#include "import/ImageOperations.h"
+#include "import/MagickDecoder.h"
+#include "import/PhotoshopHeader.h"
+
+#include <QFile>
+#include <QFileInfo>
 
 namespace mosaro::importing {
 
-base::Result<RenderedDocument> renderPhotoshop(const QString& /*path*/)
+namespace {
+
+// How much larger than the preview the picture comes out of the child.
+constexpr int kHeadroom = 3;
+
+/// Covers the preview some times over, and never more than the picture has.
+QSize sizeToDecode(QSize pixels)
 {
-    return base::Failure{base::text("Failure.Format.NoRenderer",
-                                    MediaClassification::contentTypeName(DocumentType::Photoshop))};
+    const QSize covering = pixels.scaled(kPreviewBox * kHeadroom, Qt::KeepAspectRatioByExpanding);
+    return covering.width() < pixels.width() ? covering.expandedTo({1, 1}) : QSize();
+}
+
+QImage pictureOfTiff(const QByteArray& bytes)
+{
+    ensureImageLibrary();
+    const VipsPtr image = vipsMake([&](VipsImage** out) {
+        return vips_tiffload_buffer(const_cast<char*>(bytes.constData()),
+                                    static_cast<std::size_t>(bytes.size()), out, nullptr);
+    });
+    const VipsPtr srgb = image ? vipsToSrgb(image.get()) : nullptr;
+    return srgb ? vipsToQImage(srgb.get(), false) : QImage();
+}
+
+} // namespace
+
+base::Result<RenderedDocument> renderPhotoshop(const QString& path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return base::Failure{base::text("Failure.Image.Unreadable")};
+    if (file.size() == 0)
+        return base::Failure{base::text("Failure.Image.Empty")};
+    if (!file.peek(4).startsWith("8BPS"))
+        return base::Failure{base::text("Failure.Image.NotAPicture")};
+    const std::optional<ImageMetadata> metadata = readPhotoshopHeader(file);
+    if (!metadata)
+        return damagedPicture();
+    const QSize pixels(metadata->width, metadata->height);
+    if (qint64(pixels.width()) * pixels.height() > analysisLimits().maxPixelsWithoutStreaming)
+        return tooLargePicture(pixels);
+
+    const base::Result<QByteArray> tiff =
+        decodeWithMagick({path, "psd", sizeToDecode(pixels), metadata->hasAlpha});
+    if (!tiff)
+        return tiff.failure();
+    const QImage picture = pictureOfTiff(tiff.value());
+    if (picture.isNull())
+        return damagedPicture();
+    RenderedDocument document;
+    document.preview = previewOfDrawing(picture, QSizeF(pixels) * (72 / metadata->dpi));
+    document.metadata = *metadata;
+    return document;
 }
 
 } // namespace mosaro::importing

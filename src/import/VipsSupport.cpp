@@ -39,6 +39,7 @@ void startImageLibrary(const char* programName)
     vips_cache_set_max(0);
     // Only the loaders that are called by name and are fit for strangers' files.
     vips_block_untrusted_set(TRUE);
+    vips_operation_block_set("VipsForeignLoadJp2k", FALSE);
     // What a damaged file makes the libraries say is told as the outcome of its analysis.
     g_log_set_handler("VIPS", static_cast<GLogLevelFlags>(G_LOG_LEVEL_WARNING | G_LOG_LEVEL_INFO),
                       dropLogMessage, nullptr);
@@ -160,7 +161,14 @@ QString vipsProfileName(VipsImage* image)
         vips_error_clear();
         return {};
     }
-    const cmsHPROFILE profile = cmsOpenProfileFromMem(data, static_cast<cmsUInt32Number>(length));
+    return profileName(
+        QByteArray::fromRawData(static_cast<const char*>(data), static_cast<qsizetype>(length)));
+}
+
+QString profileName(const QByteArray& stored)
+{
+    const cmsHPROFILE profile =
+        cmsOpenProfileFromMem(stored.constData(), static_cast<cmsUInt32Number>(stored.size()));
     if (!profile)
         return {};
     std::array<wchar_t, 256> name{};

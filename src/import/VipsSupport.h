@@ -43,6 +43,7 @@ template <class Operation>
 
 /// Description of the embedded colour profile, or empty.
 [[nodiscard]] QString vipsProfileName(VipsImage* image);
+[[nodiscard]] QString profileName(const QByteArray& profile);
 
 /// Whether an embedded profile says other colours than sRGB.
 [[nodiscard]] bool hasForeignProfile(VipsImage* image);

@@ -1,0 +1,52 @@
+#include "import/MagickDecoder.h"
+
+#include "base/Text.h"
+#include "import/Analysis.h"
+#include "import/ChildProcess.h"
+
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+namespace mosaro::importing {
+
+namespace {
+
+/// Under its versioned name where there is one: the plain one may be another program's.
+QString program()
+{
+    const QString versioned = QStandardPaths::findExecutable(QStringLiteral("convert-im6"));
+    return versioned.isEmpty() ? QStringLiteral("convert") : versioned;
+}
+
+QStringList argumentsFor(const MagickRequest& request, const QString& name)
+{
+    // What does not fit into memory fails; nothing is swapped out into files.
+    QStringList arguments = {QStringLiteral("-limit"), QStringLiteral("thread"), QStringLiteral("1"),
+                             QStringLiteral("-limit"), QStringLiteral("disk"),   QStringLiteral("0")};
+    arguments.append(QStringLiteral("%1:%2[0]").arg(QString::fromLatin1(request.format), name));
+    if (!request.keepsAlpha)
+        arguments.append({QStringLiteral("-alpha"), QStringLiteral("off")});
+    if (!request.size.isEmpty())
+        arguments.append({QStringLiteral("-scale"),
+                          QStringLiteral("%1x%2!").arg(request.size.width()).arg(request.size.height())});
+    arguments.append({QStringLiteral("-depth"), QStringLiteral("8"), QStringLiteral("-compress"),
+                      QStringLiteral("none"), QStringLiteral("tiff:-")});
+    return arguments;
+}
+
+} // namespace
+
+base::Result<QByteArray> decodeWithMagick(const MagickRequest& request)
+{
+    // A name in which nothing can be read as a pattern or an option.
+    const QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("document"));
+    if (!folder.isValid() || !QFile::link(request.path, name))
+        return base::Failure{base::text("Failure.Image.Unreadable")};
+    const AnalysisLimits& limits = analysisLimits();
+    return runChild(program(), argumentsFor(request, name),
+                    {limits.maxSeconds, limits.maxMagickMemory, limits.maxMagickOutput});
+}
+
+} // namespace mosaro::importing
