@@ -32,12 +32,22 @@ QSize withinPixelLimit(QSize size)
     return factor >= 1 ? size : coveringPixels(QSizeF(size) * factor);
 }
 
-/// What would have to be made larger is drawn larger instead.
-base::Result<QImage> drawPreview(const PageDrawer& draw, QSize size, const QImage& fullSize)
+/// The part of a page that fills the preview box, by whole pixels but in points.
+QRectF fillingPart(QSizeF points, QSize size)
 {
+    const QRect pixels = fillSourceRect(size, kPreviewBox);
+    const double across = points.width() / size.width();
+    const double down = points.height() / size.height();
+    return {pixels.x() * across, pixels.y() * down, pixels.width() * across, pixels.height() * down};
+}
+
+/// What would have to be made larger is drawn larger instead.
+base::Result<QImage> drawPreview(const PageDrawer& draw, QSizeF points, const QImage& fullSize)
+{
+    const QSize size = coveringPixels(points);
     const bool fills = size.width() > kPreviewBox.width() || size.height() > kPreviewBox.height();
     const bool enlarges = size.width() < kPreviewBox.width() || size.height() < kPreviewBox.height();
-    return fills && enlarges ? draw(fillSourceRect(size, kPreviewBox), kPreviewBox)
+    return fills && enlarges ? draw(fillingPart(points, size), kPreviewBox)
                              : base::Result<QImage>(previewOfDrawing(fullSize, size));
 }
 
@@ -73,15 +83,14 @@ base::Result<QImage> drawnPicture(const QByteArray& png, QSize expected)
 
 base::Result<PagePictures> drawPage(const PageDrawer& draw, QSizeF points)
 {
-    const QSize size = coveringPixels(points);
-    const QSize bounded = withinPixelLimit(size);
+    const QSize bounded = withinPixelLimit(coveringPixels(points));
     // Twice: as it is read, and as it is cut or changed.
     const QSemaphoreReleaser memory =
         decodingMemory().take(qint64(bounded.width()) * bounded.height() * kBytesPerPixel * 2);
     const base::Result<QImage> fullSize = draw(QRectF({0, 0}, points), bounded);
     if (!fullSize)
         return fullSize.failure();
-    const base::Result<QImage> preview = drawPreview(draw, size, fullSize.value());
+    const base::Result<QImage> preview = drawPreview(draw, points, fullSize.value());
     if (!preview)
         return preview.failure();
     return PagePictures{preview.value(), fullSize.value()};

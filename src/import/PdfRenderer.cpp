@@ -8,7 +8,7 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <cmath>
+#include <algorithm>
 
 namespace mosaro::importing {
 
@@ -72,26 +72,24 @@ PageDrawer firstPage(const QString& path, QSizeF pageSize, Paper paper)
     return [=](const QRectF& part, QSize pixels) -> base::Result<QImage> {
         const double across = pixels.width() / part.width();
         const double down = pixels.height() / part.height();
-        const auto number = [](double value) { return QString::number(std::lround(value)); };
-        QStringList arguments = {QStringLiteral("-png"),
-                                 QStringLiteral("-singlefile"),
-                                 QStringLiteral("-f"),
-                                 QStringLiteral("1"),
-                                 QStringLiteral("-l"),
-                                 QStringLiteral("1"),
-                                 QStringLiteral("-cropbox"),
-                                 QStringLiteral("-scale-to-x"),
-                                 number(pageSize.width() * across),
-                                 QStringLiteral("-scale-to-y"),
-                                 number(pageSize.height() * down),
-                                 QStringLiteral("-x"),
-                                 number(part.x() * across),
-                                 QStringLiteral("-y"),
-                                 number(part.y() * down),
-                                 QStringLiteral("-W"),
-                                 QString::number(pixels.width()),
-                                 QStringLiteral("-H"),
-                                 QString::number(pixels.height())};
+        const QPoint corner(qRound(part.x() * across), qRound(part.y() * down));
+        // Whatever is rounded how, the part lies on the page: the program would cut it off.
+        const int width = std::max(qRound(pageSize.width() * across), corner.x() + pixels.width());
+        const int height = std::max(qRound(pageSize.height() * down), corner.y() + pixels.height());
+        QStringList arguments = {QStringLiteral("-png"), QStringLiteral("-singlefile"),
+                                 QStringLiteral("-cropbox")};
+        const std::pair<QString, int> numbers[] = {
+            {QStringLiteral("-f"), 1},
+            {QStringLiteral("-l"), 1},
+            {QStringLiteral("-scale-to-x"), width},
+            {QStringLiteral("-scale-to-y"), height},
+            {QStringLiteral("-x"), corner.x()},
+            {QStringLiteral("-y"), corner.y()},
+            {QStringLiteral("-W"), pixels.width()},
+            {QStringLiteral("-H"), pixels.height()},
+        };
+        for (const auto& [option, number] : numbers)
+            arguments << option << QString::number(number);
         if (paper == Paper::None)
             arguments << QStringLiteral("-transp");
         arguments << path << QStringLiteral("-");
@@ -106,8 +104,7 @@ PageDrawer firstPage(const QString& path, QSizeF pageSize, Paper paper)
 base::Result<QImage> drawPreview(const PageDrawer& draw, QSizeF page)
 {
     const QSizeF fitted = page.scaled(kPreviewBox, Qt::KeepAspectRatio);
-    const QSize size(static_cast<int>(std::lround(fitted.width())),
-                     static_cast<int>(std::lround(fitted.height())));
+    const QSize size = fitted.toSize();
     if (size.width() > kFillLimit && size.height() > kFillLimit)
         return draw(QRectF({0, 0}, page), size);
     const QSizeF part = QSizeF(kPreviewBox).scaled(page, Qt::KeepAspectRatio);

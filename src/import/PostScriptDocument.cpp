@@ -83,7 +83,7 @@ QByteArray trailerOf(const QByteArray& program)
     return start < 0 ? QByteArray() : end.mid(start);
 }
 
-QRectF boundingBoxOf(const QByteArray& program)
+std::optional<QRectF> boundingBoxOf(const QByteArray& program)
 {
     const QList<QByteArray> header = linesOf(program.mid(program.indexOf("%!")).left(kCommentBytes));
     const QList<QByteArray> trailer = linesOf(trailerOf(program));
@@ -92,9 +92,9 @@ QRectF boundingBoxOf(const QByteArray& program)
         if (!box)
             box = boxIn(trailer, label, false);
         if (box)
-            return *box;
+            return box;
     }
-    return kSheet;
+    return {};
 }
 
 } // namespace
@@ -104,7 +104,8 @@ std::optional<PostScriptDocument> postScriptDocument(const QByteArray& bytes)
     const QByteArray program = programOf(bytes);
     if (!beginsAsPostScript(program))
         return {};
-    return PostScriptDocument{program, boundingBoxOf(program)};
+    const std::optional<QRectF> box = boundingBoxOf(program);
+    return PostScriptDocument{program, box.value_or(kSheet), box.has_value()};
 }
 
 bool holdsPostScript(const QString& path)

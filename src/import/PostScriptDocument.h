@@ -10,7 +10,8 @@ namespace mosaro::importing {
 /// A PostScript program and what its structuring comments say of it.
 struct PostScriptDocument {
     QByteArray program;
-    QRectF boundingBox; ///< In points, its y the lower edge; a whole sheet when the document says none.
+    QRectF boundingBox; ///< In points, its y the lower edge; a whole sheet when there is none.
+    bool hasBoundingBox = true;
     bool operator==(const PostScriptDocument&) const = default;
 };
 

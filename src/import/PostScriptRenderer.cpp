@@ -79,17 +79,20 @@ base::Result<PostScriptDocument> readDocument(const QString& path)
     return *document;
 }
 
-bool hasTransparentPixels(const QImage& image)
+enum class Coverage { None, Some, All };
+
+Coverage coverageOf(const QImage& image)
 {
-    if (!image.hasAlphaChannel())
-        return false;
     const QImage pixels = CGImage(image);
-    for (int y = 0; y < pixels.height(); ++y) {
+    bool covered = false;
+    bool clear = false;
+    for (int y = 0; y < pixels.height() && !(covered && clear); ++y) {
         const auto* line = reinterpret_cast<const QRgb*>(pixels.constScanLine(y));
-        if (std::any_of(line, line + pixels.width(), [](QRgb pixel) { return qAlpha(pixel) < 255; }))
-            return true;
+        const auto* end = line + pixels.width();
+        covered = covered || std::any_of(line, end, [](QRgb pixel) { return qAlpha(pixel) > 0; });
+        clear = clear || std::any_of(line, end, [](QRgb pixel) { return qAlpha(pixel) < 255; });
     }
-    return false;
+    return clear ? (covered ? Coverage::Some : Coverage::None) : Coverage::All;
 }
 
 } // namespace
@@ -103,10 +106,14 @@ base::Result<RenderedDocument> renderPostScript(const QString& path)
     const base::Result<PagePictures> pictures = drawPage(firstPage(document.value()), size);
     if (!pictures)
         return pictures.failure();
+    const Coverage coverage = coverageOf(pictures.value().fullSize);
+    // Fonts, tables and procedures for printers are PostScript too.
+    if (coverage == Coverage::None && !document.value().hasBoundingBox)
+        return base::Failure{base::text("Failure.Image.NotAPicture")};
     RenderedDocument result;
     result.preview = pictures.value().preview;
     result.fullSize = pictures.value().fullSize;
-    result.metadata.hasAlpha = hasTransparentPixels(result.fullSize);
+    result.metadata.hasAlpha = coverage != Coverage::All;
     result.documentSize = size;
     return result;
 }

@@ -124,6 +124,8 @@ private Q_SLOTS:
         QCOMPARE(result.documentSize, QSizeF(1000, 700));
         QCOMPARE(result.kind, MediaKind::Other);
         QCOMPARE(result.pdf->pageCount, 1);
+        // Drawn larger in parts, not by pixels; the lengths are no whole numbers.
+        QVERIFY(analysed(DocumentType::Illustrator, pdf("/MediaBox[0 0 399.005 399.005]")).outcome.ok());
 
         const AnalysisResult old = analysed(DocumentType::Illustrator,
                                             postScript("0 0 90 80", QByteArray(kRed) + "0 0 45 80 rectfill"));
@@ -212,6 +214,7 @@ private Q_SLOTS:
             {DocumentType::Eps, eps("(%pipe%touch " + secret.toUtf8() + "2) (w) file"), died},
             {DocumentType::Eps, eps("[ { 1000000 string } loop"), died},
             {DocumentType::Eps, eps("quit"), base::text("Failure.Image.Damaged")},
+            {DocumentType::Eps, "%!PS\n/procedure { } def", base::text("Failure.Image.NotAPicture")},
             {DocumentType::Eps, "text", base::text("Failure.Image.NotAPicture")},
             {DocumentType::Eps, postScript("0 0 900000 9", {}),
              base::text("Failure.Image.TooLarge", u"900000"_s, u"9"_s)},
