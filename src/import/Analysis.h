@@ -78,6 +78,8 @@ struct AnalysisLimits {
     int maxSeconds = 60;    ///< For the decoding of one picture.
     int maxIconSide = 2048; ///< Pixels of one edge of a picture in an icon file.
     qint64 maxIconBytes = qint64(64) << 20;
+    qint64 maxRawMemory = qint64(2) << 30;      ///< Address space of the child.
+    qint64 maxRawOutput = qint64(256) << 20;    ///< What it hands over.
     qint64 maxMagickMemory = qint64(2) << 30;   ///< Address space of the child.
     qint64 maxMagickOutput = qint64(512) << 20; ///< What it hands over.
     qint64 maxSvgBytes = qint64(64) << 20;
@@ -86,7 +88,7 @@ struct AnalysisLimits {
     int maxDrawnSide = 32'000;                 ///< Pixels of one edge, likewise.
     qint64 maxSearchedBytes = qint64(2) << 30; ///< Of a design document, for the picture that it carries.
     qint64 maxCarriedBytes = qint64(64) << 20; ///< Of that picture, as it is stored.
-    qint64 maxCarriedPixels = 40'000'000;
+    qint64 maxCarriedPixels = 20'000'000;
     int maxDocumentParts = 20'000; ///< Entries of a packed design document.
 
     // Documents of pages, which another program draws.

@@ -25,28 +25,27 @@ int previewSide(DocumentType type)
     }
 }
 
-// Interlaced pictures are decoded whole.
-qint64 bytesToDecode(const QByteArray& bytes)
-{
-    const VipsPtr header(
-        vips_image_new_from_buffer(bytes.constData(), static_cast<std::size_t>(bytes.size()), "", nullptr));
-    if (!header)
-        vips_error_clear();
-    return header ? kPixelBytes * header->Xsize * header->Ysize : 0;
-}
-
 /// The picture in sRGB, scaled down to fit the square, never up. Null when it is damaged.
 QImage decoded(const QByteArray& bytes, int side)
 {
     ensureImageLibrary();
-    const QSemaphoreReleaser memory = decodingMemory().take(bytesToDecode(bytes));
-    const VipsPtr thumbnail = vipsMake([&](VipsImage** out) {
-        // The library only reads from there.
-        return vips_thumbnail_buffer(const_cast<char*>(bytes.constData()),
-                                     static_cast<std::size_t>(bytes.size()), out, side, "height", side,
-                                     "size", VIPS_SIZE_DOWN, "fail_on", VIPS_FAIL_ON_TRUNCATED, nullptr);
+    const VipsPtr stored(vips_image_new_from_buffer(bytes.constData(), static_cast<std::size_t>(bytes.size()),
+                                                    "", "fail_on", VIPS_FAIL_ON_TRUNCATED, nullptr));
+    if (!stored) {
+        vips_error_clear();
+        return {};
+    }
+    // Decoded whole, since damage is passed over in silence where pictures are scaled while they are decoded.
+    const QSemaphoreReleaser memory = decodingMemory().take(kPixelBytes * stored->Xsize * stored->Ysize);
+    const VipsPtr whole = vipsMake([&](VipsImage** out) {
+        *out = vips_image_copy_memory(stored.get());
+        return *out ? 0 : -1;
     });
-    const VipsPtr srgb = thumbnail ? vipsToSrgb(thumbnail.get()) : nullptr;
+    const VipsPtr scaled = whole ? vipsMake([&](VipsImage** out) {
+        return vips_thumbnail_image(whole.get(), out, side, "height", side, "size", VIPS_SIZE_DOWN, nullptr);
+    })
+                                 : nullptr;
+    const VipsPtr srgb = scaled ? vipsToSrgb(scaled.get()) : nullptr;
     return srgb ? vipsToQImage(srgb.get(), false) : QImage();
 }
 

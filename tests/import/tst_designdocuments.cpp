@@ -1,0 +1,259 @@
+#include "base/Text.h"
+#include "import/Analysis.h"
+#include "import/EmbeddedPictures.h"
+#include "import/ImageOperations.h"
+#include "import/RenderableDocuments.h"
+#include "support/FakePlatform.h"
+#include "support/Files.h"
+#include "support/Pictures.h"
+
+#include <QBuffer>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+#include <zip.h>
+
+using namespace mosaro;
+using namespace Qt::StringLiterals;
+using namespace mosaro::importing;
+
+namespace {
+
+QByteArray bytesOf(QSize size, const char* format = "png", QColor color = Qt::red)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    test::plain(size, color).save(&buffer, format);
+    return bytes;
+}
+
+struct Entry {
+    const char* name;
+    QByteArray bytes;
+};
+
+void writeZip(const QString& path, const std::vector<Entry>& entries)
+{
+    QFile::remove(path);
+    zip_t* archive = zip_open(QFile::encodeName(path).constData(), ZIP_CREATE, nullptr);
+    for (const Entry& entry : entries) {
+        zip_source_t* source = zip_source_buffer(archive, entry.bytes.constData(),
+                                                 static_cast<zip_uint64_t>(entry.bytes.size()), 0);
+        zip_file_add(archive, entry.name, source, ZIP_FL_OVERWRITE);
+    }
+    if (zip_close(archive) != 0)
+        qFatal("cannot write the archive");
+}
+
+void writeDatabase(const QString& path, const std::vector<Entry>& rows, bool isNamed)
+{
+    QFile::remove(path);
+    SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    const std::string table = isNamed ? "\"the \"\"Preview\"" : "layers";
+    database.exec("CREATE VIEW trap AS SELECT load_extension('x') AS preview");
+    for (const std::string& name : {std::string("layers"), std::string("\"the \"\"Preview\"")})
+        database.exec("CREATE TABLE " + name + " (name TEXT, data BLOB)");
+    for (const Entry& row : rows) {
+        SQLite::Statement insert(database, "INSERT INTO " + table + " VALUES (?, ?)");
+        insert.bind(1, row.name);
+        insert.bind(2, row.bytes.constData(), int(row.bytes.size()));
+        insert.exec();
+    }
+}
+
+std::optional<EmbeddedPicture> largestIn(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return largestEmbeddedPicture(buffer);
+}
+
+class tst_DesignDocuments : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        base::installTexts();
+        setUpImageLibrary("tst_designdocuments");
+    }
+
+    void sizes()
+    {
+        using T = DocumentType;
+        struct Row {
+            T type;
+            QSize carried;
+            QSize side;
+            const char* suffix;
+            bool fills;
+            QSize preview = kPreviewBox;
+        };
+        for (const Row& row : {Row{T::Sketch, {1000, 500}, {512, 256}, "_sketch.png", true},
+                               {T::Sketch, {1000, 390}, {512, 200}, "_sketch.png", false},
+                               {T::AffinityDesigner, {3000, 3000}, {1024, 1024}, "_afdesign.png", true},
+                               {T::AffinityPhoto, {461, 201}, {461, 201}, "_afphoto.png", true},
+                               {T::IDraw, {461, 200}, {461, 200}, "_idraw.png", false},
+                               {T::Pixelmator, {133, 10}, {133, 10}, "_pxm.png", false},
+                               {T::Pixelmator, {132, 132}, {132, 132}, "_pxm.png", false, {132, 132}},
+                               {T::Acorn, {2000, 2000}, {256, 256}, "_acorn.png", false}}) {
+            test::writeFile(file(), "head" + bytesOf(row.carried) + "tail");
+            const AnalysisResult result = analysed(row.type);
+            QVERIFY2(result.outcome.ok(), row.suffix);
+            const QImage preview = QImage::fromData(result.preview, "png");
+            QCOMPARE(preview.size(), row.preview);
+            QCOMPARE(preview.pixelColor(preview.width() / 2, preview.height() / 2), QColor(Qt::red));
+            QCOMPARE(preview.pixelColor(0, 0).alpha() == 255, row.fills || row.carried == row.preview);
+            QCOMPARE(QImage::fromData(result.sideFile, "png").size(), row.side);
+            QCOMPARE(result.sideFileSuffix, QLatin1String(row.suffix));
+            QCOMPARE(result.kind, MediaKind::Other);
+        }
+    }
+
+    void zips()
+    {
+        const QByteArray large = bytesOf({300, 300});
+        const QByteArray small = bytesOf({200, 150}, "jpg");
+        struct Row {
+            std::vector<Entry> entries;
+            QSize found; ///< Empty: none.
+        };
+        for (const Row& row : {Row{{{"previews/preview.png", large}, {"QuickLook/a.jpg", small}}, {300, 300}},
+                               {{{"Thumbnail.JPG", small}, {"images/photo.png", large}}, {200, 150}},
+                               {{{"preview.png", large.chopped(1)}, {"preview2", small}}, {200, 150}},
+                               {{{"preview.png", "x" + large}}, {}},
+                               {{{"preview.png", QByteArray(100 << 20, '\0')}}, {}},
+                               {{{"images/photo.png", large}, {"previews/preview.txt", "no picture"}}, {}}}) {
+            writeZip(file(), row.entries);
+            expect(row.found);
+        }
+    }
+
+    void zipsThatLie()
+    {
+        writeZip(file(), {{"preview.png", bytesOf({300, 300})}});
+        const QByteArray honest = test::fileContents(file());
+        const qsizetype end = honest.lastIndexOf("PK\5\6");
+        QByteArray many = honest;
+        many.replace(end + 8, 4, "\xff\xff\xff\xff");
+        for (const QByteArray& bytes : {many, honest.left(end), honest.left(200), honest + "PK\5\6"}) {
+            test::writeFile(file(), bytes);
+            expect({});
+        }
+    }
+
+    void databases()
+    {
+        const QByteArray large = bytesOf({300, 300}, "bmp"); // no format that counts
+        const QByteArray noisy = [] {
+            QByteArray bytes;
+            QBuffer buffer(&bytes);
+            test::noise({250, 250}).save(&buffer, "png");
+            return bytes;
+        }();
+        const std::vector<Entry> rows = {{"a", bytesOf({200, 150})}, {"b", noisy}, {"c", large}};
+        for (const bool isNamed : {true, false}) {
+            writeDatabase(file(), rows, isNamed);
+            expect({250, 250}); // over many pages, in pieces
+        }
+        SQLite::Database database(file().toStdString(), SQLite::OPEN_READWRITE);
+        database.exec("ALTER TABLE layers ADD COLUMN thumbnail BLOB");
+        database.exec("UPDATE layers SET thumbnail = data WHERE name = 'a'");
+        expect({200, 150});
+        QVERIFY(test::cutOff(file(), 0.1));
+        expect({});
+    }
+
+    void streamsInFiles()
+    {
+        const QByteArray png = bytesOf({40, 30});
+        const QByteArray jpeg = bytesOf({60, 50}, "jpg");
+        const QByteArray inner = "\xff\xe1" + QByteArray("\x00\x00", 2) + bytesOf({90, 90}, "jpg");
+        QByteArray nested = jpeg.left(2) + inner + jpeg.mid(2);
+        nested[4] = char((inner.size() - 2) >> 8);
+        nested[5] = char((inner.size() - 2) & 0xff);
+        const QByteArray gap(3'000'000, '\xff');
+        struct Row {
+            QByteArray bytes;
+            QSize found;
+            qint64 offset;
+        };
+        for (const Row& row :
+             {Row{png, {40, 30}, 0},
+              {"x" + png + jpeg, {60, 50}, 1 + png.size()},
+              {jpeg.chopped(2) + png, {40, 30}, jpeg.size() - 2},
+              {png.chopped(1), {}, 0},
+              {jpeg.chopped(1), {}, 0},
+              {png.left(40) + png, {40, 30}, 40},
+              {nested, {60, 50}, 0},
+              {gap.left((1 << 20) - 5) + png, {40, 30}, (1 << 20) - 5}, // over the edge of a piece
+              {gap + jpeg + gap, {60, 50}, gap.size()},
+              {"", {}, 0}}) {
+            const std::optional<EmbeddedPicture> found = largestIn(row.bytes);
+            QCOMPARE(found ? found->size : QSize(), row.found.isEmpty() ? QSize() : row.found);
+            if (found) {
+                QCOMPARE(found->offset, row.offset);
+                QVERIFY(QImage::fromData(row.bytes.mid(found->offset, found->length)).size() == row.found);
+            }
+        }
+    }
+
+    // Beginnings without an end, each of which leads through all the rest.
+    void streamsWithoutEnd()
+    {
+        QByteArray chunk = bytesOf({40, 30}).left(33); // a header, then pixels that never end
+        chunk += QByteArray("\x00\x00\x00\x01IDAT\x00\x00\x00\x00\x00", 13);
+        const QByteArray scan("\xff\xd8\xff\xda\x00\x02\xff\x00", 8);
+        for (const QByteArray& bytes : {chunk.repeated(200'000), scan.repeated(1'000'000)})
+            QVERIFY(!largestIn(bytes));
+    }
+
+    void withoutPreview()
+    {
+        for (const QByteArray& bytes : {QByteArray(), QByteArray("a document"),
+                                        test::pngThatClaims(100'000, 100'000), QByteArray("PK\3\4")}) {
+            test::writeFile(file(), bytes);
+            expect({});
+        }
+        // Sound on the outside only.
+        QByteArray damaged = bytesOf({300, 300});
+        damaged.replace(damaged.indexOf("IDAT") + 4, 8, "damaged!");
+        test::writeFile(file(), damaged);
+        expect({});
+    }
+
+    void typesThatCanBeDrawn()
+    {
+        const test::FakeThumbnailers desktop;
+        const test::FakeTypes types;
+        const RenderableDocuments renderable(desktop);
+        const MediaClassification classification(types, renderable);
+        QCOMPARE(classification.allowedMedia().mid(32).join(u' '),
+                 u"afdesign AFDESIGN afphoto AFPHOTO idraw IDRAW pxm PXM sketch SKETCH acorn ACORN"_s);
+        QVERIFY(!renderable.hasThumbnailer({u"image/x-other"_s}));
+    }
+
+private:
+    QString file() const { return m_folder.filePath(u"an odd?name%20#1.document"_s); }
+
+    AnalysisResult analysed(DocumentType type) const { return analyse({file(), type, MediaKind::Unset}); }
+
+    /// That the file's picture has this size; empty for a failure with a reason.
+    void expect(QSize size)
+    {
+        const AnalysisResult result = analysed(DocumentType::IDraw);
+        QCOMPARE(result.outcome.ok(), !size.isEmpty());
+        if (result.outcome.ok())
+            QCOMPARE(QImage::fromData(result.sideFile, "png").size(), size);
+        else
+            QVERIFY(!result.outcome.reason().isEmpty());
+    }
+
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+QTEST_GUILESS_MAIN(tst_DesignDocuments)
+#include "tst_designdocuments.moc"
