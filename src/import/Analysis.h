@@ -92,7 +92,8 @@ struct AnalysisLimits {
     int maxDocumentParts = 20'000; ///< Entries of a packed design document.
 
     // Documents of pages, which another program draws.
-    qint64 maxPagePixels = 16'000'000;             ///< Of a side file; a larger page is drawn smaller.
+    qint64 maxPagePixels = 16'000'000; ///< Of a side file; a larger page is drawn smaller.
+    int maxPageEdge = 30'000;
     qint64 maxPostScriptBytes = qint64(128) << 20; ///< Of a document that is held in memory.
     int maxPageSeconds = 30;                       ///< For each call of the program.
     qint64 maxPageMemory = qint64(1) << 30;        ///< Of its address space, of which it uses a part.

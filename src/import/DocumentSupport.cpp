@@ -24,6 +24,11 @@ base::Result<QByteArray> readWholeFile(const QString& path, qint64 maxBytes)
     return bytes;
 }
 
+PlainName::PlainName(const QString& path)
+    : m_isValid(m_folder.isValid() && QFile::link(QFileInfo(path).absoluteFilePath(), this->path()))
+{
+}
+
 QImage previewOfDrawing(const QImage& drawing, QSizeF points)
 {
     if (points.isEmpty())

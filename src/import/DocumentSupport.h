@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QSizeF>
 #include <QString>
+#include <QTemporaryDir>
 
 namespace mosaro::importing {
 
@@ -13,6 +14,19 @@ namespace mosaro::importing {
 
 /// The bytes of a file of at most `maxBytes`.
 [[nodiscard]] base::Result<QByteArray> readWholeFile(const QString& path, qint64 maxBytes);
+
+/// Another, temporary name of a file, without an extension and with nothing in it that a program could read
+/// as a pattern, an option or the way to a file beside it.
+class PlainName {
+public:
+    explicit PlainName(const QString& path);
+    [[nodiscard]] bool isValid() const { return m_isValid; }
+    [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("document")); }
+
+private:
+    QTemporaryDir m_folder;
+    bool m_isValid;
+};
 
 /// A drawn document as its preview: filling the box when it is larger in any direction, else fitted or, when
 /// it is tiny, on the small canvas. What counts is its size in points, which is that in pixels unless given.

@@ -3,10 +3,9 @@
 #include "base/Text.h"
 #include "import/Analysis.h"
 #include "import/ChildProcess.h"
+#include "import/DocumentSupport.h"
 
-#include <QFile>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 
 namespace mosaro::importing {
 
@@ -39,13 +38,11 @@ QStringList argumentsFor(const MagickRequest& request, const QString& name)
 
 base::Result<QByteArray> decodeWithMagick(const MagickRequest& request)
 {
-    // A name in which nothing can be read as a pattern or an option.
-    const QTemporaryDir folder;
-    const QString name = folder.filePath(QStringLiteral("document"));
-    if (!folder.isValid() || !QFile::link(request.path, name))
+    const PlainName name(request.path);
+    if (!name.isValid())
         return base::Failure{base::text("Failure.Image.Unreadable")};
     const AnalysisLimits& limits = analysisLimits();
-    return runChild(program(), argumentsFor(request, name),
+    return runChild(program(), argumentsFor(request, name.path()),
                     {limits.maxSeconds, limits.maxMagickMemory, limits.maxMagickOutput});
 }
 
