@@ -28,7 +28,7 @@ constexpr QByteArrayView kPngEnd("\xae\x42\x60\x82", 4);
 class Cursor {
 public:
     Cursor(QIODevice& file, qint64 offset, qint64& budget)
-        : m_file(file), m_budget(budget), m_position(offset)
+        : m_file(file), m_budget(budget), m_position(offset), m_size(file.size())
     {
     }
 
@@ -38,7 +38,7 @@ public:
     QByteArray takeUpTo(qint64 bytes)
     {
         m_budget -= bytes + kReadCost;
-        if (m_budget < 0 || !m_file.seek(m_position))
+        if (m_budget < 0 || m_position >= m_size || !m_file.seek(m_position))
             return {};
         const QByteArray read = m_file.read(bytes);
         m_position += read.size();
@@ -55,6 +55,7 @@ private:
     QIODevice& m_file;
     qint64& m_budget;
     qint64 m_position;
+    qint64 m_size;
 };
 
 template <class Number>

@@ -40,8 +40,10 @@ base::Result<QImage> snapshot(const QByteArray& document, QSize size)
                  {limits.maxSeconds, limits.svgDecoderBytes, pixelBytes}, document);
     if (!pixels)
         return pixels.failure();
-    if (pixels.value().size() != pixelBytes)
+    if (pixels.value().isEmpty())
         return damagedPicture();
+    if (pixels.value().size() != pixelBytes)
+        return base::Failure{base::text("Failure.Child.Output")};
     return QImage(reinterpret_cast<const uchar*>(pixels.value().constData()), size.width(), size.height(),
                   qsizetype(kPixelBytes) * size.width(), QImage::Format_ARGB32_Premultiplied)
         .copy();

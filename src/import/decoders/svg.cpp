@@ -1,6 +1,6 @@
 // Draws the SVG document on standard input, `width` by `height` pixels large, and writes the pixels to
 // standard output: rows of 32-bit words, premultiplied, alpha first. Writes nothing when the document cannot
-// be drawn.
+// be read, and a single byte when it can but asks for too much to be drawn.
 //
 // A program of its own, since drawing cannot be stopped and a small document can ask for years of it. The
 // document has no address, so that nothing in it leads to another file or to the network.
@@ -43,18 +43,20 @@ int numberOf(const char* text)
     return number;
 }
 
-bool draw(const std::vector<char>& document, cairo_surface_t* surface, int width, int height)
+Ptr<RsvgHandle> readDocument(const std::vector<char>& bytes)
 {
     const Ptr<GInputStream> stream(
-        g_memory_input_stream_new_from_data(document.data(), static_cast<gssize>(document.size()), nullptr));
-    const Ptr<RsvgHandle> handle(
+        g_memory_input_stream_new_from_data(bytes.data(), static_cast<gssize>(bytes.size()), nullptr));
+    return Ptr<RsvgHandle>(
         rsvg_handle_new_from_stream_sync(stream.get(), nullptr, RSVG_HANDLE_FLAGS_NONE, nullptr, nullptr));
-    if (!handle)
-        return false;
-    rsvg_handle_set_dpi(handle.get(), kPixelsPerInch);
+}
+
+bool draw(RsvgHandle* document, cairo_surface_t* surface, int width, int height)
+{
+    rsvg_handle_set_dpi(document, kPixelsPerInch);
     const Ptr<cairo_t> context(cairo_create(surface));
     const RsvgRectangle viewport{0, 0, static_cast<double>(width), static_cast<double>(height)};
-    return rsvg_handle_render_document(handle.get(), context.get(), &viewport, nullptr) != FALSE;
+    return rsvg_handle_render_document(document, context.get(), &viewport, nullptr) != FALSE;
 }
 
 bool write(cairo_surface_t* surface, int width, int height)
@@ -78,7 +80,11 @@ int main(int argc, char** argv)
     const Ptr<cairo_surface_t> surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
     if (width < 1 || height < 1 || cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS)
         return 2;
-    if (!draw(readAll(stdin), surface.get(), width, height))
+    const std::vector<char> bytes = readAll(stdin);
+    const Ptr<RsvgHandle> document = readDocument(bytes);
+    if (!document)
         return 0;
+    if (!draw(document.get(), surface.get(), width, height))
+        return std::putchar('!') == '!' ? 0 : 1;
     return write(surface.get(), width, height) ? 0 : 1;
 }
