@@ -603,10 +603,6 @@
     <source></source>
     <translation>The document is protected by a password or encrypted. Save it without protection and import it again.</translation>
   </message>
-  <message id="Failure.Document.NoPages">
-    <source></source>
-    <translation>The document has no pages. Open it in the program that made it, save it again and import it.</translation>
-  </message>
   <message id="Failure.Format.NoRenderer">
     <source></source>
     <translation>“%1” files cannot be shown yet. Save the document as PNG, JPEG or TIFF and import that.</translation>

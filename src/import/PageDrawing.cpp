@@ -25,10 +25,13 @@ QSize coveringPixels(QSizeF points)
     return {covering(points.width()), covering(points.height())};
 }
 
-QSize withinPixelLimit(QSize size)
+QSize withinPixelLimits(QSize size)
 {
+    const AnalysisLimits& limits = analysisLimits();
     const double pixels = double(size.width()) * size.height();
-    const double factor = std::sqrt(double(analysisLimits().maxPagePixels) / pixels);
+    const double edge = std::max(size.width(), size.height());
+    const double factor =
+        std::min(std::sqrt(double(limits.maxPagePixels) / pixels), limits.maxPageEdge / edge);
     return factor >= 1 ? size : coveringPixels(QSizeF(size) * factor);
 }
 
@@ -83,7 +86,7 @@ base::Result<QImage> drawnPicture(const QByteArray& png, QSize expected)
 
 base::Result<PagePictures> drawPage(const PageDrawer& draw, QSizeF points)
 {
-    const QSize bounded = withinPixelLimit(coveringPixels(points));
+    const QSize bounded = withinPixelLimits(coveringPixels(points));
     // Twice: as it is read, and as it is cut or changed.
     const QSemaphoreReleaser memory =
         decodingMemory().take(qint64(bounded.width()) * bounded.height() * kBytesPerPixel * 2);

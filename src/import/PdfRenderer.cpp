@@ -59,8 +59,6 @@ base::Result<PdfInfo> readInfo(const QString& path)
     if (!output)
         return mentionsEncryption(path) ? encryptedDocument() : output.failure();
     const PdfInfo info = parsedPdfInfo(output.value());
-    if (info.metadata.pageCount < 1)
-        return base::Failure{base::text("Failure.Document.NoPages")};
     const base::Result<void> size = checkPageSize(info.pageSize);
     if (!size)
         return size.failure();
