@@ -1,5 +1,5 @@
 # Everything comes from the distribution's packages; see scripts/packages.
-set(qt_components Core Gui DBus Multimedia LinguistTools)
+set(qt_components Core Gui Network DBus Multimedia LinguistTools)
 if(BUILD_TESTING)
     list(APPEND qt_components Test)
 endif()

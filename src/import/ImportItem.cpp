@@ -31,6 +31,15 @@ ImportItem ImportItem::fromVariant(const QVariant& value)
     return value.typeId() == QMetaType::QString ? fromPath(value.toString()) : ImportItem();
 }
 
+QVariantMap ImportItem::toRecord() const
+{
+    QVariantMap record{{MR_IMPORTED_KEY_FILE_PATH, path}, {MR_IMPORTED_KEY_MEDIA_KIND, int(kind)}};
+    if (!url.isEmpty()) {
+        record.insert(MR_IMPORTED_KEY_URL, url);
+    }
+    return record;
+}
+
 std::vector<ImportItem> ImportItem::fromPaths(const QStringList& paths)
 {
     std::vector<ImportItem> items;

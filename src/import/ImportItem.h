@@ -27,6 +27,8 @@ struct ImportItem {
     }
     /// A text, a file URL or a map; other values give an item without a path.
     [[nodiscard]] static ImportItem fromVariant(const QVariant& value);
+    /// The map that fromVariant() reads.
+    [[nodiscard]] QVariantMap toRecord() const;
     [[nodiscard]] static std::vector<ImportItem> fromPaths(const QStringList& paths);
     /// Screen, Web and Other: copied into the library whatever its mode says.
     [[nodiscard]] bool isForcedCopy() const;
