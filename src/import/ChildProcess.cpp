@@ -95,6 +95,7 @@ std::vector<QByteArray> commandLine(const QString& path, const QStringList& argu
 std::vector<char*> pointersTo(std::vector<QByteArray>& texts)
 {
     std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
     for (QByteArray& text : texts)
         pointers.push_back(text.data());
     pointers.push_back(nullptr);

@@ -28,7 +28,8 @@ int depthOf(char stored)
 double resolutionAcross(const QByteArray& data)
 {
     const double below = big<quint16>(data, 6);
-    const int exponent = static_cast<qint8>(data.at(9));
+    const int stored = static_cast<uchar>(data.at(9));
+    const int exponent = stored < 128 ? stored : stored - 256;
     return below > 0 ? big<quint16>(data, 4) / below * std::pow(10.0, exponent) : 0;
 }
 

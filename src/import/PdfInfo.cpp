@@ -43,11 +43,10 @@ QHash<QByteArray, QByteArray> textsOf(const QList<QByteArray>& lines)
 /// Of a line that pdfinfo writes by itself. These come after all of the document's texts.
 QByteArray lastValue(const QList<QByteArray>& lines, const char* label)
 {
-    for (auto line = lines.crbegin(); line != lines.crend(); ++line) {
-        if (line->startsWith(label))
-            return line->mid(qstrlen(label)).simplified();
-    }
-    return {};
+    const auto line = std::find_if(lines.crbegin(), lines.crend(), [label](const QByteArray& candidate) {
+        return candidate.startsWith(label);
+    });
+    return line == lines.crend() ? QByteArray() : line->mid(qstrlen(label)).simplified();
 }
 
 QSizeF boxSize(const QByteArray& value)

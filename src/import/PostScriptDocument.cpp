@@ -11,7 +11,7 @@ namespace mosaro::importing {
 namespace {
 
 constexpr QRectF kSheet(0, 0, 612, 792);
-constexpr qsizetype kCommentBytes = 64 * 1024; // At either end.
+constexpr qsizetype kCommentBytes = qsizetype(64) * 1024; // At either end.
 constexpr double kFarthest = 1e6;              // Of a coordinate.
 constexpr QByteArrayView kBinaryMark("\xc5\xd0\xd3\xc6", 4);
 constexpr qsizetype kBinaryHeaderBytes = 28;

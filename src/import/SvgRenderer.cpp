@@ -26,8 +26,7 @@ QSize snapshotSize(QSizeF declared)
     const double area = std::sqrt(declared.width()) * std::sqrt(declared.height()) /
                         std::sqrt(static_cast<double>(limits.maxDrawnPixels));
     const QSizeF size = declared / std::max({1.0, sides, area});
-    return {std::max(1, static_cast<int>(size.width() + 0.5)),
-            std::max(1, static_cast<int>(size.height() + 0.5))};
+    return {std::max(1, qRound(size.width())), std::max(1, qRound(size.height()))};
 }
 
 base::Result<QImage> snapshot(const QByteArray& document, QSize size)

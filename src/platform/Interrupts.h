@@ -7,8 +7,8 @@ class QSocketNotifier;
 
 namespace mosaro::platform {
 
-/// Turns the first interrupt, termination or hang-up signal of the process into an event of its own; a second one ends
-/// the process in the usual way. At most one object at a time.
+/// Turns the first interrupt, termination or hang-up signal of the process into an event of its own; a second
+/// one ends the process in the usual way. At most one object at a time.
 class Interrupts : public QObject {
     Q_OBJECT
 
