@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QList>
+#include <algorithm>
 #include <array>
 #include <cmath>
 

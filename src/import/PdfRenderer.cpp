@@ -28,7 +28,7 @@ bool mentionsEncryption(const QString& path)
     if (!file.open(QIODevice::ReadOnly))
         return false;
     // Whatever opens the document's tables stands near one of its ends.
-    constexpr qint64 kEnd = 64 * 1024;
+    constexpr qint64 kEnd = qint64(64) * 1024;
     QByteArray ends = file.read(kEnd);
     file.seek(std::max<qint64>(0, file.size() - kEnd));
     ends += file.read(kEnd);
