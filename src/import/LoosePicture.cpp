@@ -42,8 +42,8 @@ std::optional<ImportItem> writePicture(const LoosePicture& picture, const QStrin
     if (bytes.isEmpty()) {
         return std::nullopt;
     }
-    const QString path = base::ZNFileManager::sharedManager().availableFileName(
-        folder + QLatin1Char('/') + picture.name, picture.suffix);
+    const QString path =
+        base::ZNFileManager().availableFileName(folder + QLatin1Char('/') + picture.name, picture.suffix);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
         return std::nullopt;

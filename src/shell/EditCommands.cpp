@@ -6,6 +6,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <algorithm>
 
 namespace mosaro::shell {
 
@@ -61,7 +62,8 @@ bool validateInLine(const QLineEdit& line, Command command)
 
 } // namespace
 
-EditCommands::EditCommands(Grid grid, QObject* parent) : QObject(parent), m_grid(std::move(grid))
+EditCommands::EditCommands(Grid grid, std::vector<Pane> panes, QObject* parent)
+    : QObject(parent), m_grid(std::move(grid)), m_panes(std::move(panes))
 {
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { focusChanged(now); });
 }
@@ -79,11 +81,21 @@ QWidget* EditCommands::field() const
     return !m_focus.isNull() && m_focus->isVisible() && isTextField(*m_focus) ? m_focus.data() : nullptr;
 }
 
+const EditCommands::Pane* EditCommands::pane() const
+{
+    const auto found = std::find_if(m_panes.begin(), m_panes.end(), [this](const Pane& pane) {
+        return !m_focus.isNull() && m_focus->isVisible() &&
+               (pane.widget == m_focus || pane.widget->isAncestorOf(m_focus));
+    });
+    return found == m_panes.end() ? nullptr : &*found;
+}
+
 bool EditCommands::validate(Command command) const
 {
     QWidget* text = field();
     if (text == nullptr) {
-        return command == Command::SelectAll || command == Command::SelectNone;
+        return command == Command::SelectAll || command == Command::SelectNone ||
+               (command == Command::Paste && pane() != nullptr);
     }
     if (const auto* line = qobject_cast<QLineEdit*>(text)) {
         return validateInLine(*line, command);
@@ -99,6 +111,10 @@ void EditCommands::perform(Command command)
         m_grid.selectAll();
     } else if (command == Command::SelectNone) {
         m_grid.selectNone();
+    } else if (const Pane* target = pane(); command == Command::Paste && target != nullptr) {
+        if (const QMimeData* data = QApplication::clipboard()->mimeData()) {
+            target->paste(*data);
+        }
     }
 }
 

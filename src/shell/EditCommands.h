@@ -5,13 +5,15 @@
 #include <QObject>
 #include <QPointer>
 #include <functional>
+#include <vector>
 
+class QMimeData;
 class QWidget;
 
 namespace mosaro::shell {
 
-/// The Edit menu: its commands go to the text field that has the keyboard. Selecting all or nothing goes to
-/// the grid when no field has it.
+/// The Edit menu: its commands go to the text field that has the keyboard. When no field has it, selecting
+/// all or nothing goes to the grid, and pasting to the pane that has it.
 class EditCommands : public QObject {
     Q_OBJECT
 
@@ -20,7 +22,12 @@ public:
         std::function<void()> selectAll;
         std::function<void()> selectNone;
     };
-    explicit EditCommands(Grid grid, QObject* parent = nullptr);
+    /// A part of the window that takes what is pasted.
+    struct Pane {
+        QWidget* widget; ///< Outlives this.
+        std::function<void(const QMimeData& data)> paste;
+    };
+    EditCommands(Grid grid, std::vector<Pane> panes, QObject* parent = nullptr);
 
     [[nodiscard]] bool validate(Command command) const;
     void perform(Command command);
@@ -30,7 +37,11 @@ private:
     /// The text field in charge, or null.
     [[nodiscard]] QWidget* field() const;
 
+    /// The pane that has the keyboard, or null.
+    [[nodiscard]] const Pane* pane() const;
+
     Grid m_grid;
+    std::vector<Pane> m_panes;
     QPointer<QWidget> m_focus; ///< The last to have the keyboard, menus aside.
 };
 

@@ -5,6 +5,7 @@
 #include "base/ZNUserDefaults.h"
 #include "base/ZNUtilities.h"
 #include "browser/ui/MRBrowserView.h"
+#include "import/MediaClassification.h"
 #include "kit/ModeOverlay.h"
 #include "kit/ProgressPanel.h"
 #include "kit/Sheet.h"
@@ -67,12 +68,14 @@ void MRController::showWindow()
                                              .isWindowBusy = [this] { return isBusy(); },
                                              .isCopyImageToLib = [this] { return isCopyImageToLib(); },
                                              .activateApplication = [this] { bringToFront(); }});
-        m_mrBrowerView = new browser::MRBrowserView({.library = m_environment.library,
-                                                     .defaults = m_environment.defaults,
-                                                     .prompts = m_environment.prompts,
-                                                     .isBusy = [this] { return isBusy(); },
-                                                     .selectTabIndex = [this] { return selectTabIndex(); },
-                                                     .bus = m_environment.utilities.bus()});
+        m_mrBrowerView = new browser::MRBrowserView(
+            {.library = m_environment.library,
+             .defaults = m_environment.defaults,
+             .prompts = m_environment.prompts,
+             .isBusy = [this] { return isBusy(); },
+             .selectTabIndex = [this] { return selectTabIndex(); },
+             .bus = m_environment.utilities.bus(),
+             .allowedMedia = [this] { return m_environment.classification.allowedMedia(); }});
         m_splitView->setPanes(m_mrLibraryView, m_mrBrowerView);
         m_menus = std::make_unique<WindowMenus>(m_environment.menus, *this, *m_window, *m_mrLibraryView,
                                                 *m_mrBrowerView);

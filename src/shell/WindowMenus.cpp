@@ -18,7 +18,9 @@ constexpr int kLastSortKey = static_cast<int>(store::SortKey::DateLastOpened);
 WindowMenus::WindowMenus(ZNMenuManager& menus, MRController& controller, MainWindow& window,
                          organisation::MRLibraryView& sidebar, browser::MRBrowserView& browser)
     : m_menus(menus), m_controller(controller), m_window(window), m_sidebar(sidebar), m_browser(browser),
-      m_edit({[&browser] { browser.selectAll(); }, [&browser] { browser.selectNone(); }})
+      m_edit({[&browser] { browser.selectAll(); }, [&browser] { browser.selectNone(); }},
+             {{&sidebar, [&sidebar](const QMimeData& data) { sidebar.paste(data); }},
+              {&browser, [&browser](const QMimeData& data) { browser.paste(data); }}})
 {
     setupMenuItems();
     connect(&browser, &browser::MRBrowserView::sortChanged, this, &WindowMenus::updateSortTicks);

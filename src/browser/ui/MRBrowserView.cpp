@@ -145,6 +145,11 @@ void MRBrowserView::zoomBy(double factor)
     d->zoomAction(d->grid->zoomValue() * factor);
 }
 
+void MRBrowserView::paste(const QMimeData& pasted)
+{
+    d->arrivals.paste(pasted, d->selectedCollections);
+}
+
 void MRBrowserView::selectAll()
 {
     d->grid->selectAll();

@@ -8,6 +8,8 @@
 #include <memory>
 #include <vector>
 
+class QMimeData;
+
 namespace mosaro::base {
 class NotificationBus;
 class Prompts;
@@ -26,6 +28,7 @@ struct BrowserEnvironment {
     std::function<bool()> isBusy;
     std::function<int()> selectTabIndex;
     base::NotificationBus& bus;
+    std::function<QStringList()> allowedMedia = {}; ///< Extensions of files to import; null: none.
 };
 
 /// The grid of items with its head line, count line and zoom, and the places that say what to do when it is
@@ -59,6 +62,8 @@ public:
     void ratingImages(int tag);
     /// Multiplies the zoom, within its bounds.
     void zoomBy(double factor);
+    /// Files or a picture into the selected collection.
+    void paste(const QMimeData& pasted);
     void selectAll();
     void selectNone();
     [[nodiscard]] int currentSortKey() const;

@@ -9,8 +9,6 @@
 #include "store/ZNDBManager.h"
 
 #include <QMenu>
-#include <QMimeData>
-#include <QUrl>
 #include <QVBoxLayout>
 
 namespace mosaro::browser {
@@ -20,23 +18,12 @@ namespace {
 /// Marking the ratings of a larger selection in the menu would read it all.
 constexpr int kMostMarkedItems = 500;
 
-QStringList localPaths(const QMimeData& data)
-{
-    QStringList paths;
-    for (const QUrl& url : data.urls()) {
-        if (url.isLocalFile()) {
-            paths.append(url.toLocalFile());
-        }
-    }
-    return paths;
-}
-
 } // namespace
 
 MRBrowserView::Private::Private(MRBrowserView& owner, BrowserEnvironment surroundings)
     : view(owner), environment(std::move(surroundings)), items(environment.library),
-      memory(environment.library), commands(environment.library), head(new HeadLine(&owner)),
-      grid(new MRMediaBrowserView(items, &owner)), status(new StatusRow(&owner)),
+      memory(environment.library), commands(environment.library), arrivals(environment, owner),
+      head(new HeadLine(&owner)), grid(new MRMediaBrowserView(items, &owner)), status(new StatusRow(&owner)),
       places(new EmptyPlaces(*grid->viewport()))
 {
     auto* column = new QVBoxLayout(&owner);
@@ -56,7 +43,7 @@ MRBrowserView::Private::Private(MRBrowserView& owner, BrowserEnvironment surroun
             [this] { environment.bus.post(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX); });
     grid->setDropFilter(
         [this](const QMimeData& data, const QObject* source) { return acceptsDrop(data, source); });
-    connect(grid, &kit::GridView::dropped, &owner, [this](const QMimeData& data) { importDropped(data); });
+    connect(grid, &kit::GridView::dropped, &owner, [this](const QMimeData& data) { arrivals.drop(data); });
     observeNotifications();
     readCellOptions();
 }
@@ -259,12 +246,7 @@ bool MRBrowserView::Private::acceptsDrop(const QMimeData& data, const QObject* s
 {
     const bool fromHere = source == grid || source == grid->viewport();
     return isOpen() && !environment.isBusy() && !fromHere && view.isUserCollection() &&
-           !localPaths(data).isEmpty();
-}
-
-void MRBrowserView::Private::importDropped(const QMimeData& data)
-{
-    environment.bus.post(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, localPaths(data));
+           GridArrivals::carriesMedia(data);
 }
 
 } // namespace mosaro::browser

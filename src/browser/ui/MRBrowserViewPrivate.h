@@ -2,6 +2,7 @@
 
 #include "browser/BrowserCommands.h"
 #include "browser/ui/EmptyPlaces.h"
+#include "browser/ui/GridArrivals.h"
 #include "browser/ui/HeadLine.h"
 #include "browser/ui/MRBrowserView.h"
 #include "browser/ui/MRMediaBrowserView.h"
@@ -44,7 +45,6 @@ public:
     void showMenu(const QPoint& position);
     [[nodiscard]] QSet<int> selectedRatings();
     [[nodiscard]] bool acceptsDrop(const QMimeData& data, const QObject* source) const;
-    void importDropped(const QMimeData& data);
 
     MRBrowserView& view;
     BrowserEnvironment environment;
@@ -52,6 +52,7 @@ public:
     ItemList items;
     SortMemory memory;
     BrowserCommands commands;
+    GridArrivals arrivals;
     HeadLine* head;
     MRMediaBrowserView* grid;
     StatusRow* status;

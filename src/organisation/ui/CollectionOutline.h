@@ -21,7 +21,7 @@ public:
                       QWidget* parent = nullptr);
     ~CollectionOutline() override;
 
-    /// Whether files may be dropped on a node; null stands for the space outside of all rows.
+    /// Whether files and pictures may be dropped on a node; null stands for the space outside of all rows.
     void setFileDropRule(std::function<bool(const CollectionNode*)> rule)
     {
         m_acceptsFiles = std::move(rule);
@@ -46,7 +46,8 @@ Q_SIGNALS:
     void nodeCollapsed(const mosaro::organisation::CollectionNode* node);
     void renameRequested();
     void menuRequested(const QPoint& globalPosition);
-    void filesDropped(const QStringList& paths, const mosaro::organisation::CollectionNode* node);
+    /// The data are gone after this.
+    void mediaDropped(const QMimeData& data, const mosaro::organisation::CollectionNode* node);
 
 protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -82,8 +83,5 @@ private:
     QPersistentModelIndex m_dropTarget;
     bool m_dropOnEmptyArea = false;
 };
-
-/// Local files that a drag from elsewhere carries; empty for a drag from within the program.
-[[nodiscard]] QStringList draggedFiles(const QDropEvent& event);
 
 } // namespace mosaro::organisation

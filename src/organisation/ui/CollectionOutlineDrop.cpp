@@ -1,27 +1,23 @@
-// Files dropped onto the collection tree.
+// Files and pictures dropped onto the collection tree.
+#include "import/Pasteboard.h"
 #include "organisation/ui/CollectionOutline.h"
 #include "organisation/ui/CollectionTreeModel.h"
 
 #include <QDragEnterEvent>
 #include <QMimeData>
-#include <QUrl>
 
 namespace mosaro::organisation {
 
-QStringList draggedFiles(const QDropEvent& event)
+namespace {
+
+/// From outside of the program, and files or an address.
+bool carriesMedia(const QDropEvent& event)
 {
-    QStringList paths;
-    if (event.source()) {
-        return paths;
-    }
-    const QList<QUrl> urls = event.mimeData()->urls();
-    for (const QUrl& url : urls) {
-        if (url.isLocalFile()) {
-            paths.append(url.toLocalFile());
-        }
-    }
-    return paths;
+    return !event.source() && (!importing::filesOf(*event.mimeData()).isEmpty() ||
+                               importing::addressOf(*event.mimeData()).isValid());
 }
+
+} // namespace
 
 void CollectionOutline::setDropTarget(const QModelIndex& index, bool onEmptyArea)
 {
@@ -34,7 +30,7 @@ void CollectionOutline::considerDrop(QDropEvent& event, const QPoint& position)
 {
     const QModelIndex index = indexAt(position);
     const CollectionNode* node = index.isValid() ? CollectionTreeModel::node(index) : nullptr;
-    if (!draggedFiles(event).isEmpty() && m_acceptsFiles && m_acceptsFiles(node)) {
+    if (carriesMedia(event) && m_acceptsFiles && m_acceptsFiles(node)) {
         setDropTarget(index, !index.isValid());
         event.setDropAction(Qt::CopyAction);
         event.accept();
@@ -47,7 +43,7 @@ void CollectionOutline::considerDrop(QDropEvent& event, const QPoint& position)
 void CollectionOutline::dragEnterEvent(QDragEnterEvent* event)
 {
     // Accepted as a whole; the move events answer for each place.
-    event->setAccepted(!draggedFiles(*event).isEmpty());
+    event->setAccepted(carriesMedia(*event));
 }
 
 void CollectionOutline::dragMoveEvent(QDragMoveEvent* event)
@@ -69,7 +65,7 @@ void CollectionOutline::dropEvent(QDropEvent* event)
     const CollectionNode* node = m_dropTarget.isValid() ? CollectionTreeModel::node(m_dropTarget) : nullptr;
     setDropTarget({}, false);
     if (accepted) {
-        Q_EMIT filesDropped(draggedFiles(*event), node);
+        Q_EMIT mediaDropped(*event->mimeData(), node);
     }
 }
 

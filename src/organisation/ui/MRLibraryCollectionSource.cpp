@@ -41,8 +41,8 @@ MRLibraryCollectionSource::MRLibraryCollectionSource(const SidebarEnvironment& e
       m_outline(new CollectionOutline(
           m_model, [this](const CollectionNode& node) { return badge(node); }, &sidebar)),
       m_navigator(*m_outline, m_tree, m_memory, [this] { selectNothing(); }),
-      m_session(sessionEnvironment(environment)),
-      m_ways(*this, environment.prompts, environment.classification),
+      m_session(sessionEnvironment(environment)), m_ways(*this, m_environment),
+      m_pasteboard(*this, m_ways, m_environment, sidebar),
       m_menu(new CollectionMenu([this](SidebarCommand command) { return validate(command); },
                                 [this] { return renamableTitle(); }, &sidebar))
 {
@@ -70,9 +70,8 @@ void MRLibraryCollectionSource::connectTree()
     connect(m_outline, &CollectionOutline::renameRequested, this, &MRLibraryCollectionSource::editCollection);
     connect(m_outline, &CollectionOutline::menuRequested, m_menu,
             [this](const QPoint& position) { m_menu->popup(position); });
-    connect(
-        m_outline, &CollectionOutline::filesDropped, this,
-        [this](const QStringList& paths, const CollectionNode* node) { m_ways.importDropped(paths, node); });
+    connect(m_outline, &CollectionOutline::mediaDropped, this,
+            [this](const QMimeData& data, const CollectionNode* node) { m_pasteboard.accept(data, node); });
     connect(&m_model, &CollectionTreeModel::titleEdited, this, &MRLibraryCollectionSource::rename);
     connect(m_menu, &CollectionMenu::willOpen, this, [this] { m_outline->setFocus(); });
     connect(m_menu, &CollectionMenu::chosen, this, &MRLibraryCollectionSource::run);
@@ -93,6 +92,12 @@ void MRLibraryCollectionSource::observeBus()
                 [this](const QVariant&) { requestStopMediaImport(); });
     bus.observe(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, this,
                 [this](const QVariant& paths) { m_ways.requestDraggedFileToImport(paths); });
+    bus.observe(base::MOSARO_NOTI_REQUEST_IMORT_URL_IMAGE, this,
+                [this](const QVariant& records) { m_ways.requestURLImageToImport(records); });
+    bus.observe(base::MOSARO_NOTI_CAPTURED_MEDIA_ITEM, this,
+                [this](const QVariant& record) { m_ways.didCapturedMedia(record); });
+    bus.observe(base::MOSARO_NOTI_COLLECTION_SOURCE_CREATED, this,
+                [this](const QVariant& record) { m_ways.collectionSourceCreated(record); });
     bus.observe(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX, this, [this](const QVariant&) { importMedia(); });
     bus.observe(base::MOSARO_NOTI_RELOAD_CURRENT_SELECTION, this, [this](const QVariant&) {
         if (!selectedNodes().empty()) {
@@ -172,6 +177,16 @@ NodeList MRLibraryCollectionSource::selectedCollectionPath() const
 void MRLibraryCollectionSource::findCollectionItem(const QString& id)
 {
     m_navigator.findCollectionItem(id);
+}
+
+bool MRLibraryCollectionSource::showCollectionAlone(const QString& id)
+{
+    const CollectionNode* wanted = node(id);
+    if (!wanted || !wanted->isUserNode()) {
+        return false;
+    }
+    m_navigator.findCollectionItemAlone(id);
+    return true;
 }
 
 void MRLibraryCollectionSource::updateLibrary()

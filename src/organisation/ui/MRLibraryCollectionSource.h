@@ -9,6 +9,7 @@
 #include "organisation/ui/ImportWays.h"
 #include "organisation/ui/MRLibraryView.h"
 #include "organisation/ui/OutlineNavigator.h"
+#include "organisation/ui/PasteboardWays.h"
 #include "organisation/ui/SidebarSource.h"
 
 namespace mosaro::organisation {
@@ -41,6 +42,9 @@ public:
     /// Exactly one node selected: the way down to it without its group. Otherwise empty.
     [[nodiscard]] NodeList selectedCollectionPath() const;
     void findCollectionItem(const QString& id);
+    /// Reveals and selects a collection or folder with all else closed. False when there is none.
+    bool showCollectionAlone(const QString& id);
+    [[nodiscard]] const CollectionNode* node(const QString& id) const { return m_tree.node(id); }
     void updateLibrary();
     /// An import runs.
     [[nodiscard]] bool isBusy() const { return m_session.isImporting(); }
@@ -52,6 +56,7 @@ public:
     /// Opens the title of the first selected node for editing.
     void editCollection();
     void importMedia();
+    void pasteItemsToOutlineView(const QMimeData& data) { m_pasteboard.pasteItemsToOutlineView(data); }
     void requestStopMediaImport() { m_session.requestStop(); }
     /// The only door into the library.
     bool addMediaItem(std::vector<importing::ImportItem> items, const CollectionNode& withItem,
@@ -89,6 +94,7 @@ private:
     OutlineNavigator m_navigator;
     ImportSession m_session;
     ImportWays m_ways;
+    PasteboardWays m_pasteboard;
     CollectionMenu* m_menu; ///< Child of the sidebar.
     store::MediaSet m_selectedMedia;
 };

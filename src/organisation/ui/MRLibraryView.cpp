@@ -125,6 +125,11 @@ void MRLibraryView::importMedia()
     d->collections.importMedia();
 }
 
+void MRLibraryView::paste(const QMimeData& pasted)
+{
+    d->collections.pasteItemsToOutlineView(pasted);
+}
+
 void MRLibraryView::requestStopMediaImport()
 {
     d->collections.requestStopMediaImport();

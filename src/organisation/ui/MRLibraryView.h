@@ -8,6 +8,8 @@
 #include <memory>
 #include <vector>
 
+class QMimeData;
+
 namespace mosaro::base {
 class Prompts;
 class ZNUserDefaults;
@@ -70,6 +72,8 @@ public:
     // Commands; the menus call these with the tags of the menu vocabulary.
     void addCollectionItem(int tag);
     void importMedia();
+    /// Files or a picture into the selected collection or folder, or a new collection.
+    void paste(const QMimeData& pasted);
     void requestStopMediaImport();
     /// Whether a command is possible now: tags 0, 2 (new …) and 2000 (import).
     [[nodiscard]] bool validateCommand(int tag) const;

@@ -52,7 +52,7 @@ void OutlineNavigator::findCollectionNode(const QString& id, const QString& with
     }
 }
 
-void OutlineNavigator::findCollectionItem(const QString& id)
+void OutlineNavigator::reveal(const QString& id, const QStringList& keptOpen)
 {
     const CollectionNode* wanted = m_tree.node(id);
     if (!wanted || wanted->isGroup) {
@@ -62,7 +62,7 @@ void OutlineNavigator::findCollectionItem(const QString& id)
         const QSignalBlocker unheard(m_outline);
         m_outline.selectNodes({});
     }
-    const QStringList open = generatePathItem(*wanted) + m_memory.expanded();
+    const QStringList open = generatePathItem(*wanted) + keptOpen;
     for (const CollectionNode* node : allNodes(m_tree.library())) {
         if (node->hasNodes && node != wanted) {
             m_outline.setNodeExpanded(*node, open.contains(node->id));

@@ -22,13 +22,16 @@ public:
     void findCollectionNode(const QString& id, const QString& withParentID);
     /// Reveals and selects the node; leaves open only what was open before and what leads there. An unknown
     /// ID changes nothing.
-    void findCollectionItem(const QString& id);
+    void findCollectionItem(const QString& id) { reveal(id, m_memory.expanded()); }
+    /// The same with all else closed.
+    void findCollectionItemAlone(const QString& id) { reveal(id, {}); }
     /// Runs the selection again.
     void updateSelection();
     /// Shows and selects All.
     void selectAllItems();
 
 private:
+    void reveal(const QString& id, const QStringList& keptOpen);
     void applyExpansion(const NodeList& expanded);
 
     CollectionOutline& m_outline;

@@ -1,0 +1,173 @@
+#include "base/NotificationBus.h"
+#include "base/Notifications.h"
+#include "base/Text.h"
+#include "browser/ui/MRBrowserView.h"
+#include "browser/ui/MRMediaBrowserView.h"
+#include "import/ImportItem.h"
+#include "kit/Look.h"
+#include "kit/Sheet.h"
+#include "support/TemporaryLibrary.h"
+
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+using namespace mosaro;
+using namespace mosaro::browser;
+using Shape = store::SelectionElement::Shape;
+
+namespace {
+
+/// The browser alone, and what it says on the bus, as "name: value".
+struct Bench {
+    test::TemporaryLibrary library;
+    base::NotificationBus bus;
+    bool busy = false;
+    int tab = 0;
+    std::shared_ptr<store::Collections> collection = library.addCollection(u"Shop"_s);
+    QList<std::pair<QString, QVariant>> said;
+    std::unique_ptr<MRBrowserView> view = std::make_unique<MRBrowserView>(
+        BrowserEnvironment{library.manager(), library.defaults(), library.prompts(), [this] { return busy; },
+                           [this] { return tab; }, bus, [] { return QStringList{u"png"_s}; }});
+
+    Bench()
+    {
+        for (const QLatin1String name :
+             {base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, base::MOSARO_NOTI_REQUEST_IMORT_URL_IMAGE,
+              base::MOSARO_NOTI_CAPTURED_MEDIA_ITEM}) {
+            bus.observe(name, view.get(), [this, name](const QVariant& value) {
+                said.append({name, value});
+            });
+        }
+        view->resize(900, 600);
+        view->show();
+        select({node(Shape::CollectionNode)});
+    }
+    store::SelectionElement node(Shape shape, int type = store::kTypeCollection) const
+    {
+        return {shape, collection->collectionID(), type, collection->title(), collection->rowId()};
+    }
+    void select(const std::vector<store::SelectionElement>& selected) const
+    {
+        view->setSelectedCollections(selected);
+        view->setMedia({});
+        view->sort();
+    }
+    bool drop(const QMimeData& data) const
+    {
+        QWidget* viewport = view->findChild<MRMediaBrowserView*>()->viewport();
+        const QPoint position(100, 100);
+        QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(viewport, &enter);
+        if (enter.isAccepted()) {
+            QDropEvent dropped(position, Qt::CopyAction, &data, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(viewport, &dropped);
+        }
+        return enter.isAccepted();
+    }
+};
+
+} // namespace
+
+class TestGridArrivals : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        base::installTexts();
+        kit::installLook(*qApp);
+    }
+
+    void droppedPictureOfAWebPage()
+    {
+        Bench bench;
+        const QString address = u"data:image/gif;base64,R0lGODlh"_s;
+        QMimeData data;
+        data.setUrls({QUrl(address)});
+        QVERIFY(bench.drop(data));
+        QVERIFY(kit::Sheet::isAttachedTo(*bench.view));
+        QTRY_COMPARE(bench.said.size(), 1);
+        QVERIFY(!kit::Sheet::isAttachedTo(*bench.view));
+        QCOMPARE(bench.said.first().first, base::MOSARO_NOTI_REQUEST_IMORT_URL_IMAGE);
+        const QVariantList records = bench.said.first().second.toList();
+        QCOMPARE(records.size(), 1);
+        const auto item = importing::ImportItem::fromVariant(records.first());
+        QCOMPARE(QFileInfo(item.path).absolutePath(), bench.library.manager().downloadDirectory());
+        QVERIFY(QFile::exists(item.path));
+        QCOMPARE(item.url, address);
+        QCOMPARE(item.kind, importing::MediaKind::Web);
+    }
+
+    void whatIsNoPictureEndsWithoutAWord()
+    {
+        Bench bench;
+        QMimeData data;
+        data.setUrls({QUrl(u"http://host/page"_s)});
+        QVERIFY(bench.drop(data));
+        QTRY_VERIFY(!kit::Sheet::isAttachedTo(*bench.view));
+        QVERIFY(bench.said.isEmpty());
+        QCOMPARE(bench.library.prompts().beeps, 0);
+
+        data.setUrls({QUrl(u"relative"_s)});
+        QVERIFY(!bench.drop(data));
+        data.setUrls({QUrl(u"http://host/page"_s)});
+        bench.select({bench.node(Shape::CollectionNode, store::kTypeSmartCollection)});
+        QVERIFY(!bench.drop(data));
+        bench.select({bench.node(Shape::CollectionNode)});
+        bench.busy = true;
+        QVERIFY(!bench.drop(data));
+    }
+
+    void pasteNeedsACollection()
+    {
+        Bench bench;
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(u"/a.png"_s)});
+        const auto own = bench.node(Shape::CollectionNode);
+        const auto system = bench.node(Shape::SystemNode, 1);
+        struct Case {
+            std::vector<store::SelectionElement> selected;
+            bool busy;
+            int tab;
+            bool pastes;
+        };
+        const Case cases[] = {
+            {{own}, false, 0, true},     {{own, system}, false, 0, true}, {{system, system}, false, 0, true},
+            {{system}, false, 0, false}, {{}, false, 0, false},           {{own}, true, 0, false},
+            {{own}, false, 1, false}};
+        for (const Case& row : cases) {
+            bench.select(row.selected);
+            bench.busy = row.busy;
+            bench.tab = row.tab;
+            bench.said.clear();
+            bench.library.prompts().beeps = 0;
+            bench.view->paste(data);
+            QCOMPARE(bench.said.size(), row.pastes ? 1 : 0);
+            QCOMPARE(bench.library.prompts().beeps, row.pastes ? 0 : 1);
+            QVERIFY(!row.pastes || bench.said.first().second.toStringList() == QStringList{u"/a.png"_s});
+        }
+    }
+
+    void pastedPicture()
+    {
+        Bench bench;
+        QImage image(3, 2, QImage::Format_ARGB32);
+        image.fill(QColor(0, 255, 0, 128));
+        QMimeData data;
+        data.setImageData(image);
+        bench.view->paste(data);
+        QTRY_COMPARE(bench.said.size(), 1);
+        QCOMPARE(bench.said.first().first, base::MOSARO_NOTI_CAPTURED_MEDIA_ITEM);
+        const auto item = importing::ImportItem::fromVariant(bench.said.first().second);
+        QCOMPARE(item.kind, importing::MediaKind::Other);
+        QVERIFY(QFileInfo(item.path).fileName().startsWith(u"Clipboard "_s));
+        QCOMPARE(QImage(item.path).pixelColor(1, 1), QColor(0, 255, 0, 128));
+        bench.view->paste(QMimeData());
+        QCOMPARE(bench.library.prompts().beeps, 1);
+    }
+};
+
+QTEST_MAIN(TestGridArrivals)
+#include "tst_gridarrivals_ui.moc"

@@ -1,0 +1,328 @@
+#include "base/Notifications.h"
+#include "base/Text.h"
+#include "base/ZNUtilities.h"
+#include "import/ImportItem.h"
+#include "kit/Look.h"
+#include "kit/Sheet.h"
+#include "organisation/ui/CollectionOutline.h"
+#include "organisation/ui/MRLibraryView.h"
+#include "support/FakeDesktop.h"
+#include "support/TemporaryLibrary.h"
+#include "support/WebServer.h"
+
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+using namespace mosaro;
+using organisation::CollectionOutline;
+using organisation::MRLibraryView;
+
+namespace {
+
+/// A picture of the kind that the item said.
+importing::AnalysisResult analyse(const importing::AnalysisRequest& request)
+{
+    importing::AnalysisResult result = test::pictureUnlessBad(request);
+    if (request.kind != importing::MediaKind::Unset) {
+        result.kind = request.kind;
+    }
+    return result;
+}
+
+/// The sidebar over a folder "Box" with a collection and a smart collection in it, and one of each beside it.
+struct World : test::FakeDesktop {
+    test::TemporaryLibrary library;
+    base::ZNUtilities utilities;
+    std::shared_ptr<store::Collections> box = library.addCollection(u"Box"_s, store::kTypeFolder);
+    std::shared_ptr<store::Collections> inner = add(u"Inner"_s, store::kTypeCollection, true);
+    std::shared_ptr<store::Collections> innerSmart = add(u"Inner smart"_s, store::kTypeSmartCollection, true);
+    std::shared_ptr<store::Collections> shop = add(u"Shop"_s, store::kTypeCollection);
+    std::shared_ptr<store::Collections> smart = add(u"Smart"_s, store::kTypeSmartCollection);
+    std::unique_ptr<MRLibraryView> view;
+
+    World()
+    {
+        library.defaults().initialize();
+        for (const QString& id : {u"0"_s, u"16"_s, box->collectionID()}) {
+            library.state().addExpandedCollection(id);
+        }
+        view = std::make_unique<MRLibraryView>(organisation::SidebarEnvironment{
+            library.manager(), library.defaults(), library.prompts(), platform, utilities, classification,
+            [this] { return kit::Sheet::isAttachedTo(*view); }, [] { return true; }, [] {}, analyse});
+        view->resize(231, 700);
+        view->readLibrary();
+        view->show();
+    }
+
+    std::shared_ptr<store::Collections> add(const QString& title, qint64 type, bool inBox = false)
+    {
+        return library.addCollection(title, type, inBox ? box->collectionID() : QString());
+    }
+    CollectionOutline& outline() const { return *view->findChild<CollectionOutline*>(); }
+    QModelIndex row(const QString& title) const
+    {
+        QModelIndex index = outline().model()->index(0, 0);
+        while (index.isValid() && index.data().toString() != title) {
+            index = outline().indexBelow(index);
+        }
+        return index;
+    }
+    /// Selects the rows "A|B"; none for an empty text.
+    void select(const QString& titles) const
+    {
+        outline().selectionModel()->clearSelection();
+        for (const QString& title : titles.split(u'|', Qt::SkipEmptyParts)) {
+            outline().selectionModel()->select(row(title), QItemSelectionModel::Select);
+        }
+    }
+    QString selected() const
+    {
+        QStringList titles;
+        for (const auto& element : view->selectedCollections()) {
+            titles.append(element.title);
+        }
+        return titles.join(u'|');
+    }
+    QString file(const QString& name)
+    {
+        const QString path = library.folder() + u'/' + name;
+        QFile made(path);
+        return made.open(QIODevice::WriteOnly) && made.write("picture") > 0 ? path : QString();
+    }
+    QString received(const QString& name)
+    {
+        const QString path = library.manager().downloadDirectory() + u'/' + name;
+        return QFile::copy(file(name), path) ? path : QString();
+    }
+    void post(QLatin1String name, const QVariant& value) { utilities.postNotification(name, value); }
+
+    /// What was imported since the last call, as "title in Collection in Folder, kind, address"; "" when no
+    /// import was started.
+    QString imported()
+    {
+        if (!QTest::qWaitFor([this] { return !view->isBusy(); }, 20000)) {
+            return u"it never ended"_s;
+        }
+        QStringList all;
+        const auto fetched = library.context().fetch<store::Media>({});
+        for (const auto& media : fetched.value()) {
+            if (!m_known.contains(media->rowId())) {
+                m_known.insert(media->rowId());
+                const auto owner = media->collections();
+                const bool isInBox = owner->collectionPID() == box->collectionID();
+                all.append(media->mediaTitle() + u" in "_s + owner->title() +
+                           (isInBox ? u" in Box"_s : QString()) + u", %1"_s.arg(media->mediaKind()) +
+                           (media->mediaWeburl().isEmpty() ? QString() : u", "_s + media->mediaWeburl()));
+            }
+        }
+        return all.join(u"; "_s);
+    }
+    QStringList downloads() { return QDir(library.manager().downloadDirectory()).entryList(QDir::Files); }
+
+    /// Drops at the row with a title, below all rows for an empty one; whether the place accepted it.
+    bool drop(const QMimeData& data, const QString& title) const
+    {
+        const QPoint position = title.isEmpty() ? QPoint(100, outline().viewport()->height() - 4)
+                                                : outline().visualRect(row(title)).center();
+        QWidget* viewport = outline().viewport();
+        QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(viewport, &enter);
+        QDragMoveEvent move(position, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(viewport, &move);
+        if (move.isAccepted()) {
+            QDropEvent dropped(position, Qt::CopyAction, &data, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(viewport, &dropped);
+        }
+        return move.isAccepted();
+    }
+    static QMimeData* urls(const QList<QUrl>& list)
+    {
+        auto* data = new QMimeData;
+        data->setUrls(list);
+        return data;
+    }
+
+private:
+    QSet<store::RowId> m_known;
+};
+
+QVariantMap capture(const QString& path)
+{
+    return importing::ImportItem{path, u"http://host/a"_s, importing::MediaKind::Screen, true}.toRecord();
+}
+
+} // namespace
+
+class TestImportWays : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        base::installTexts();
+        kit::installLook(*qApp);
+    }
+
+    void captureChoosesItsTarget()
+    {
+        const std::pair<QString, QString> cases[] = {
+            {u"Shop"_s, u"Shop"_s},
+            {u"Inner"_s, u"Inner in Box"_s},
+            {u"Box"_s, u"Untitled Collection in Box"_s},
+            {u"Inner smart"_s, u"Untitled Collection in Box"_s},
+            {u"Smart"_s, u"Untitled Collection"_s},
+            {u"All"_s, u"Untitled Collection"_s},
+            {QString(), u"Untitled Collection"_s},
+            {u"Shop|Smart"_s, u"Untitled Collection"_s},
+        };
+        for (const auto& [selected, target] : cases) {
+            World world;
+            bool askedForMode = false;
+            world.utilities.bus().observe(base::MOSARO_NOTI_REQUEST_IMPORT_MODE, world.view.get(),
+                                          [&](const QVariant&) { askedForMode = true; });
+            world.select(selected);
+            QCOMPARE(world.selected(), selected);
+            world.post(base::MOSARO_NOTI_CAPTURED_MEDIA_ITEM, capture(world.received(u"snap.png"_s)));
+            QCOMPARE(selected + world.imported(), selected + u"snap in %1, 4, http://host/a"_s.arg(target));
+            QVERIFY(askedForMode);
+            QCOMPARE(world.downloads(), QStringList());
+        }
+    }
+
+    void namedCollectionIsShownAndImportedInto()
+    {
+        World world;
+        const auto request = [&](const QString& id, const QString& name, const QString& file) {
+            world.post(
+                base::MOSARO_NOTI_COLLECTION_SOURCE_CREATED,
+                QVariantMap{{base::MOSARO_NOTI_KEY_COLLECTION_ITEM, QVariantMap{{u"ID"_s, id}}},
+                            {base::MOSARO_NOTI_KEY_COLLECTION_NAME, name},
+                            {base::MOSARO_NOTI_KEY_COLLECTION_IMPORT_ITEMS, QVariantList{world.file(file)}}});
+            return world.imported();
+        };
+        QStringList changed;
+        world.utilities.bus().observe(base::MOSARO_NOTI_COLLECTION_SOURCE_CHANGED, world.view.get(),
+                                      [&](const QVariant& id) { changed.append(id.toString()); });
+        world.outline().collapse(world.row(u"Box"_s));
+        QCOMPARE(request(world.inner->collectionID(), {}, u"a.png"_s), u"a in Inner in Box, 15"_s);
+        QCOMPARE(world.selected(), u"Inner"_s);
+        QVERIFY(!kit::Sheet::isAttachedTo(*world.view));
+        QCOMPARE(request(world.shop->collectionID(), u"Unused"_s, u"b.png"_s), u"b in Shop, 15"_s);
+        QVERIFY(!world.outline().isExpanded(world.row(u"Box"_s)));
+        QCOMPARE(request(world.box->collectionID(), u"Fresh"_s, u"c.png"_s), u"c in Fresh in Box, 15"_s);
+        QVERIFY(!changed.last().isEmpty());
+        for (const QString& id :
+             {world.box->collectionID(), world.smart->collectionID(), u"1"_s, u"none"_s}) {
+            QCOMPARE(request(id, {}, u"d.png"_s), QString());
+        }
+    }
+
+    void pictureOfAWebPage()
+    {
+        const std::tuple<QString, bool, QString> cases[] = {
+            {u"Shop"_s, true, u"Shop"_s},
+            {u"Box"_s, true, u"Untitled Collection in Box"_s},
+            {QString(), true, u"Untitled Collection"_s},
+            {u"Smart"_s, false, QString()},
+            {u"All"_s, false, QString()},
+        };
+        const QString address = u"data:image/png;base64,iVBORw0KGgo="_s;
+        for (const auto& [title, accepted, target] : cases) {
+            World world;
+            world.select(u"Inner"_s);
+            const std::unique_ptr<QMimeData> data(World::urls({QUrl(address)}));
+            QCOMPARE(world.drop(*data, title), accepted);
+            QCOMPARE(kit::Sheet::isAttachedTo(*world.view), accepted);
+            QTRY_VERIFY(!kit::Sheet::isAttachedTo(*world.view));
+            const QString imported = world.imported();
+            QCOMPARE(title + imported.mid(imported.indexOf(u" in "_s)),
+                     title + (accepted ? u" in %1, 7, %2"_s.arg(target, address) : QString()));
+            QCOMPARE(world.downloads(), QStringList());
+        }
+    }
+
+    /// The download waits for a server that never answers.
+    void downloadCanBeStopped()
+    {
+        test::WebServer server;
+        World world;
+        const std::unique_ptr<QMimeData> data(World::urls({server.url(u"/a.png"_s)}));
+        QVERIFY(world.drop(*data, u"Shop"_s));
+        auto* stop = world.view->findChild<QPushButton*>(u"stopDownload"_s);
+        QVERIFY(stop && stop->isVisible() && !stop->toolTip().isEmpty());
+        QVERIFY(!world.drop(*data, u"Box"_s)); // Busy.
+        QTRY_COMPARE(server.asked, 1);
+        stop->click();
+        QTRY_VERIFY(!kit::Sheet::isAttachedTo(*world.view));
+        QCOMPARE(world.imported(), QString());
+        QVERIFY(world.drop(*data, u"Shop"_s));
+        world.view.reset(); // As when the library closes.
+        QCOMPARE(world.downloads(), QStringList());
+    }
+
+    void pastedFiles()
+    {
+        const std::tuple<QString, QString, int> cases[] = {
+            {u"Shop"_s, u"Shop"_s, 0},
+            {u"Box"_s, u"Untitled Collection in Box"_s, 0},
+            {QString(), u"Untitled Collection"_s, 0},
+            {u"Shop|Smart"_s, u"Untitled Collection"_s, 0},
+            {u"Smart"_s, QString(), 1},
+            {u"All"_s, QString(), 1},
+        };
+        for (const auto& [selected, target, beeps] : cases) {
+            World world;
+            world.select(selected);
+            const std::unique_ptr<QMimeData> data(World::urls({QUrl::fromLocalFile(world.file(u"a.png"_s))}));
+            world.view->paste(*data);
+            QCOMPARE(selected + world.imported(),
+                     selected + (target.isEmpty() ? QString() : u"a in %1, 15"_s.arg(target)));
+            QCOMPARE(world.library.prompts().beeps, beeps);
+        }
+    }
+
+    void pastedPicture()
+    {
+        World world;
+        world.select(u"Box"_s);
+        QImage image(3, 2, QImage::Format_ARGB32);
+        image.fill(Qt::green);
+        QMimeData data;
+        data.setImageData(image);
+        world.view->paste(data);
+        QString imported;
+        QVERIFY(QTest::qWaitFor([&] { return !(imported = world.imported()).isEmpty(); }));
+        QVERIFY2(imported.startsWith(u"Clipboard "_s) &&
+                     imported.endsWith(u" in Untitled Collection in Box, 15"_s),
+                 qPrintable(imported));
+        QCOMPARE(world.library.prompts().beeps, 0);
+        world.view->paste(QMimeData());
+        QCOMPARE(world.library.prompts().beeps, 1);
+    }
+
+    /// A received picture without a target is taken away again, another file never.
+    void receivedWithoutATarget()
+    {
+        World world;
+        world.select(u"Smart"_s);
+        const QString own = world.file(u"own.png"_s);
+        const QString downloaded = world.received(u"downloaded.png"_s);
+        for (const QString& path : {own, downloaded}) {
+            world.post(base::MOSARO_NOTI_REQUEST_IMORT_URL_IMAGE, QVariantList{capture(path)});
+        }
+        QCOMPARE(world.imported(), QString());
+        QVERIFY(QFile::exists(own));
+        QCOMPARE(world.downloads(), QStringList());
+        world.select(u"Shop"_s);
+        world.post(base::MOSARO_NOTI_REQUEST_IMORT_URL_IMAGE,
+                   QVariantList{capture(world.received(u"next.png"_s))});
+        QCOMPARE(world.imported(), u"next in Shop, 4, http://host/a"_s);
+    }
+};
+
+QTEST_MAIN(TestImportWays)
+#include "tst_importways_ui.moc"
