@@ -19,6 +19,8 @@ bool hasBitmapRenderer(DocumentType type)
     switch (type) {
     case DocumentType::Jpeg:
     case DocumentType::Jpeg2000:
+    case DocumentType::Pict:
+    case DocumentType::QuickTimeImage:
     case DocumentType::Png:
     case DocumentType::Gif:
     case DocumentType::Tiff:

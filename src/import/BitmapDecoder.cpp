@@ -2,6 +2,8 @@
 
 #include "base/Text.h"
 #include "import/ImageMetadata.h"
+#include "import/MagickDecoder.h"
+#include "import/QuickTimeImage.h"
 #include "import/TgaReader.h"
 
 #include <QFile>
@@ -45,8 +47,7 @@ VipsPtr openWithVips(const QString& path, BitmapFormat format, int shrink)
             // Its pieces are decoded as they are asked for, in any order.
             return vips_jp2kload(file, out, "page", halvings(shrink), "fail_on", VIPS_FAIL_ON_TRUNCATED,
                                  nullptr);
-        case BitmapFormat::Bmp:
-        case BitmapFormat::Tga:
+        default:
             break;
         }
         return -1;
@@ -68,10 +69,20 @@ DocumentType documentTypeOf(BitmapFormat format)
         return DocumentType::Tga;
     case BitmapFormat::Jpeg2000:
         return DocumentType::Jpeg2000;
+    case BitmapFormat::Pict:
+        return DocumentType::Pict;
+    case BitmapFormat::QuickTimeImage:
+        return DocumentType::QuickTimeImage;
     case BitmapFormat::Png:
         break;
     }
     return DocumentType::Png;
+}
+
+bool isDecodedAtOnce(BitmapFormat format)
+{
+    return format == BitmapFormat::Bmp || format == BitmapFormat::Tga || format == BitmapFormat::Pict ||
+           format == BitmapFormat::QuickTimeImage;
 }
 
 bool withinLimits(QSize size, bool streamed)
@@ -115,10 +126,38 @@ qint64 decoderBytesOf(const OpenedBitmap& bitmap)
     }
 }
 
-base::Result<void> readPixelsByQt(QFile& file, OpenedBitmap& bitmap)
+std::optional<BitmapHeader> readHeader(QIODevice& file, BitmapFormat format)
 {
-    const std::optional<BitmapHeader> header =
-        bitmap.format == BitmapFormat::Tga ? readTgaHeader(file) : readBmpHeader(file);
+    switch (format) {
+    case BitmapFormat::Tga:
+        return readTgaHeader(file);
+    case BitmapFormat::Pict:
+        return readPictHeader(file);
+    case BitmapFormat::QuickTimeImage:
+        return readQuickTimeImageHeader(file);
+    default:
+        return readBmpHeader(file);
+    }
+}
+
+base::Result<QImage> readPixels(QFile& file, BitmapFormat format)
+{
+    switch (format) {
+    case BitmapFormat::Tga:
+        return readTga(file);
+    case BitmapFormat::Pict:
+        return readByMagick({file.fileName(), "pict", {}, true});
+    case BitmapFormat::QuickTimeImage:
+        return readQuickTimeImage(file);
+    default:
+        return QImageReader(&file, "bmp").read();
+    }
+}
+
+/// For the formats that are decoded at once.
+base::Result<void> readWholePicture(QFile& file, OpenedBitmap& bitmap)
+{
+    const std::optional<BitmapHeader> header = readHeader(file, bitmap.format);
     if (!header)
         return damagedPicture();
     if (!withinLimits(header->size, false))
@@ -128,12 +167,10 @@ base::Result<void> readPixelsByQt(QFile& file, OpenedBitmap& bitmap)
 
     bitmap.memory = decodingMemory().take(qint64(header->size.width()) * header->size.height() *
                                           kBytesOfPixelDecodedAtOnce);
-    if (bitmap.format == BitmapFormat::Tga) {
-        bitmap.decoded = readTga(file);
-    } else {
-        QImageReader reader(&file, "bmp");
-        bitmap.decoded = reader.read();
-    }
+    base::Result<QImage> pixels = readPixels(file, bitmap.format);
+    if (!pixels)
+        return pixels.failure();
+    bitmap.decoded = std::move(pixels).value();
     if (bitmap.decoded.size() != header->size)
         return damagedPicture();
     bitmap.metadata = metadataOfHeader(*header);
@@ -212,8 +249,8 @@ base::Result<OpenedBitmap> openBitmap(const QString& path, DocumentType named)
     OpenedBitmap bitmap;
     bitmap.path = path;
     bitmap.format = *format;
-    const bool whole = *format == BitmapFormat::Bmp || *format == BitmapFormat::Tga;
-    const base::Result<void> done = whole ? readPixelsByQt(file, bitmap) : openLazily(file, bitmap);
+    const bool whole = isDecodedAtOnce(*format);
+    const base::Result<void> done = whole ? readWholePicture(file, bitmap) : openLazily(file, bitmap);
     if (!done)
         return done.failure();
     return bitmap;

@@ -77,10 +77,15 @@ std::optional<BitmapFormat> bitmapFormatOf(const QByteArray& head, DocumentType 
         return BitmapFormat::Tiff;
     if (head.startsWith(QByteArray("\0\0\0\x0cjP  ", 8)) || head.startsWith("\xff\x4f\xff\x51"))
         return BitmapFormat::Jpeg2000;
-    if (head.startsWith("BM") && named != DocumentType::Tga)
+    const bool hasWeakMark = named == DocumentType::Tga || named == DocumentType::Pict;
+    if (head.startsWith("BM") && !hasWeakMark)
         return BitmapFormat::Bmp;
     if (named == DocumentType::Tga)
         return BitmapFormat::Tga;
+    if (named == DocumentType::Pict)
+        return BitmapFormat::Pict;
+    if (named == DocumentType::QuickTimeImage)
+        return BitmapFormat::QuickTimeImage;
     return std::nullopt;
 }
 
@@ -163,6 +168,27 @@ std::optional<BitmapHeader> readTgaHeader(QIODevice& file)
     header.depth = colorBits == 15 || colorBits == 16 ? 5 : 8;
     header.isGray = kind == 3;
     header.hasAlpha = colorBits == 32 && (kind == 1 || (byteAt(head, 17) & 15) != 0);
+    return header;
+}
+
+// Behind 512 bytes of anything: two bytes of length, the frame, and the version with its resolution.
+std::optional<BitmapHeader> readPictHeader(QIODevice& file)
+{
+    constexpr qint64 kStart = 512;
+    const QByteArray head = readAt(file, kStart, 40);
+    if (head.size() < 40)
+        return std::nullopt;
+    const auto number = [&](qsizetype offset) { return qFromBigEndian<qint16>(head.constData() + offset); };
+    const bool isSecond = big32(head, 10) == 0x001102ff;
+    if (!isSecond && head.mid(10, 2) != "\x11\x01")
+        return std::nullopt;
+    BitmapHeader header;
+    header.size = {number(8) - number(4), number(6) - number(2)};
+    if (header.size.isEmpty())
+        return std::nullopt;
+    if (isSecond && number(14) == 0x0c00 && number(16) == -2)
+        header.dpi = big32(head, 20) / 65536.0;
+    header.hasAlpha = true; // When the picture has it.
     return header;
 }
 

@@ -14,9 +14,9 @@ namespace mosaro::importing {
 // What the first bytes of a file say, read without trust in them: every offset and length is checked.
 
 /// The bitmap formats that can be decoded, told by content whatever the file is called.
-enum class BitmapFormat { Jpeg, Png, Gif, Tiff, Bmp, Tga, Jpeg2000 };
+enum class BitmapFormat { Jpeg, Png, Gif, Tiff, Bmp, Tga, Jpeg2000, Pict, QuickTimeImage };
 
-/// TGA files carry no mark, so only a file that is called one can be one.
+/// Some formats carry no mark at a file's start, so only a file that is called one can be one.
 [[nodiscard]] std::optional<BitmapFormat> bitmapFormatOf(const QByteArray& head, DocumentType named);
 
 struct BitmapHeader {
@@ -33,6 +33,8 @@ struct BitmapHeader {
 [[nodiscard]] std::optional<BitmapHeader> readPngHeader(QIODevice& file);
 [[nodiscard]] std::optional<BitmapHeader> readBmpHeader(QIODevice& file);
 [[nodiscard]] std::optional<BitmapHeader> readTgaHeader(QIODevice& file);
+/// Size (the frame's) and resolution only.
+[[nodiscard]] std::optional<BitmapHeader> readPictHeader(QIODevice& file);
 /// Only depth (0: of several) and resolution; the decoder tells the rest.
 [[nodiscard]] std::optional<BitmapHeader> readJpeg2000Header(QIODevice& file);
 

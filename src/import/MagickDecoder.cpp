@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "import/Analysis.h"
+#include "import/BitmapDecoder.h"
 #include "import/ChildProcess.h"
 #include "import/DocumentSupport.h"
 
@@ -34,16 +35,34 @@ QStringList argumentsFor(const MagickRequest& request, const QString& name)
     return arguments;
 }
 
+QImage pictureOfTiff(const QByteArray& bytes)
+{
+    ensureImageLibrary();
+    const VipsPtr image = vipsMake([&](VipsImage** out) {
+        return vips_tiffload_buffer(const_cast<char*>(bytes.constData()),
+                                    static_cast<std::size_t>(bytes.size()), out, nullptr);
+    });
+    const VipsPtr srgb = image ? vipsToSrgb(image.get()) : nullptr;
+    return srgb ? vipsToQImage(srgb.get(), false) : QImage();
+}
+
 } // namespace
 
-base::Result<QByteArray> decodeWithMagick(const MagickRequest& request)
+base::Result<QImage> readByMagick(const MagickRequest& request)
 {
     const PlainName name(request.path);
     if (!name.isValid())
         return base::Failure{base::text("Failure.Image.Unreadable")};
     const AnalysisLimits& limits = analysisLimits();
-    return runChild(program(), argumentsFor(request, name.path()),
-                    {limits.maxSeconds, limits.maxMagickMemory, limits.maxMagickOutput});
+    const base::Result<QByteArray> tiff =
+        runChild(program(), argumentsFor(request, name.path()),
+                 {limits.maxSeconds, limits.maxMagickMemory, limits.maxMagickOutput});
+    if (!tiff)
+        return tiff.failure();
+    const QImage picture = pictureOfTiff(tiff.value());
+    if (picture.isNull())
+        return damagedPicture();
+    return picture;
 }
 
 } // namespace mosaro::importing

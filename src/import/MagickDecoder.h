@@ -3,6 +3,7 @@
 #include "base/Result.h"
 
 #include <QByteArray>
+#include <QImage>
 #include <QSize>
 #include <QString>
 
@@ -16,8 +17,7 @@ struct MagickRequest {
     bool keepsAlpha = true;
 };
 
-/// The first picture of the file as the bytes of a TIFF of 8 bits with the file's colours and profile. Runs
-/// in a child under limits.
-[[nodiscard]] base::Result<QByteArray> decodeWithMagick(const MagickRequest& request);
+/// The first picture of the file in sRGB, by its profile if it has one. Decoded in a child under limits.
+[[nodiscard]] base::Result<QImage> readByMagick(const MagickRequest& request);
 
 } // namespace mosaro::importing

@@ -24,17 +24,6 @@ QSize sizeToDecode(QSize pixels)
     return covering.width() < pixels.width() ? covering.expandedTo({1, 1}) : QSize();
 }
 
-QImage pictureOfTiff(const QByteArray& bytes)
-{
-    ensureImageLibrary();
-    const VipsPtr image = vipsMake([&](VipsImage** out) {
-        return vips_tiffload_buffer(const_cast<char*>(bytes.constData()),
-                                    static_cast<std::size_t>(bytes.size()), out, nullptr);
-    });
-    const VipsPtr srgb = image ? vipsToSrgb(image.get()) : nullptr;
-    return srgb ? vipsToQImage(srgb.get(), false) : QImage();
-}
-
 } // namespace
 
 base::Result<RenderedDocument> renderPhotoshop(const QString& path)
@@ -53,15 +42,12 @@ base::Result<RenderedDocument> renderPhotoshop(const QString& path)
     if (qint64(pixels.width()) * pixels.height() > analysisLimits().maxPixelsWithoutStreaming)
         return tooLargePicture(pixels);
 
-    const base::Result<QByteArray> tiff =
-        decodeWithMagick({path, "psd", sizeToDecode(pixels), metadata->hasAlpha});
-    if (!tiff)
-        return tiff.failure();
-    const QImage picture = pictureOfTiff(tiff.value());
-    if (picture.isNull())
-        return damagedPicture();
+    const base::Result<QImage> picture =
+        readByMagick({path, "psd", sizeToDecode(pixels), metadata->hasAlpha});
+    if (!picture)
+        return picture.failure();
     RenderedDocument document;
-    document.preview = previewOfDrawing(picture, QSizeF(pixels) * (72 / metadata->dpi));
+    document.preview = previewOfDrawing(picture.value(), QSizeF(pixels) * (72 / metadata->dpi));
     document.metadata = *metadata;
     return document;
 }
