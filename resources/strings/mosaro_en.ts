@@ -603,10 +603,6 @@
     <source></source>
     <translation>The document is protected by a password or encrypted. Save it without protection and import it again.</translation>
   </message>
-  <message id="Failure.Format.NoRenderer">
-    <source></source>
-    <translation>“%1” files cannot be shown yet. Save the document as PNG, JPEG or TIFF and import that.</translation>
-  </message>
   <message id="Failure.Image.Damaged">
     <source></source>
     <translation>The picture is damaged or incomplete. Open it in another program and save it again, or fetch it once more.</translation>

@@ -116,7 +116,7 @@ base::Result<RenderedDocument> renderCameraRaw(const QString& path)
     const base::Result<QByteArray> answer =
         runChild(decoderProgram(QStringLiteral("mosaro-raw")),
                  {name.path(), QString::number(kPreviewBox.width()), QString::number(kPreviewBox.height())},
-                 {limits.maxSeconds, limits.maxRawMemory, limits.maxRawOutput});
+                 decoderLimits(limits.maxRawMemory, limits.maxRawOutput));
     if (!answer)
         return answer.failure();
     const std::optional<RawPicture> picture = readAnswer(answer.value());

@@ -1,5 +1,7 @@
 #include "import/DecoderProgram.h"
 
+#include "import/Analysis.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 
@@ -14,6 +16,14 @@ QString decoderProgram(const QString& name)
             return path;
     }
     return QLatin1String(MOSARO_DECODERS_BUILT "/") + name;
+}
+
+ChildLimits decoderLimits(qint64 memoryBytes, qint64 outputBytes)
+{
+#ifdef __SANITIZE_ADDRESS__
+    memoryBytes = 0;
+#endif
+    return {analysisLimits().maxSeconds, memoryBytes, outputBytes};
 }
 
 } // namespace mosaro::importing

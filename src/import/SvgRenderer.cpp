@@ -36,7 +36,7 @@ base::Result<QImage> snapshot(const QByteArray& document, QSize size)
     const base::Result<QByteArray> pixels =
         runChild(decoderProgram(QStringLiteral("mosaro-svg")),
                  {QString::number(size.width()), QString::number(size.height())},
-                 {limits.maxSeconds, limits.svgDecoderBytes, pixelBytes}, document);
+                 decoderLimits(limits.svgDecoderBytes, pixelBytes), document);
     if (!pixels)
         return pixels.failure();
     if (pixels.value().isEmpty())
@@ -83,6 +83,9 @@ base::Result<RenderedDocument> renderSvg(const QString& path)
         return picture.failure();
     rendered.fullSize = std::move(picture).value();
     rendered.preview = svgPreview(rendered.fullSize, rendered.documentSize);
+    // Without a canvas: an icon's own colours are not to be lost beside its margins.
+    rendered.colorSource =
+        imageByScalingProportionallyToSize(rendered.fullSize, kPreviewBox, std::nullopt, false);
     rendered.metadata.hasAlpha = true;
     return rendered;
 }
