@@ -59,9 +59,11 @@ base::Result<PdfInfo> readInfo(const QString& path)
     if (!output)
         return mentionsEncryption(path) ? encryptedDocument() : output.failure();
     const PdfInfo info = parsedPdfInfo(output.value());
-    const base::Result<void> size = checkPageSize(info.pageSize);
-    if (!size)
-        return size.failure();
+    for (const QSizeF size : {info.pageSize, info.mediaBox}) {
+        const base::Result<void> checked = checkPageSize(size);
+        if (!checked)
+            return checked.failure();
+    }
     return info;
 }
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr QRectF kSheet(0, 0, 612, 792);
 constexpr qsizetype kCommentBytes = qsizetype(64) * 1024; // At either end.
-constexpr double kFarthest = 1e6;              // Of a coordinate.
+constexpr double kFarthest = 1e6;                         // Of a coordinate.
 constexpr QByteArrayView kBinaryMark("\xc5\xd0\xd3\xc6", 4);
 constexpr qsizetype kBinaryHeaderBytes = 28;
 

@@ -209,6 +209,8 @@ private Q_SLOTS:
         const QString died = base::text("Failure.Child.Died", u"gs"_s);
         const std::tuple<DocumentType, QByteArray, QString> rows[] = {
             {DocumentType::Pdf, encrypted, locked},
+            {DocumentType::Pdf, pdf("/MediaBox[0 0 900000 9]/CropBox[0 0 9 9]"),
+             base::text("Failure.Image.TooLarge", u"900000"_s, u"9"_s)},
             {DocumentType::Pdf, "%PDF-1.4\nnothing", base::text("Failure.Child.Died", u"pdfinfo"_s)},
             {DocumentType::Pdf, {}, base::text("Failure.Image.Empty")},
             {DocumentType::Eps, eps("(" + secret.toUtf8() + ") run"), died},
