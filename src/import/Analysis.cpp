@@ -134,7 +134,8 @@ base::Result<void> analyseDocument(const QString& path, AnalysisResult& result)
     result.documentSize = document.documentSize;
     result.pdf = document.pdf;
     result.hasFrames = document.hasFrames;
-    result.colors = ZNColorEngine(document.preview, 1).results();
+    const bool byPreview = document.colorSource.isNull();
+    result.colors = ZNColorEngine(byPreview ? document.preview : document.colorSource, 1).results();
     decideDocumentKind(result);
     return {};
 }

@@ -12,8 +12,9 @@ namespace mosaro::importing {
 
 /// What a renderer makes of a file that is no plain bitmap, in one pass over it.
 struct RenderedDocument {
-    QImage preview;         ///< As it is stored: sized, on its canvas, 8-bit sRGB.
-    QImage fullSize;        ///< What the side file holds; null for types without one.
+    QImage preview;     ///< As it is stored: sized, on its canvas, 8-bit sRGB.
+    QImage fullSize;    ///< What the side file holds; null for types without one.
+    QImage colorSource; ///< What the colours are taken from; null: the preview, whose margins count as black.
     ImageMetadata metadata; ///< Width and height count only where there is no documentSize.
     QSizeF documentSize;    ///< In points, or as an SVG document says; empty for what is measured in pixels.
     std::optional<PdfMetadata> pdf;

@@ -137,6 +137,9 @@ private Q_SLOTS:
             QCOMPARE(result.sideFileSuffix, u"_svg.png"_s);
             QCOMPARE(result.documentSize, row.declared);
             QVERIFY(result.metadata.hasAlpha);
+            // Not the black of the margins, where the drawing itself fills the picture.
+            if (row.side.width() > 1 && row.side.height() > 1)
+                QVERIFY(result.colors.size() == 1 && result.colors.front().color.red > 0.9);
         }
     }
 
