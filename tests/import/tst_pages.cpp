@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* kRed = "1 0 0 setrgbcolor\n";
 
-/// A box of so many points, red in its left half and clear in its right one.
+/// A picture with such a bounding box.
 QByteArray postScript(const QByteArray& box, const QByteArray& program)
 {
     return "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: " + box + "\n%%EndComments\n" + program;
