@@ -3,7 +3,6 @@
 #include <QByteArray>
 #include <QSizeF>
 #include <QString>
-#include <QStringView>
 
 namespace mosaro::importing {
 
