@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """compare_metadata.py [--ctl MOSAROCTL] PATH...: imports files into a library of its own and compares what the records
-say with vipsheader, exiftool, identify, pdfinfo and Ghostscript, as far as they are installed. PATH is a file, a folder,
-or @LIST, a text file with a path a line. Prints a table by type and a line for each disagreement; the exit status is 1
-when there is one. A tool that says nothing about a field takes no part in it."""
+say with vipsheader, exiftool, identify, pdfinfo and Ghostscript, as far as they are installed. PATH is a file, a
+folder, or @LIST, a text file with a path a line. Prints a table by type and a line for each disagreement; the exit
+status is 1 when there is one. A tool that says nothing about a field takes no part in it."""
 import argparse
 import collections
 import json
@@ -55,17 +55,26 @@ def wanted_files(arguments):
 
 def from_vipsheader(paths):
     found = collections.defaultdict(dict)
-    for batch in batches([path for path in paths if extension(path) not in {"pdf", "ai", "eps", "ps"}]):
-        known, current = set(batch), None
-        for line in run(["vipsheader", "-a", *batch]).stdout.splitlines():
+    for batch in batches([path for path in paths if extension(path) not in VECTORS - {"svg"}]):
+        named, current = [path + "[dpi=96]" if has_printed_size(path) else path for path in batch], None
+        for line in run(["vipsheader", "-a", *named]).stdout.splitlines():
             # With one file vipsheader leaves the path out of all lines but the first.
-            head = re.match(r"(.+): \d+x\d+ \w+, \d+ bands?, ", line)
-            if head and head[1] in known:
+            head = re.match(r"(.+?)(?:\[dpi=96\])?: (?:\d+x\d+ \w+, \d+ bands?, )", line)
+            if head and head[1] in batch:
                 current = head[1]
             elif current:
-                key, _, value = line.removeprefix(current + ": ").partition(": ")
+                key, _, value = re.sub(r"^.*?: (?=[\w-]+: )", "", line).partition(": ")
                 found[current].setdefault(key, value)
     return {path: vips_fields(path, header) for path, header in found.items()}
+
+
+def has_printed_size(path):
+    """Whether a drawing gives its width in points, inches and the like: vipsheader gives an inch
+    72 pixels, where a drawing has 96."""
+    if extension(path) != "svg":
+        return False
+    start = pathlib.Path(path).read_text(encoding="utf-8", errors="replace")
+    return re.search(r"<(?:svg:)?svg\b[^>]*?\swidth\s*=\s*[\"'][\d.]+\s*(?:pt|pc|cm|mm|in)[\"']", start) is not None
 
 
 def vips_fields(path, header):
@@ -77,7 +86,8 @@ def vips_fields(path, header):
         fields["imageColorModel"] = model
         fields["imageHasAlpha"] = int(header["bands"]) > {"Gray": 1, "CMYK": 4}.get(model, 3)
     fields["imageDepth"] = int(header.get("bits-per-sample", VIPS_DEPTHS.get(header["format"], 8)))
-    if float(header["xres"]) != 1:  # one pixel per millimetre stands for none given
+    # One pixel per millimetre, or 72 per inch, stands for none given; a PNG without a unit is not told apart.
+    if float(header["xres"]) not in (0, 1) and extension(path) != "png":
         fields["imageDPI"] = float(header["xres"]) * 25.4
     return fields
 
@@ -109,6 +119,8 @@ def exif_fields(tags):
 def exif_dpi(tags):
     if tags.get("PNG:PixelUnits") == 1:
         return tags.get("PNG:PixelsPerUnitX", 0) * 0.0254
+    if tags.get("File:PixelsPerMeterX"):
+        return tags["File:PixelsPerMeterX"] * 0.0254
     for group, inches in (("EXIF", 2), ("JFIF", 1)):
         unit, across = tags.get(group + ":ResolutionUnit"), tags.get(group + ":XResolution")
         if across and unit in (inches, inches + 1):
@@ -131,7 +143,8 @@ def from_identify(paths):
 def identify_fields(width, height, across, unit, depth, space, alpha):
     fields = {"mediaWidth": float(width), "mediaHeight": float(height), "imageDepth": int(depth),
               "imageColorModel": IDENTIFY_MODELS.get(space), "imageHasAlpha": alpha not in ("False", "Undefined")}
-    if unit in ("PixelsPerInch", "PixelsPerCentimeter") and float(across):
+    # A bitmap without a resolution gets a default of 72 per centimetre here.
+    if unit == "PixelsPerInch" and float(across) or unit == "PixelsPerCentimeter" and float(across) not in (0, 72):
         fields["imageDPI"] = float(across) * (1 if unit == "PixelsPerInch" else 2.54)
     return fields
 
@@ -152,7 +165,7 @@ def from_pdfinfo(paths):
 def from_ghostscript(paths):
     command = ["gs", "-q", "-dSAFER", "-dNOPAUSE", "-dBATCH", "-sDEVICE=bbox", "-dLastPage=1"]
     found = {}
-    for path in (path for path in paths if extension(path) in ("eps", "ps")):
+    for path in (path for path in paths if extension(path) == "eps"):
         box = re.search(r"%%HiResBoundingBox: (.+)", run([*command, path], 30).stderr)
         found[path] = box_size(box[1]) if box else {}
     return found
@@ -169,7 +182,7 @@ def box_size(text):
 def agrees(path, field, ours, theirs):
     if field in TOLERANCE:
         # A box of whole numbers is the exact one widened to the outside.
-        slack = 1 if extension(path) in ("eps", "ps") else TOLERANCE[field]
+        slack = 1 if extension(path) == "eps" else TOLERANCE[field]
         return ours is not None and abs(ours - float(theirs)) <= slack
     if isinstance(theirs, (bool, int)):
         return ours == theirs
