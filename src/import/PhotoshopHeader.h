@@ -8,8 +8,9 @@ class QIODevice;
 
 namespace mosaro::importing {
 
-/// What the head and the resources of a Photoshop document tell. The form of the file is published by its
-/// maker as "Adobe Photoshop File Formats Specification"; every length in it is checked.
+/// What the head and the resources of a Photoshop document tell. Its maker publishes the form of the file
+/// ("Photoshop File Formats", the sections on the file header and the image resources); every length in it is
+/// checked.
 [[nodiscard]] std::optional<ImageMetadata> readPhotoshopHeader(QIODevice& file);
 
 } // namespace mosaro::importing

@@ -9,7 +9,7 @@ class QIODevice;
 namespace mosaro::importing {
 
 // A QuickTime image file: atoms, of which one describes the picture and one holds its data. The form is
-// published in "QuickTime File Format Specification", under "QuickTime Image File".
+// published in the reference "QuickTime File Format", under "QuickTime Image File".
 
 [[nodiscard]] std::optional<BitmapHeader> readQuickTimeImageHeader(QIODevice& file);
 
