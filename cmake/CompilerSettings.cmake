@@ -10,7 +10,7 @@ target_include_directories(mosaro_settings INTERFACE "${PROJECT_SOURCE_DIR}/src"
 target_link_options(mosaro_settings INTERFACE -Wl,--as-needed)
 
 find_program(MOSARO_MOLD mold)
-if(MOSARO_MOLD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+if(MOSARO_MOLD AND CMAKE_CXX_COMPILER_ID MATCHES "^(GNU|Clang)$")
     target_link_options(mosaro_settings INTERFACE -fuse-ld=mold)
 endif()
 
@@ -18,6 +18,11 @@ if(MOSARO_SANITIZE)
     target_compile_options(mosaro_settings INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(mosaro_settings INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(MOSARO_FUZZ)
+    # The layers tell the fuzzer which ways they have gone; its own part is linked with the programs only.
+    target_compile_options(mosaro_settings INTERFACE -fsanitize=fuzzer-no-link -Wno-sign-conversion)
 endif()
 
 find_program(MOSARO_CCACHE ccache)

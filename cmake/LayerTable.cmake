@@ -13,8 +13,9 @@ set(MOSARO_LAYER_TABLE
     "browser:import"
     "import/ui:import kit"
     "organisation/ui:organisation kit import/ui"
-    "browser/ui:browser kit import/ui"
+    "browser/ui:browser organisation kit import/ui"
     "shell:organisation browser import/ui organisation/ui browser/ui"
     "ctl:organisation browser"
     "app:shell ctl"
+    "fuzz:import"
 )

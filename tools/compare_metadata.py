@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 """compare_metadata.py [--ctl MOSAROCTL] PATH...: imports files into a library of its own and compares what the records
 say with vipsheader, exiftool, identify, pdfinfo and Ghostscript, as far as they are installed. PATH is a file, a
-folder, or @LIST, a text file with a path a line. Prints a table by type and a line for each disagreement; the exit
-status is 1 when there is one. A tool that says nothing about a field takes no part in it."""
+folder, or @LIST, a text file with a path a line. Prints a table by type, how many disagreements there are by type,
+field and tool, and a line for each; the exit status is 1 when there is one. A tool that says nothing about a field
+takes no part in it, nor one that only guesses."""
 import argparse
 import collections
 import json
@@ -22,6 +23,8 @@ PNG_MODELS = {0: "Gray", 2: "RGB", 3: "RGB", 4: "Gray", 6: "RGB"}
 VIPS_MODELS = {"b-w": "Gray", "grey16": "Gray", "srgb": "RGB", "rgb16": "RGB", "cmyk": "CMYK", "lab": "Lab"}
 IDENTIFY_MODELS = {"Gray": "Gray", "sRGB": "RGB", "RGB": "RGB", "CMYK": "CMYK", "Lab": "Lab"}
 VIPS_DEPTHS = {"uchar": 8, "ushort": 16, "float": 32}
+# Where identify gives the depth of the file, not the one that the colours of a palette need.
+KNOWN_DEPTHS = {"png", "jpg", "jpeg", "jpe", "tif", "tiff", "psd", "jp2", "j2k"}
 VECTORS = {"svg", "pdf", "ai", "eps", "ps"}
 
 
@@ -81,6 +84,8 @@ def vips_fields(path, header):
     fields = {"mediaWidth": float(header["width"]), "mediaHeight": float(header["height"])}
     if extension(path) in VECTORS:
         return fields
+    if header.get("vips-loader", "").startswith("magickload"):
+        return fields  # Whose depth, opacity and resolution are those of the memory that it decodes into.
     model = VIPS_MODELS.get(header["interpretation"])
     if model:
         fields["imageColorModel"] = model
@@ -123,7 +128,7 @@ def exif_dpi(tags):
         return tags["File:PixelsPerMeterX"] * 0.0254
     for group, inches in (("EXIF", 2), ("JFIF", 1)):
         unit, across = tags.get(group + ":ResolutionUnit"), tags.get(group + ":XResolution")
-        if across and unit in (inches, inches + 1):
+        if isinstance(across, (int, float)) and across and unit in (inches, inches + 1):
             return across * (1 if unit == inches else 2.54)
     return None
 
@@ -137,6 +142,8 @@ def from_identify(paths):
             parts = line.split("|", 7)
             if len(parts) == 8 and parts[7] in known:
                 found[parts[7]] = identify_fields(*parts[:7])
+                if extension(parts[7]) not in KNOWN_DEPTHS:
+                    found[parts[7]].pop("imageDepth")
     return found
 
 
@@ -240,6 +247,9 @@ def main():
         lost = collections.Counter(reasons.get(path, "no reason given") for path in tried if path not in records)
         for reason, count in lost.most_common():
             print(f"  {count} x {reason}")
+    by_kind = collections.Counter((extension(path), field, tool) for path, field, _, _, tool in found)
+    for (kind, field, tool), count in by_kind.most_common():
+        print(f"{count:>5} x {kind} {field} {tool}")
     for path, field, ours, theirs, tool in found:
         print(f"{path}: {field} {ours!r} {tool} {theirs!r}")
     return 1 if found else 0

@@ -1,6 +1,6 @@
 #include "base/ColorText.h"
 
-#include <QStringList>
+#include <QStringView>
 #include <algorithm>
 #include <cmath>
 
@@ -8,7 +8,7 @@ namespace mosaro::base {
 
 namespace {
 
-float componentFromText(const QString& text)
+float componentFromText(QStringView text)
 {
     bool ok = false;
     const float value = text.toFloat(&ok);
@@ -42,7 +42,7 @@ QString colorAsString(const ColorValue& color)
 
 std::optional<ColorValue> colorFromString(const QString& text)
 {
-    const QStringList parts = text.split(QLatin1Char('+'));
+    const QList<QStringView> parts = QStringView(text).split(u'+');
     if (parts.size() < 4)
         return std::nullopt;
     return ColorValue{componentFromText(parts[0]), componentFromText(parts[1]), componentFromText(parts[2]),

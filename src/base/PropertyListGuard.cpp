@@ -111,6 +111,17 @@ private:
         }
     }
 
+    /// The parser ends the program over a text with a zero in it.
+    [[nodiscard]] bool holdsZero(const Object& found) const
+    {
+        const quint64 step = found.kind == 0x6 ? 2 : 1;
+        for (quint64 i = 0; i < found.count; ++i) {
+            if (number(found.payload + i * step, step) == 0)
+                return true;
+        }
+        return false;
+    }
+
     Verdict visit(quint64 index, int level)
     {
         if (index >= m_objectCount || m_states[size_t(index)] == State::Open)
@@ -120,6 +131,8 @@ private:
                                                                                  : Verdict::Fine;
         const auto found = object(index);
         if (!found || found->count > m_table || payloadSize(*found) > m_table - found->payload)
+            return Verdict::Damaged;
+        if ((found->kind == 0x5 || found->kind == 0x6) && holdsZero(*found))
             return Verdict::Damaged;
         m_states[size_t(index)] = State::Open;
         Measure measure{0, 1, payloadSize(*found)};

@@ -75,9 +75,10 @@ base::Result<void> analyseBitmap(const QString& path, AnalysisResult& result)
     return {};
 }
 
-base::Result<RenderedDocument> render(const QString& path, DocumentType type)
+base::Result<RenderedDocument> render(const AnalysisRequest& request)
 {
-    switch (type) {
+    const QString& path = request.path;
+    switch (request.type) {
     case DocumentType::Pdf:
         return renderPdf(path);
     case DocumentType::Illustrator:
@@ -88,14 +89,23 @@ base::Result<RenderedDocument> render(const QString& path, DocumentType type)
         return renderSvg(path);
     case DocumentType::Icns:
     case DocumentType::Ico:
-        return renderIcon(path, type);
+        return renderIcon(path, request.type);
     case DocumentType::Photoshop:
         return renderPhotoshop(path);
     case DocumentType::Raw:
         return renderCameraRaw(path);
     default:
-        return renderDesignDocument(path, type);
+        return renderDesignDocument(path, request.type, request.thumbnailer);
     }
+}
+
+/// As the file says it; a size that is no whole number is none that screens have.
+QSize pixelSizeOf(const AnalysisResult& result)
+{
+    if (result.documentSize.isEmpty())
+        return {result.metadata.width, result.metadata.height};
+    const QSize whole = result.documentSize.toSize();
+    return QSizeF(whole) == result.documentSize ? whole : QSize();
 }
 
 /// Documents of pages, of PostScript and of design programs have a kind whatever their size.
@@ -106,9 +116,8 @@ void decideDocumentKind(AnalysisResult& result)
         result.kind = MediaKind::Other;
     else if (result.kind == MediaKind::Unset && result.type == DocumentType::Pdf)
         result.kind = MediaKind::Pdf;
-    else if (result.kind == MediaKind::Unset && result.type != DocumentType::Svg)
-        result.kind =
-            MediaClassification::kindOf(result.type, {result.metadata.width, result.metadata.height});
+    else if (result.kind == MediaKind::Unset)
+        result.kind = MediaClassification::kindOf(result.type, pixelSizeOf(result));
 }
 
 QByteArray encodedSideFile(const QImage& picture, DocumentType type)
@@ -117,9 +126,9 @@ QByteArray encodedSideFile(const QImage& picture, DocumentType type)
                                      : PNGRepresentation(picture);
 }
 
-base::Result<void> analyseDocument(const QString& path, AnalysisResult& result)
+base::Result<void> analyseDocument(const AnalysisRequest& request, AnalysisResult& result)
 {
-    base::Result<RenderedDocument> rendered = render(path, result.type);
+    base::Result<RenderedDocument> rendered = render(request);
     if (!rendered)
         return rendered.failure();
     RenderedDocument& document = rendered.value();
@@ -155,7 +164,7 @@ AnalysisResult analyse(const AnalysisRequest& request)
     result.type = request.type;
     result.kind = request.kind;
     result.outcome = hasBitmapRenderer(request.type) ? analyseBitmap(request.path, result)
-                                                     : analyseDocument(request.path, result);
+                                                     : analyseDocument(request, result);
     // The image library keeps buffers for each thread, and pool threads end when there is nothing to do.
     vips_thread_shutdown();
     return result;

@@ -21,6 +21,7 @@ struct AnalysisRequest {
     QString path;                          ///< Absolute path of the file.
     DocumentType type = DocumentType::Pdf; ///< As classified from the name.
     MediaKind kind = MediaKind::Unset;     ///< As the import item said it.
+    QString thumbnailer = {}; ///< Command line that draws documents of design programs; empty for none.
 };
 
 /// A colour with its share of the votes, 0 to 1.
@@ -83,13 +84,15 @@ struct AnalysisLimits {
     qint64 maxMagickMemory = qint64(2) << 30;   ///< Address space of the child.
     qint64 maxMagickOutput = qint64(512) << 20; ///< What it hands over.
     qint64 maxSvgBytes = qint64(64) << 20;
-    qint64 svgDecoderBytes = qint64(1) << 30;  ///< Of address space.
+    qint64 svgDecoderBytes = qint64(2) << 30;  ///< Of address space; half of it may be memory.
     qint64 maxDrawnPixels = 25'000'000;        ///< Larger SVG documents are drawn smaller.
     int maxDrawnSide = 32'000;                 ///< Pixels of one edge, likewise.
     qint64 maxSearchedBytes = qint64(2) << 30; ///< Of a design document, for the picture that it carries.
     qint64 maxCarriedBytes = qint64(64) << 20; ///< Of that picture, as it is stored.
     qint64 maxCarriedPixels = 20'000'000;
     int maxDocumentParts = 20'000; ///< Entries of a packed design document.
+    int maxThumbnailerSeconds = 30;
+    qint64 maxThumbnailerMemory = qint64(4) << 30; ///< Of its address space, of which it uses a part.
 
     // Documents of pages, which another program draws.
     qint64 maxPagePixels = 16'000'000; ///< Of a side file; a larger page is drawn smaller.
@@ -102,7 +105,7 @@ struct AnalysisLimits {
 [[nodiscard]] const AnalysisLimits& analysisLimits();
 
 /// Decodes the file once and answers preview, side file, metadata, kind and colours. Pure but for reading the
-/// file; may run on any thread, several at once.
+/// file and running the programs that read it; may run on any thread, several at once.
 [[nodiscard]] AnalysisResult analyse(const AnalysisRequest& request);
 
 /// Before the first analyse() of the process: sets the image library up for many small jobs at once.

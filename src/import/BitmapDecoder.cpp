@@ -1,13 +1,14 @@
 #include "import/BitmapDecoder.h"
 
 #include "base/Text.h"
+#include "import/BmpReader.h"
+#include "import/DocumentSupport.h"
 #include "import/ImageMetadata.h"
 #include "import/MagickDecoder.h"
 #include "import/QuickTimeImage.h"
 #include "import/TgaReader.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QImageReader>
 #include <utility>
 
@@ -17,13 +18,6 @@ namespace {
 
 // The stored bytes, the pixels made of them and those of three or four bands that are scaled.
 constexpr qint64 kBytesOfPixelDecodedAtOnce = 12;
-constexpr qint64 kBytesOfWaveletSample = 4;
-
-/// JPEG 2000 keeps halves of halves: the number of halvings.
-int halvings(int factor)
-{
-    return factor >= 8 ? 3 : factor / 2;
-}
 
 VipsPtr openWithVips(const QString& path, BitmapFormat format, int shrink)
 {
@@ -43,10 +37,6 @@ VipsPtr openWithVips(const QString& path, BitmapFormat format, int shrink)
         case BitmapFormat::Tiff:
             return vips_tiffload(file, out, "access", VIPS_ACCESS_SEQUENTIAL, "fail_on",
                                  VIPS_FAIL_ON_TRUNCATED, nullptr);
-        case BitmapFormat::Jpeg2000:
-            // Its pieces are decoded as they are asked for, in any order.
-            return vips_jp2kload(file, out, "page", halvings(shrink), "fail_on", VIPS_FAIL_ON_TRUNCATED,
-                                 nullptr);
         default:
             break;
         }
@@ -54,35 +44,20 @@ VipsPtr openWithVips(const QString& path, BitmapFormat format, int shrink)
     });
 }
 
-DocumentType documentTypeOf(BitmapFormat format)
+bool isDecodedAtOnce(BitmapFormat format, const QString& path)
 {
     switch (format) {
-    case BitmapFormat::Jpeg:
-        return DocumentType::Jpeg;
-    case BitmapFormat::Gif:
-        return DocumentType::Gif;
-    case BitmapFormat::Tiff:
-        return DocumentType::Tiff;
     case BitmapFormat::Bmp:
-        return DocumentType::Bmp;
     case BitmapFormat::Tga:
-        return DocumentType::Tga;
-    case BitmapFormat::Jpeg2000:
-        return DocumentType::Jpeg2000;
     case BitmapFormat::Pict:
-        return DocumentType::Pict;
     case BitmapFormat::QuickTimeImage:
-        return DocumentType::QuickTimeImage;
-    case BitmapFormat::Png:
-        break;
+    case BitmapFormat::Jpeg2000:
+        return true;
+    case BitmapFormat::Tiff:
+        return readRareTiffHeader(path).has_value();
+    default:
+        return false;
     }
-    return DocumentType::Png;
-}
-
-bool isDecodedAtOnce(BitmapFormat format)
-{
-    return format == BitmapFormat::Bmp || format == BitmapFormat::Tga || format == BitmapFormat::Pict ||
-           format == BitmapFormat::QuickTimeImage;
 }
 
 bool withinLimits(QSize size, bool streamed)
@@ -119,14 +94,12 @@ qint64 decoderBytesOf(const OpenedBitmap& bitmap)
         return vips_image_get_typeof(image, "interlaced") == 0 ? 0 : pixels * VIPS_IMAGE_SIZEOF_PEL(image);
     case BitmapFormat::Tiff:
         return 0;
-    case BitmapFormat::Jpeg2000:
-        return pixels * image->Bands * kBytesOfWaveletSample;
     default:
         return pixels * VIPS_IMAGE_SIZEOF_PEL(image);
     }
 }
 
-std::optional<BitmapHeader> readHeader(QIODevice& file, BitmapFormat format)
+std::optional<BitmapHeader> readHeader(QFile& file, BitmapFormat format)
 {
     switch (format) {
     case BitmapFormat::Tga:
@@ -135,12 +108,30 @@ std::optional<BitmapHeader> readHeader(QIODevice& file, BitmapFormat format)
         return readPictHeader(file);
     case BitmapFormat::QuickTimeImage:
         return readQuickTimeImageHeader(file);
+    case BitmapFormat::Jpeg2000:
+        return readJpeg2000Header(file);
+    case BitmapFormat::Tiff:
+        return readRareTiffHeader(file.fileName());
     default:
         return readBmpHeader(file);
     }
 }
 
-base::Result<QImage> readPixels(QFile& file, BitmapFormat format)
+/// The usual reader leaves the pixels that a run jumps over as they were in memory, and does not know every
+/// header.
+base::Result<QImage> readBmp(QFile& file, const BitmapHeader& header)
+{
+    if (header.isRare)
+        return readRareBmp(file, header);
+    QImageReader reader(&file, "bmp");
+    QImage picture(header.size, reader.imageFormat());
+    picture.fill(0);
+    if (reader.read(&picture))
+        return picture;
+    return readByMagick({file.fileName(), "bmp", {}, true});
+}
+
+base::Result<QImage> readPixels(QFile& file, BitmapFormat format, const BitmapHeader& header)
 {
     switch (format) {
     case BitmapFormat::Tga:
@@ -149,8 +140,15 @@ base::Result<QImage> readPixels(QFile& file, BitmapFormat format)
         return readByMagick({file.fileName(), "pict", {}, true});
     case BitmapFormat::QuickTimeImage:
         return readQuickTimeImage(file);
+    case BitmapFormat::Tiff:
+        if (header.isReadAsRgba)
+            return readTiffAsRgba(file.fileName(), header.size);
+        return readByMagick({file.fileName(), "tiff", {}, header.hasAlpha});
+    case BitmapFormat::Jpeg2000:
+        return readByMagick(
+            {file.fileName(), file.peek(2) == "\xff\x4f" ? "j2k" : "jp2", {}, header.hasAlpha});
     default:
-        return QImageReader(&file, "bmp").read();
+        return readBmp(file, header);
     }
 }
 
@@ -167,12 +165,13 @@ base::Result<void> readWholePicture(QFile& file, OpenedBitmap& bitmap)
 
     bitmap.memory = decodingMemory().take(qint64(header->size.width()) * header->size.height() *
                                           kBytesOfPixelDecodedAtOnce);
-    base::Result<QImage> pixels = readPixels(file, bitmap.format);
+    base::Result<QImage> pixels = readPixels(file, bitmap.format, *header);
     if (!pixels)
         return pixels.failure();
     bitmap.decoded = std::move(pixels).value();
     if (bitmap.decoded.size() != header->size)
         return damagedPicture();
+    bitmap.orientation = std::clamp(header->orientation, 1, 8);
     bitmap.metadata = metadataOfHeader(*header);
     bitmap.metadata.hasAlpha = header->hasAlpha && bitmap.decoded.hasAlphaChannel();
     bitmap.decoded = std::move(bitmap.decoded).convertToFormat(QImage::Format_RGBA8888);
@@ -188,12 +187,52 @@ base::Result<void> readWholePicture(QFile& file, OpenedBitmap& bitmap)
     return {};
 }
 
+/// The opacity of 16 bits, which is stored with no regard to what the colours are, in 8.
+VipsPtr opacityOf(VipsImage* image)
+{
+    VipsPtr opacity =
+        vipsMake([&](VipsImage** out) { return vips_extract_band(image, out, image->Bands - 1, nullptr); });
+    if (opacity)
+        opacity = vipsMake([&](VipsImage** out) {
+            return vips_copy(opacity.get(), out, "format", VIPS_FORMAT_USHORT, nullptr);
+        });
+    if (opacity)
+        opacity = vipsMake([&](VipsImage** out) {
+            return vips_linear1(opacity.get(), out, 1 / 257.0, 0, "uchar", TRUE, nullptr);
+        });
+    return opacity;
+}
+
+/// CMYK and Lab in sRGB where the image library takes the opacity for another number, or keeps the colours in
+/// a packed form; all else as it is.
+VipsPtr inPlainForm(VipsPtr image)
+{
+    if (image->Coding == VIPS_CODING_LABQ)
+        return vipsMake([&](VipsImage** out) {
+            return vips_colourspace(image.get(), out, VIPS_INTERPRETATION_sRGB, nullptr);
+        });
+    const bool isDeep = image->BandFmt == VIPS_FORMAT_USHORT || image->BandFmt == VIPS_FORMAT_SHORT;
+    const int colours = image->Type == VIPS_INTERPRETATION_CMYK ? 4 : 3;
+    const bool isOther = colours == 4 || image->Type == VIPS_INTERPRETATION_LABS;
+    if (!isDeep || !isOther || image->Bands != colours + 1)
+        return image;
+    const VipsPtr plain = vipsMake(
+        [&](VipsImage** out) { return vips_extract_band(image.get(), out, 0, "n", colours, nullptr); });
+    const VipsPtr srgb = plain ? vipsToSrgb(plain.get()) : nullptr;
+    const VipsPtr opacity = opacityOf(image.get());
+    if (!srgb || !opacity)
+        return nullptr;
+    return vipsMake([&](VipsImage** out) { return vips_bandjoin2(srgb.get(), opacity.get(), out, nullptr); });
+}
+
 base::Result<void> openLazily(QFile& file, OpenedBitmap& bitmap)
 {
     // Own look at the headers first, so that not even the libraries' set-up meets a giant.
     if (bitmap.format == BitmapFormat::Png) {
         const std::optional<BitmapHeader> header = readPngHeader(file);
-        if (header && !withinLimits(header->size, !header->isInterlaced))
+        if (!header)
+            return damagedPicture();
+        if (!withinLimits(header->size, !header->isInterlaced))
             return tooLargePicture(header->size);
     }
     bitmap.image = openWithVips(bitmap.path, bitmap.format, 1);
@@ -204,10 +243,14 @@ base::Result<void> openLazily(QFile& file, OpenedBitmap& bitmap)
     if (!withinLimits(size, bitmap.decoderBytes == 0))
         return tooLargePicture(size);
     bitmap.pages = vips_image_get_n_pages(bitmap.image.get());
-    if (bitmap.format == BitmapFormat::Jpeg2000)
-        bitmap.halvings = std::exchange(bitmap.pages, 1) - 1;
     bitmap.orientation = std::clamp(vips_image_get_orientation(bitmap.image.get()), 1, 8);
-    return readMetadata(file, bitmap);
+    base::Result<void> read = readMetadata(file, bitmap);
+    if (!read)
+        return read;
+    bitmap.image = inPlainForm(std::move(bitmap.image));
+    if (!bitmap.image)
+        return damagedPicture();
+    return {};
 }
 
 } // namespace
@@ -229,27 +272,31 @@ base::Failure tooLargePicture(QSize size)
         base::text("Failure.Image.TooLarge", QString::number(size.width()), QString::number(size.height()))};
 }
 
+base::Failure otherContents(const QByteArray& head, DocumentType named)
+{
+    const std::optional<DocumentType> type = markedTypeOf(head);
+    if (!type || *type == named)
+        return {base::text("Failure.Image.NotAPicture")};
+    return {base::text("Failure.Image.Misnamed", MediaClassification::contentTypeName(named),
+                       MediaClassification::contentTypeName(*type))};
+}
+
 base::Result<OpenedBitmap> openBitmap(const QString& path, DocumentType named)
 {
     ensureImageLibrary();
     QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return base::Failure{base::text("Failure.Image.Unreadable")};
-    if (file.size() == 0)
-        return base::Failure{base::text("Failure.Image.Empty")};
-    if (file.size() > analysisLimits().maxFileBytes)
-        return base::Failure{base::text("Failure.Image.FileTooLarge")};
-    const std::optional<BitmapFormat> format = bitmapFormatOf(file.peek(64), named);
-    if (!format)
-        return base::Failure{base::text("Failure.Image.NotAPicture")};
-    if (documentTypeOf(*format) != named)
-        return base::Failure{base::text("Failure.Image.Misnamed", MediaClassification::contentTypeName(named),
-                                        MediaClassification::contentTypeName(documentTypeOf(*format)))};
+    const base::Result<void> opened = openDocument(file);
+    if (!opened)
+        return opened.failure();
+    const QByteArray head = file.peek(kTypeHeadBytes);
+    const std::optional<BitmapFormat> format = bitmapFormatOf(head, named);
+    if (!format || documentTypeOf(*format) != named)
+        return otherContents(head, named);
 
     OpenedBitmap bitmap;
     bitmap.path = path;
     bitmap.format = *format;
-    const bool whole = isDecodedAtOnce(*format);
+    const bool whole = isDecodedAtOnce(*format, path);
     const base::Result<void> done = whole ? readWholePicture(file, bitmap) : openLazily(file, bitmap);
     if (!done)
         return done.failure();
@@ -258,11 +305,7 @@ base::Result<OpenedBitmap> openBitmap(const QString& path, DocumentType named)
 
 VipsPtr imageShrunkOnLoad(const OpenedBitmap& bitmap, int factor)
 {
-    if (bitmap.format == BitmapFormat::Jpeg2000)
-        factor = std::min(factor, 1 << std::min(bitmap.halvings, 3));
-    else if (bitmap.format != BitmapFormat::Jpeg)
-        factor = 1;
-    if (factor <= 1)
+    if (bitmap.format != BitmapFormat::Jpeg || factor <= 1)
         return vipsShare(bitmap.image.get());
     return openWithVips(bitmap.path, bitmap.format, factor);
 }

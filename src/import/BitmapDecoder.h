@@ -20,7 +20,6 @@ struct OpenedBitmap {
     VipsPtr image;       ///< As stored: not turned, colours as in the file.
     int orientation = 1; ///< EXIF's number, 1 to 8.
     int pages = 1;
-    int halvings = 0; ///< How many times smaller by two the file holds the picture too.
     ImageMetadata metadata;
     qint64 decoderBytes = 0;   ///< What the decoder has to hold at once, when it can't go row by row.
     QSemaphoreReleaser memory; ///< Of decodingMemory(), for formats that are decoded at once.
@@ -44,6 +43,8 @@ struct OpenedBitmap {
 [[nodiscard]] VipsPtr imageShrunkOnLoad(const OpenedBitmap& bitmap, int factor);
 
 /// Reasons for the user.
+/// Of a file that is not of the type that its name says.
+[[nodiscard]] base::Failure otherContents(const QByteArray& head, DocumentType named);
 [[nodiscard]] base::Failure damagedPicture();
 [[nodiscard]] base::Failure tooLargePicture(QSize size);
 

@@ -32,6 +32,13 @@ QByteArray takeLine(QByteArray& bytes)
     return end < 0 ? QByteArray() : line;
 }
 
+/// No product of numbers that the decoder says: it may have been taken over by what it decodes.
+bool fillsPicture(const QByteArray& pixels, QSize size)
+{
+    const qint64 row = qint64(size.width()) * 3;
+    return pixels.size() % row == 0 && pixels.size() / row == size.height();
+}
+
 std::optional<RawPicture> readAnswer(QByteArray answer)
 {
     const QList<QByteArray> fields = takeLine(answer).split(' ');
@@ -47,8 +54,7 @@ std::optional<RawPicture> readAnswer(QByteArray answer)
     picture.size = {fields[5].toInt(), fields[6].toInt()};
     picture.metadata.software = QString::fromUtf8(takeLine(answer)).trimmed();
     picture.pixels = std::move(answer);
-    const qint64 bytes = qint64(picture.size.width()) * picture.size.height() * 3;
-    if (picture.size.isEmpty() || (!picture.isJpeg && picture.pixels.size() != bytes))
+    if (picture.size.isEmpty() || (!picture.isJpeg && !fillsPicture(picture.pixels, picture.size)))
         return std::nullopt;
     return picture;
 }

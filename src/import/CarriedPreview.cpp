@@ -1,11 +1,9 @@
 #include "import/CarriedPreview.h"
 
-#include "base/Text.h"
-#include "import/Analysis.h"
+#include "import/DocumentSupport.h"
 #include "import/EmbeddedPictures.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 namespace mosaro::importing {
 
@@ -29,18 +27,13 @@ QByteArray previewInFile(const QString& path)
 base::Result<QByteArray> carriedPreview(const QString& path)
 {
     QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return base::Failure{base::text("Failure.Image.Unreadable")};
-    if (file.size() == 0)
-        return base::Failure{base::text("Failure.Image.Empty")};
-    if (file.size() > analysisLimits().maxFileBytes)
-        return base::Failure{base::text("Failure.Image.FileTooLarge")};
+    const base::Result<void> opened = openDocument(file);
+    if (!opened)
+        return opened.failure();
     const QByteArray head = file.read(16);
     QByteArray picture = head.startsWith("PK\3\4")                         ? previewInZip(path)
                          : head == QByteArrayView("SQLite format 3\0", 16) ? previewInDatabase(path)
                                                                            : previewInFile(path);
-    if (picture.isEmpty())
-        return base::Failure{base::text("Failure.Design.NoPreview")};
     return picture;
 }
 

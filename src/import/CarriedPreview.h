@@ -17,7 +17,7 @@ namespace mosaro::importing {
 /// Of any other file: a stream somewhere in it.
 [[nodiscard]] QByteArray previewInFile(const QString& path);
 
-/// By what the file is.
+/// By what the file is; empty when it carries none.
 [[nodiscard]] base::Result<QByteArray> carriedPreview(const QString& path);
 
 /// Whether a part of a document is called like the picture of the whole.

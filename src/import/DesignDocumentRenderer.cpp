@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "import/BitmapDecoder.h"
 #include "import/CarriedPreview.h"
+#include "import/DesktopThumbnail.h"
 #include "import/ImageOperations.h"
 
 namespace mosaro::importing {
@@ -28,6 +29,9 @@ int previewSide(DocumentType type)
 /// The picture in sRGB, scaled down to fit the square, never up. Null when it is damaged.
 QImage decoded(const QByteArray& bytes, int side)
 {
+    const std::optional<BitmapFormat> format = bitmapFormatOf(bytes.left(64), DocumentType::Png);
+    if (format != BitmapFormat::Png && format != BitmapFormat::Jpeg)
+        return {};
     ensureImageLibrary();
     const VipsPtr stored(vips_image_new_from_buffer(bytes.constData(), static_cast<std::size_t>(bytes.size()),
                                                     "", "fail_on", VIPS_FAIL_ON_TRUNCATED, nullptr));
@@ -35,6 +39,8 @@ QImage decoded(const QByteArray& bytes, int side)
         vips_error_clear();
         return {};
     }
+    if (qint64(stored->Xsize) * stored->Ysize > analysisLimits().maxCarriedPixels)
+        return {};
     // Decoded whole, since damage is passed over in silence where pictures are scaled while they are decoded.
     const QSemaphoreReleaser memory = decodingMemory().take(kPixelBytes * stored->Xsize * stored->Ysize);
     const VipsPtr whole = vipsMake([&](VipsImage** out) {
@@ -47,6 +53,12 @@ QImage decoded(const QByteArray& bytes, int side)
                                  : nullptr;
     const VipsPtr srgb = scaled ? vipsToSrgb(scaled.get()) : nullptr;
     return srgb ? vipsToQImage(srgb.get(), false) : QImage();
+}
+
+QImage thumbnail(const QString& command, const QString& path, int side)
+{
+    const base::Result<QByteArray> drawn = desktopThumbnail(command, path, side);
+    return drawn ? decoded(drawn.value(), side) : QImage();
 }
 
 QImage designPreview(const QImage& picture)
@@ -64,15 +76,19 @@ QImage designPreview(const QImage& picture)
 
 } // namespace
 
-base::Result<RenderedDocument> renderDesignDocument(const QString& path, DocumentType type)
+base::Result<RenderedDocument> renderDesignDocument(const QString& path, DocumentType type,
+                                                    const QString& thumbnailer)
 {
     const base::Result<QByteArray> carried = carriedPreview(path);
     if (!carried)
         return carried.failure();
     RenderedDocument rendered;
     rendered.fullSize = decoded(carried.value(), previewSide(type));
+    if (rendered.fullSize.isNull() && !thumbnailer.isEmpty())
+        rendered.fullSize = thumbnail(thumbnailer, path, previewSide(type));
     if (rendered.fullSize.isNull())
-        return damagedPicture();
+        return carried.value().isEmpty() ? base::Failure{base::text("Failure.Design.NoPreview")}
+                                         : damagedPicture();
     rendered.preview = designPreview(rendered.fullSize);
     return rendered;
 }

@@ -1,21 +1,31 @@
 #include "import/DocumentSupport.h"
 
 #include "base/Text.h"
+#include "import/Analysis.h"
 #include "import/ImageOperations.h"
 
 #include <QColorSpace>
-#include <QFile>
 #include <QFileInfo>
 
 namespace mosaro::importing {
 
-base::Result<QByteArray> readWholeFile(const QString& path, qint64 maxBytes)
+base::Result<void> openDocument(QFile& file)
 {
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
         return base::Failure{base::text("Failure.Image.Unreadable")};
     if (file.size() == 0)
         return base::Failure{base::text("Failure.Image.Empty")};
+    if (file.size() > analysisLimits().maxFileBytes)
+        return base::Failure{base::text("Failure.Image.FileTooLarge")};
+    return {};
+}
+
+base::Result<QByteArray> readWholeFile(const QString& path, qint64 maxBytes)
+{
+    QFile file(path);
+    const base::Result<void> opened = openDocument(file);
+    if (!opened)
+        return opened.failure();
     if (file.size() > maxBytes)
         return base::Failure{base::text("Failure.Image.FileTooLarge")};
     QByteArray bytes = file.read(maxBytes);

@@ -3,6 +3,7 @@
 #include "base/Result.h"
 
 #include <QByteArray>
+#include <QFile>
 #include <QImage>
 #include <QSizeF>
 #include <QString>
@@ -11,6 +12,9 @@
 namespace mosaro::importing {
 
 // What the renderers of documents share.
+
+/// Opens a file to be read, when it is one, not empty, and within the limits.
+[[nodiscard]] base::Result<void> openDocument(QFile& file);
 
 /// The bytes of a file of at most `maxBytes`.
 [[nodiscard]] base::Result<QByteArray> readWholeFile(const QString& path, qint64 maxBytes);

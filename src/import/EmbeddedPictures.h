@@ -18,11 +18,8 @@ struct EmbeddedPicture {
     [[nodiscard]] qint64 pixels() const { return qint64(size.width()) * size.height(); }
 };
 
-/// The whole PNG or JPEG stream that begins here, when its structure is sound from the first byte to the
-/// last. The pixels themselves are not looked at.
-[[nodiscard]] std::optional<EmbeddedPicture> pictureStreamAt(QIODevice& file, qint64 offset);
-
-/// The one of these streams that has most pixels, within what analysisLimits() say of carried pictures. A
+/// The PNG or JPEG stream that has most pixels, of those whose structure is sound from the first byte to the
+/// last - the pixels themselves are not looked at -, within what analysisLimits() say of carried pictures. A
 /// stream inside another, as a photo's own thumbnail, does not count. Reads the file once, a piece at a time;
 /// stops when too much of it looks like a picture and is none.
 [[nodiscard]] std::optional<EmbeddedPicture> largestEmbeddedPicture(QIODevice& file);

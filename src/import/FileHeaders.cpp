@@ -9,6 +9,7 @@ namespace mosaro::importing {
 namespace {
 
 constexpr double kMetresPerInch = 0.0254;
+constexpr qint64 kMostChunkBytes = qint64(64) << 20;
 
 quint32 big32(const QByteArray& bytes, qsizetype offset)
 {
@@ -59,7 +60,7 @@ BmpDibFields readDibFields(const QByteArray& head, quint32 dibSize)
     if (dibSize == 12)
         return {little16(head, 18), little16(head, 20), little16(head, 24), 0};
     return {static_cast<qint32>(little32(head, 18)), static_cast<qint32>(little32(head, 22)),
-            little16(head, 28), little32(head, 30)};
+            little16(head, 28), dibSize < 40 ? 0 : little32(head, 30)};
 }
 
 } // namespace
@@ -96,7 +97,8 @@ double dpiFromMetre(double pixelsPerMetre)
     return std::abs(dpi - whole) <= kMetresPerInch / 2 ? whole : dpi;
 }
 
-// Walks the chunks before the pixels.
+// Walks the chunks before the pixels. They must lie in the file and be of a sensible length: the decoder
+// fills memory for what one of them claims before it looks for it.
 std::optional<BitmapHeader> readPngHeader(QIODevice& file)
 {
     BitmapHeader header;
@@ -108,6 +110,8 @@ std::optional<BitmapHeader> readPngHeader(QIODevice& file)
         const qint64 length = big32(start, 0);
         const QByteArray name = start.mid(4, 4);
         if (name == "IDAT")
+            return header.size.isEmpty() ? std::nullopt : std::optional(header);
+        if (length > kMostChunkBytes || length > file.size() - offset)
             break;
         const QByteArray data = file.read(std::min<qint64>(length, 32));
         if (name == "IHDR" && data.size() >= 13)
@@ -118,9 +122,7 @@ std::optional<BitmapHeader> readPngHeader(QIODevice& file)
             header.dpi = dpiFromMetre(big32(data, 0));
         offset += length + 12;
     }
-    if (header.size.isEmpty())
-        return std::nullopt;
-    return header;
+    return std::nullopt;
 }
 
 std::optional<BitmapHeader> readBmpHeader(QIODevice& file)
@@ -141,11 +143,23 @@ std::optional<BitmapHeader> readBmpHeader(QIODevice& file)
     header.depth = dib.bits == 16 ? 5 : 8;
     if (dibSize >= 40)
         header.dpi = dpiFromMetre(static_cast<qint32>(little32(head, 38)));
-    // Only the longer headers have a mask for transparency.
-    header.hasAlpha = dib.bits == 32 && dibSize >= 56 && head.size() >= 70 && little32(head, 66) != 0;
+    // Only the longer headers have a mask for transparency, and those that say that they have one.
+    constexpr quint32 kMasks = 3;
+    constexpr quint32 kMasksWithAlpha = 6;
+    const bool isPacked = dib.bits == 32 || dib.bits == 16;
+    header.hasAlpha = isPacked && (dibSize >= 56 || dib.compression == kMasksWithAlpha) &&
+                      head.size() >= 70 && little32(head, 66) != 0;
+    const bool isMasked = dib.compression == kMasks || dib.compression == kMasksWithAlpha;
+    const bool hasWholeBytes = dib.bits == 1 || dib.bits == 2 || dib.bits == 4 || dib.bits == 8;
+    const bool isTooColorful =
+        dibSize >= 40 && hasWholeBytes && little32(head, 46) > (quint32(1) << dib.bits);
+    header.isRare =
+        (isPacked && isMasked) || (dib.compression == 0 && dibSize >= 40 && (dib.bits == 2 || isTooColorful));
     const bool runLength = dib.compression == 1 || dib.compression == 2;
+    const qint64 rowBytes = (dib.width * dib.bits + 31) / 32 * 4;
+    // So many rows may be claimed that no number can say their bytes.
     if (!runLength)
-        header.minimumBytes = little32(head, 10) + (dib.width * dib.bits + 31) / 32 * 4 * height;
+        header.minimumBytes = little32(head, 10) + rowBytes * std::min(height, (qint64(1) << 62) / rowBytes);
     return header;
 }
 
@@ -156,7 +170,9 @@ std::optional<BitmapHeader> readTgaHeader(QIODevice& file)
         return std::nullopt;
     const int kind = byteAt(head, 2) & ~8;
     const int bits = byteAt(head, 16);
-    const bool knownBits = kind == 2 ? bits == 15 || bits == 16 || bits == 24 || bits == 32 : bits == 8;
+    const bool withAlpha = kind == 3 && bits == 16;
+    const bool knownBits =
+        kind == 2 ? bits == 15 || bits == 16 || bits == 24 || bits == 32 : bits == 8 || withAlpha;
     if (kind < 1 || kind > 3 || !knownBits || byteAt(head, 1) > 1)
         return std::nullopt;
     BitmapHeader header;
@@ -165,9 +181,9 @@ std::optional<BitmapHeader> readTgaHeader(QIODevice& file)
         return std::nullopt;
     const int paletteBits = byteAt(head, 7);
     const int colorBits = kind == 1 ? paletteBits : bits;
-    header.depth = colorBits == 15 || colorBits == 16 ? 5 : 8;
     header.isGray = kind == 3;
-    header.hasAlpha = colorBits == 32 && (kind == 1 || (byteAt(head, 17) & 15) != 0);
+    header.depth = !header.isGray && (colorBits == 15 || colorBits == 16) ? 5 : 8;
+    header.hasAlpha = (colorBits == 32 || withAlpha) && (kind == 1 || (byteAt(head, 17) & 15) != 0);
     return header;
 }
 

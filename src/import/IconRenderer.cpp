@@ -1,10 +1,11 @@
 #include "import/RenderedDocument.h"
 
-#include "base/Text.h"
 #include "import/BitmapDecoder.h"
 #include "import/DocumentSupport.h"
+#include "import/FileHeaders.h"
 #include "import/IconFile.h"
 #include "import/ImageOperations.h"
+#include "import/MagickDecoder.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
@@ -19,6 +20,7 @@ struct IconPictures {
     QImage first;
     QImage largest;
     int count = 0;
+    std::optional<ImageMetadata> metadata = {}; ///< Where the file tells more than its pictures.
 };
 
 QImage readPicture(const QByteArray& bytes, const char* format, int number)
@@ -32,16 +34,16 @@ QImage readPicture(const QByteArray& bytes, const char* format, int number)
 
 QImage readJpeg2000(const QByteArray& bytes)
 {
-    ensureImageLibrary();
-    const VipsPtr image = vipsMake([&](VipsImage** out) {
-        return vips_jp2kload_buffer(const_cast<char*>(bytes.constData()),
-                                    static_cast<std::size_t>(bytes.size()), out, nullptr);
-    });
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    const std::optional<BitmapHeader> header = readJpeg2000Header(buffer);
     const int limit = analysisLimits().maxIconSide;
-    if (!image || image->Xsize > limit || image->Ysize > limit)
+    if (!header || header->size.width() > limit || header->size.height() > limit)
         return {};
-    const VipsPtr srgb = vipsToSrgb(image.get());
-    return srgb ? vipsToQImage(srgb.get(), false) : QImage();
+    const char* format = bytes.startsWith("\xff\x4f") ? "j2k" : "jp2";
+    const base::Result<QImage> picture = readByMagick({{}, format, {}, header->hasAlpha, bytes});
+    return picture ? picture.value() : QImage();
 }
 
 IconPictures readIco(const QByteArray& bytes)
@@ -104,27 +106,51 @@ ImageMetadata metadataOf(const QImage& picture)
     return metadata;
 }
 
-bool hasMarkOf(DocumentType type, const QByteArray& bytes)
+IconPictures readIconFile(const QByteArray& bytes, DocumentType type)
 {
-    return bytes.startsWith(type == DocumentType::Icns ? QByteArray("icns") : QByteArray("\0\0\1\0", 4));
+    const qint64 side = analysisLimits().maxIconSide;
+    const QSemaphoreReleaser memory = decodingMemory().take(bytes.size() + side * side * 4);
+    if (!hasOnlySmallPngs(bytes))
+        return {};
+    return type == DocumentType::Icns ? readIcns(bytes) : readIco(bytes);
+}
+
+/// A picture of one of the common formats, which many programs take for an icon and name like one.
+base::Result<IconPictures> readPlainPicture(const QString& path, DocumentType type)
+{
+    const base::Result<OpenedBitmap> bitmap = openBitmap(path, type);
+    if (!bitmap)
+        return bitmap.failure();
+    const QSize size = bitmap.value().storedSize();
+    if (std::max(size.width(), size.height()) > analysisLimits().maxIconSide)
+        return tooLargePicture(size);
+    const VipsPtr srgb = vipsToSrgb(bitmap.value().image.get());
+    const QImage picture = srgb ? vipsToQImage(srgb.get(), false) : QImage();
+    return IconPictures{picture, picture, 1, bitmap.value().metadata};
+}
+
+/// By what the file holds, whatever it is called.
+base::Result<IconPictures> readPictures(const QString& path, DocumentType named)
+{
+    const base::Result<QByteArray> file = readWholeFile(path, analysisLimits().maxIconBytes);
+    if (!file)
+        return file.failure();
+    const std::optional<DocumentType> type = markedTypeOf(file.value());
+    if (type == DocumentType::Icns || type == DocumentType::Ico)
+        return readIconFile(file.value(), *type);
+    if (!bitmapFormatOf(file.value(), named))
+        return otherContents(file.value(), named);
+    return readPlainPicture(path, *type);
 }
 
 } // namespace
 
 base::Result<RenderedDocument> renderIcon(const QString& path, DocumentType type)
 {
-    const base::Result<QByteArray> file = readWholeFile(path, analysisLimits().maxIconBytes);
-    if (!file)
-        return file.failure();
-    const QByteArray& bytes = file.value();
-    if (!hasMarkOf(type, bytes))
-        return base::Failure{base::text("Failure.Image.NotAPicture")};
-    if (!hasOnlySmallPngs(bytes))
-        return damagedPicture();
-
-    const qint64 side = analysisLimits().maxIconSide;
-    const QSemaphoreReleaser memory = decodingMemory().take(bytes.size() + side * side * 4);
-    const IconPictures pictures = type == DocumentType::Icns ? readIcns(bytes) : readIco(bytes);
+    const base::Result<IconPictures> read = readPictures(path, type);
+    if (!read)
+        return read.failure();
+    const IconPictures& pictures = read.value();
     if (pictures.first.isNull() || pictures.largest.isNull())
         return damagedPicture();
     const bool isTiny = pictures.largest.width() <= kSmallCanvas && pictures.largest.height() <= kSmallCanvas;
@@ -132,7 +158,7 @@ base::Result<RenderedDocument> renderIcon(const QString& path, DocumentType type
     document.preview =
         isTiny ? imageOnSmallCanvas(pictures.largest)
                : imageByScalingProportionallyToSize(pictures.largest, kPreviewBox, std::nullopt, true);
-    document.metadata = metadataOf(pictures.first);
+    document.metadata = pictures.metadata.value_or(metadataOf(pictures.first));
     document.hasFrames = pictures.count >= 2;
     return document;
 }

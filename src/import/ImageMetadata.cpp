@@ -1,5 +1,6 @@
 #include "import/ImageMetadata.h"
 
+#include <QFile>
 #include <QRegularExpression>
 #include <cmath>
 
@@ -39,16 +40,6 @@ QString stringField(VipsImage* image, const char* name)
     return QString::fromUtf8(text);
 }
 
-/// Texts of PNG files are kept as "png-comment-<number>-<keyword>".
-void* findPngSoftware(VipsImage* image, const char* name, GValue*, void* result)
-{
-    const QLatin1String field(name);
-    if (!field.startsWith(QLatin1String("png-comment-")) || !field.endsWith(QLatin1String("-Software")))
-        return nullptr;
-    *static_cast<QString*>(result) = stringField(image, name).trimmed();
-    return result;
-}
-
 /// 0 when the file does not say; the library's own default must not count.
 double jpegDpi(VipsImage* image)
 {
@@ -79,6 +70,10 @@ ImageMetadata metadataOfHeader(const BitmapHeader& header)
     metadata.depth = header.depth;
     metadata.hasAlpha = header.hasAlpha;
     metadata.colorModel = header.isGray ? QStringLiteral("Gray") : QStringLiteral("RGB");
+    if (!header.colorModel.isEmpty())
+        metadata.colorModel = header.colorModel;
+    metadata.profileName = header.profileName;
+    metadata.software = header.software;
     return metadata;
 }
 
@@ -89,7 +84,7 @@ base::Result<void> readMetadata(QIODevice& file, OpenedBitmap& bitmap)
     metadata.width = image->Xsize;
     metadata.height = image->Ysize;
     metadata.depth = 8;
-    metadata.hasAlpha = vips_image_hasalpha(image);
+    metadata.hasAlpha = image->Coding == VIPS_CODING_NONE && vips_image_hasalpha(image);
     metadata.colorModel = colorModelOf(image->Type);
     metadata.profileName = vipsProfileName(image);
     metadata.software = exifText(stringField(image, "exif-ifd0-Software"));
@@ -101,15 +96,10 @@ base::Result<void> readMetadata(QIODevice& file, OpenedBitmap& bitmap)
             metadata.depth = header->depth;
             dpi = header->dpi;
         }
-        QString software;
-        vips_image_map(image, findPngSoftware, &software);
-        if (!software.isEmpty())
-            metadata.software = software;
-    }
-    if (bitmap.format == BitmapFormat::Jpeg2000) {
-        if (const std::optional<BitmapHeader> header = readJpeg2000Header(file)) {
-            metadata.depth = header->depth > 0 ? header->depth : metadata.depth;
-            dpi = header->dpi;
+        QFile unbuffered(bitmap.path);
+        if (unbuffered.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+            const QString software = pngSoftware(unbuffered);
+            metadata.software = software.isEmpty() ? metadata.software : software;
         }
     }
     if (bitmap.format == BitmapFormat::Tiff) {

@@ -52,8 +52,10 @@ void readAttributes(StagedItem& staged, const QFileInfo& info)
 
 AnalysisResult analyseFile(const StagedItem& staged, const StagingSettings& settings)
 {
-    const int type = settings.classification.mediaContentTypeAsInteger(staged.sourcePath);
-    const AnalysisRequest request{staged.sourcePath, static_cast<DocumentType>(type), staged.item.kind};
+    const auto type =
+        static_cast<DocumentType>(settings.classification.mediaContentTypeAsInteger(staged.sourcePath));
+    const AnalysisRequest request{staged.sourcePath, type, staged.item.kind,
+                                  settings.classification.thumbnailerCommand(type)};
     try {
         return settings.analyse(request);
     } catch (const std::exception& problem) {

@@ -1,7 +1,9 @@
 #include "import/FileHeaders.h"
+#include "import/VipsSupport.h"
 
 #include <QIODevice>
 #include <QtEndian>
+#include <climits>
 #include <cmath>
 
 namespace mosaro::importing {
@@ -10,6 +12,13 @@ namespace {
 
 constexpr int kMostBoxes = 1000;
 constexpr int kDeepestBox = 2;
+constexpr qint64 kMostProfileBytes = 4 << 20;
+constexpr qint64 kMostChannelBytes = 64 << 10;
+constexpr qsizetype kSizeMarkerBytes = 45; ///< At the codestream's start, down to the first component.
+
+/// How the colours of the components are told.
+enum ColourMethod { Enumerated = 1, RestrictedProfile = 2, AnyProfile = 3 };
+enum ColourSpace { Cmyk = 12, Lab = 14, Gray = 17 };
 
 template <class Number>
 Number big(const QByteArray& bytes, qsizetype offset)
@@ -33,9 +42,46 @@ double resolutionAcross(const QByteArray& data)
     return below > 0 ? big<quint16>(data, 4) / below * std::pow(10.0, exponent) : 0;
 }
 
+quint32 dividedUp(quint32 number, quint32 by)
+{
+    return by == 0 ? 0 : number / by + (number % by == 0 ? 0 : 1);
+}
+
+/// The size is that of the first component, as decoders see it.
+void readCodestream(const QByteArray& bytes, BitmapHeader& header)
+{
+    if (bytes.size() < kSizeMarkerBytes || !bytes.startsWith("\xff\x4f\xff\x51"))
+        return;
+    const quint32 across = static_cast<uchar>(bytes.at(43));
+    const quint32 down = static_cast<uchar>(bytes.at(44));
+    const qint64 width =
+        qint64(dividedUp(big<quint32>(bytes, 8), across)) - dividedUp(big<quint32>(bytes, 16), across);
+    const qint64 height =
+        qint64(dividedUp(big<quint32>(bytes, 12), down)) - dividedUp(big<quint32>(bytes, 20), down);
+    if (width <= 0 || height <= 0 || std::max(width, height) > INT_MAX)
+        return;
+    header.size = {static_cast<int>(width), static_cast<int>(height)};
+    header.depth = depthOf(bytes.at(42));
+    const int components = big<quint16>(bytes, 40);
+    header.isGray = components < 3;
+    header.hasAlpha = components == 2 || components == 4;
+}
+
 class BoxReader {
 public:
     explicit BoxReader(QIODevice& file) : m_file(file) {}
+
+    [[nodiscard]] BitmapHeader result() const
+    {
+        BitmapHeader header = m_coded;
+        header.depth = m_depth.value_or(0) > 0 ? *m_depth : header.depth; // 0: of several depths.
+        header.dpi = m_header.dpi;
+        header.profileName = m_header.profileName;
+        header.colorModel = m_header.colorModel;
+        header.isGray = m_isGray.value_or(header.isGray);
+        header.hasAlpha = m_alpha.value_or(header.hasAlpha && !m_hasPalette && header.colorModel != u"CMYK");
+        return header;
+    }
 
     /// Reads the boxes from `at` to `end`.
     void read(qint64 at, qint64 end, int level = 0)
@@ -59,43 +105,89 @@ public:
         }
     }
 
-    BitmapHeader header;
-
 private:
     void take(const QByteArray& type, qint64 at, qint64 end, int level)
     {
         if ((type == "jp2h" || type == "res ") && level < kDeepestBox)
             return read(at, end, level + 1);
-        if ((type != "ihdr" && type != "resc" && type != "resd") || !m_file.seek(at))
+        if (type == "jp2c" && m_coded.size.isEmpty()) {
+            readCodestream(contents(at, end, kSizeMarkerBytes), m_coded);
+        } else if (type == "ihdr" && end - at >= 11) {
+            m_depth = depthOf(contents(at, end, 11).back());
+        } else if (type == "colr") {
+            takeColours(contents(at, end, kMostProfileBytes));
+        } else if (type == "cdef") {
+            takeChannels(contents(at, end, kMostChannelBytes));
+        } else if (type == "pclr") {
+            m_hasPalette = true;
+        } else if ((type == "resd" || type == "resc") && end - at >= 10) {
+            // How it is to be shown goes before how it was taken.
+            if (type == "resd" || m_header.dpi <= 0)
+                m_header.dpi = dpiFromMetre(resolutionAcross(contents(at, end, 10)));
+        }
+    }
+
+    QByteArray contents(qint64 at, qint64 end, qint64 atMost)
+    {
+        const qint64 length = std::min(end - at, atMost);
+        QByteArray data = m_file.seek(at) ? m_file.read(length) : QByteArray();
+        return data.leftJustified(length, '\0');
+    }
+
+    /// The first description is the one that counts.
+    void takeColours(const QByteArray& data)
+    {
+        if (data.size() < 7 || m_isGray)
             return;
-        const QByteArray data = m_file.read(std::min<qint64>(end - at, 14));
-        if (type == "ihdr" && data.size() >= 11)
-            header.depth = depthOf(data.at(10));
-        // How it is to be shown goes before how it was taken.
-        if (data.size() >= 10 && (type == "resd" || (type == "resc" && header.dpi <= 0)))
-            header.dpi = dpiFromMetre(resolutionAcross(data));
+        if (data.at(0) == Enumerated) {
+            const quint32 space = big<quint32>(data, 3);
+            m_isGray = space == Gray;
+            m_header.colorModel = space == Cmyk  ? QStringLiteral("CMYK")
+                                  : space == Lab ? QStringLiteral("Lab")
+                                                 : QString();
+        } else if (data.at(0) == RestrictedProfile || data.at(0) == AnyProfile) {
+            m_header.profileName = profileName(data.mid(3));
+            m_isGray = data.mid(3 + 16, 4) == "GRAY";
+        }
+    }
+
+    /// Number, meaning and relation of each: the meanings 1 and 2 are opacities.
+    void takeChannels(const QByteArray& data)
+    {
+        m_alpha = false;
+        for (qsizetype at = 2; at + 6 <= data.size(); at += 6) {
+            const int meaning = big<quint16>(data, at + 2);
+            m_alpha = *m_alpha || meaning == 1 || meaning == 2;
+        }
     }
 
     QIODevice& m_file;
     int m_boxes = 0;
+    BitmapHeader m_header; ///< Resolution and colours only.
+    BitmapHeader m_coded;
+    std::optional<int> m_depth;
+    std::optional<bool> m_isGray;
+    std::optional<bool> m_alpha;
+    bool m_hasPalette = false;
 };
 
 } // namespace
 
 std::optional<BitmapHeader> readJpeg2000Header(QIODevice& file)
 {
-    constexpr qsizetype kDepthOfFirstComponent = 42;
     if (!file.seek(0))
         return std::nullopt;
-    const QByteArray head = file.read(kDepthOfFirstComponent + 1);
-    if (head.size() <= kDepthOfFirstComponent)
-        return std::nullopt;
-    BoxReader reader(file);
-    if (head.startsWith("\xff\x4f"))
-        reader.header.depth = depthOf(head.at(kDepthOfFirstComponent));
-    else
+    BitmapHeader header;
+    if (const QByteArray head = file.peek(2); head == "\xff\x4f") {
+        readCodestream(file.read(kSizeMarkerBytes), header);
+    } else {
+        BoxReader reader(file);
         reader.read(0, file.size());
-    return reader.header;
+        header = reader.result();
+    }
+    if (header.size.isEmpty())
+        return std::nullopt;
+    return header;
 }
 
 } // namespace mosaro::importing

@@ -50,13 +50,13 @@ QImage pictureOfTiff(const QByteArray& bytes)
 
 base::Result<QImage> readByMagick(const MagickRequest& request)
 {
-    const PlainName name(request.path);
-    if (!name.isValid())
-        return base::Failure{base::text("Failure.Image.Unreadable")};
     const AnalysisLimits& limits = analysisLimits();
-    const base::Result<QByteArray> tiff =
-        runChild(program(), argumentsFor(request, name.path()),
-                 {limits.maxSeconds, limits.maxMagickMemory, limits.maxMagickOutput});
+    const ChildLimits child{limits.maxSeconds, limits.maxMagickMemory, limits.maxMagickOutput};
+    base::Result<QByteArray> tiff = base::Failure{base::text("Failure.Image.Unreadable")};
+    if (request.path.isEmpty())
+        tiff = runChild(program(), argumentsFor(request, QStringLiteral("-")), child, request.bytes);
+    else if (const PlainName name(request.path); name.isValid())
+        tiff = runChild(program(), argumentsFor(request, name.path()), child);
     if (!tiff)
         return tiff.failure();
     const QImage picture = pictureOfTiff(tiff.value());

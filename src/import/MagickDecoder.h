@@ -15,6 +15,7 @@ struct MagickRequest {
     QByteArray format; ///< Its name for the format, so that it does not look for itself.
     QSize size;        ///< Scaled to this; empty for the size it has.
     bool keepsAlpha = true;
+    QByteArray bytes = {}; ///< The file's contents, where `path` is empty.
 };
 
 /// The first picture of the file in sRGB, by its profile if it has one. Decoded in a child under limits.

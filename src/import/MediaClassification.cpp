@@ -93,6 +93,11 @@ QString MediaClassification::mediaContentType(const QString& path) const
     return type ? contentTypeName(*type) : QString();
 }
 
+QString MediaClassification::thumbnailerCommand(DocumentType type) const
+{
+    return m_thumbnailers.thumbnailerCommand(rowOfDocumentType(type).mimeNames);
+}
+
 int MediaClassification::mediaContentTypeAsInteger(const QString& path) const
 {
     if (path.isEmpty() || !QFileInfo::exists(path))

@@ -68,6 +68,8 @@ public:
     [[nodiscard]] int mediaContentTypeAsInteger(const QString& path) const;
     /// The row that the file name's extension leads to, with no look at the disk.
     [[nodiscard]] std::optional<DocumentType> documentTypeForExtension(const QString& extension) const;
+    /// Command line of the desktop's thumbnailer for the documents of a type, or empty.
+    [[nodiscard]] QString thumbnailerCommand(DocumentType type) const;
     [[nodiscard]] int mediaKindOfPath(const QString& path, QSize withSize) const;
 
     [[nodiscard]] bool installedAffinityDesigner() const;

@@ -8,6 +8,7 @@
 
 #include <QBuffer>
 #include <QImageReader>
+#include <algorithm>
 #include <cmath>
 
 namespace mosaro::importing {
@@ -15,6 +16,9 @@ namespace mosaro::importing {
 namespace {
 
 constexpr int kBytesPerPixel = 4;
+// Where a thin page fills the preview box, the drawing programs count millions of pixels along it, and know
+// numbers up to eight millions.
+constexpr double kMostTimesLonger = 20'000;
 
 /// Whole pixels that cover so many points. A hair more than a whole number is that number.
 QSize coveringPixels(QSizeF points)
@@ -69,6 +73,10 @@ base::Result<void> checkPageSize(QSizeF points)
     const double most = analysisLimits().maxSide;
     if (points.width() > most || points.height() > most)
         return tooLargePicture(coveringPixels(points.boundedTo({1e9, 1e9})));
+    const auto [shorter, longer] = std::minmax({points.width(), points.height()});
+    if (longer > shorter * kMostTimesLonger)
+        return base::Failure{base::text("Failure.Document.TooThin", QString::number(points.width()),
+                                        QString::number(points.height()))};
     return {};
 }
 

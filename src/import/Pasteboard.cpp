@@ -11,7 +11,7 @@ QStringList filesOf(const QMimeData& data)
     QStringList paths;
     const QList<QUrl> urls = data.urls();
     for (const QUrl& url : urls) {
-        if (url.isLocalFile()) {
+        if (url.isLocalFile() && !url.toLocalFile().isEmpty()) {
             paths.append(url.toLocalFile());
         }
     }

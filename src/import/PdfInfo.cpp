@@ -81,7 +81,10 @@ PdfInfo parsedPdfInfo(const QByteArray& output)
 {
     const QList<QByteArray> lines = output.split('\n');
     const QHash<QByteArray, QByteArray> texts = textsOf(lines);
-    const auto text = [&texts](const char* label) { return QString::fromUtf8(texts.value(label)); };
+    // Some writers end a text with a zero.
+    const auto text = [&texts](const char* label) {
+        return QString::fromUtf8(texts.value(label)).remove(QChar(u'\0'));
+    };
     PdfInfo info;
     info.metadata.title = text("Title:");
     info.metadata.author = text("Author:");

@@ -1,13 +1,14 @@
 #include "import/RenderedDocument.h"
 
 #include "base/Text.h"
+#include "import/BitmapDecoder.h"
+#include "import/DocumentSupport.h"
 #include "import/ImageOperations.h"
 #include "import/PageDrawing.h"
 #include "import/PdfInfo.h"
 #include "import/PostScriptDocument.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <algorithm>
 
 namespace mosaro::importing {
@@ -21,43 +22,32 @@ base::Failure encryptedDocument()
     return {base::text("Failure.Document.Encrypted")};
 }
 
-/// Where a document could not be opened: whether that may be for want of a password.
-bool mentionsEncryption(const QString& path)
+/// Of a document that could not be opened: whether that may be for want of a password, or it is another one.
+base::Failure whyUnreadable(QFile& file, const base::Failure& otherwise)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
     // Whatever opens the document's tables stands near one of its ends.
     constexpr qint64 kEnd = qint64(64) * 1024;
     QByteArray ends = file.read(kEnd);
+    const std::optional<DocumentType> type = markedTypeOf(ends);
+    if (type && *type != DocumentType::Pdf)
+        return otherContents(ends, DocumentType::Pdf);
     file.seek(std::max<qint64>(0, file.size() - kEnd));
     ends += file.read(kEnd);
-    return ends.contains("/Encrypt");
-}
-
-base::Result<void> checkFile(const QString& path)
-{
-    const QFileInfo file(path);
-    if (!file.isFile() || !file.isReadable())
-        return base::Failure{base::text("Failure.Image.Unreadable")};
-    if (file.size() == 0)
-        return base::Failure{base::text("Failure.Image.Empty")};
-    if (file.size() > analysisLimits().maxFileBytes)
-        return base::Failure{base::text("Failure.Image.FileTooLarge")};
-    return {};
+    return ends.contains("/Encrypt") ? encryptedDocument() : otherwise;
 }
 
 base::Result<PdfInfo> readInfo(const QString& path)
 {
-    const base::Result<void> file = checkFile(path);
-    if (!file)
-        return file.failure();
+    QFile file(path);
+    const base::Result<void> opened = openDocument(file);
+    if (!opened)
+        return opened.failure();
     const base::Result<QByteArray> output = runChild(QStringLiteral("pdfinfo"),
                                                      {QStringLiteral("-box"), QStringLiteral("-isodates"),
                                                       QStringLiteral("-enc"), QStringLiteral("UTF-8"), path},
                                                      pageChildLimits());
     if (!output)
-        return mentionsEncryption(path) ? encryptedDocument() : output.failure();
+        return whyUnreadable(file, output.failure());
     const PdfInfo info = parsedPdfInfo(output.value());
     for (const QSizeF size : {info.pageSize, info.mediaBox}) {
         const base::Result<void> checked = checkPageSize(size);

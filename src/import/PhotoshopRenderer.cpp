@@ -1,14 +1,13 @@
 #include "import/RenderedDocument.h"
 
-#include "base/Text.h"
 #include "import/BitmapDecoder.h"
 #include "import/DocumentSupport.h"
 #include "import/ImageOperations.h"
 #include "import/MagickDecoder.h"
-#include "import/PhotoshopHeader.h"
+#include "import/PhotoshopPixels.h"
 
 #include <QFile>
-#include <QFileInfo>
+#include <algorithm>
 
 namespace mosaro::importing {
 
@@ -29,21 +28,26 @@ QSize sizeToDecode(QSize pixels)
 base::Result<RenderedDocument> renderPhotoshop(const QString& path)
 {
     QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return base::Failure{base::text("Failure.Image.Unreadable")};
-    if (file.size() == 0)
-        return base::Failure{base::text("Failure.Image.Empty")};
-    if (!file.peek(4).startsWith("8BPS"))
-        return base::Failure{base::text("Failure.Image.NotAPicture")};
+    const base::Result<void> opened = openDocument(file);
+    if (!opened)
+        return opened.failure();
+    const QByteArray head = file.peek(kTypeHeadBytes);
+    if (!head.startsWith("8BPS"))
+        return otherContents(head, DocumentType::Photoshop);
     const std::optional<ImageMetadata> metadata = readPhotoshopHeader(file);
     if (!metadata)
         return damagedPicture();
     const QSize pixels(metadata->width, metadata->height);
-    if (qint64(pixels.width()) * pixels.height() > analysisLimits().maxPixelsWithoutStreaming)
+    const AnalysisLimits& limits = analysisLimits();
+    if (std::max(pixels.width(), pixels.height()) > limits.maxSide ||
+        qint64(pixels.width()) * pixels.height() > limits.maxPixelsWithoutStreaming)
         return tooLargePicture(pixels);
 
-    const base::Result<QImage> picture =
-        readByMagick({path, "psd", sizeToDecode(pixels), metadata->hasAlpha});
+    const QSize wanted = sizeToDecode(pixels);
+    const std::optional<PhotoshopPixels> layout = readPhotoshopLayout(file);
+    const bool isOwn = layout && hasReadablePixels(file, *layout);
+    const base::Result<QImage> picture = isOwn ? readPhotoshopPixels(file, *layout, wanted)
+                                               : readByMagick({path, "psd", wanted, metadata->hasAlpha});
     if (!picture)
         return picture.failure();
     RenderedDocument document;

@@ -1,6 +1,7 @@
 #include "import/RenderedDocument.h"
 
 #include "base/Text.h"
+#include "import/BitmapDecoder.h"
 #include "import/DocumentSupport.h"
 #include "import/ImageOperations.h"
 #include "import/PageDrawing.h"
@@ -52,6 +53,17 @@ QStringList interpreterArguments(QPointF corner, QSizeF dotsPerInch, QSize pixel
             QStringLiteral("showpage")};
 }
 
+base::Failure withoutPage()
+{
+    return {base::text("Failure.PostScript.NoPage")};
+}
+
+/// Fonts, tables and procedures for printers are PostScript too; by themselves, some stop with an error.
+bool isResource(const PostScriptDocument& document)
+{
+    return !document.hasBoundingBox && !document.program.contains("showpage");
+}
+
 PageDrawer firstPage(const PostScriptDocument& document)
 {
     return [&document](const QRectF& part, QSize pixels) -> base::Result<QImage> {
@@ -61,6 +73,9 @@ PageDrawer firstPage(const PostScriptDocument& document)
         const base::Result<QByteArray> png =
             runChild(QStringLiteral("gs"), interpreterArguments(corner, dotsPerInch, pixels),
                      pageChildLimits(), document.program);
+        const bool drawsNothing = png ? png.value().isEmpty() : isResource(document);
+        if (drawsNothing)
+            return withoutPage();
         return png ? drawnPicture(png.value(), pixels) : base::Result<QImage>(png.failure());
     };
 }
@@ -72,7 +87,7 @@ base::Result<PostScriptDocument> readDocument(const QString& path)
         return bytes.failure();
     const std::optional<PostScriptDocument> document = postScriptDocument(bytes.value());
     if (!document)
-        return base::Failure{base::text("Failure.Image.NotAPicture")};
+        return otherContents(bytes.value().left(64), DocumentType::Eps);
     const base::Result<void> size = checkPageSize(document->boundingBox.size());
     if (!size)
         return size.failure();
@@ -107,9 +122,8 @@ base::Result<RenderedDocument> renderPostScript(const QString& path)
     if (!pictures)
         return pictures.failure();
     const Coverage coverage = coverageOf(pictures.value().fullSize);
-    // Fonts, tables and procedures for printers are PostScript too.
     if (coverage == Coverage::None && !document.value().hasBoundingBox)
-        return base::Failure{base::text("Failure.Image.NotAPicture")};
+        return withoutPage();
     RenderedDocument result;
     result.preview = pictures.value().preview;
     result.fullSize = pictures.value().fullSize;

@@ -3,7 +3,7 @@
 #include "import/Analysis.h"
 #include "import/VipsSupport.h"
 
-#include <QIODevice>
+#include <QBuffer>
 #include <QtEndian>
 #include <algorithm>
 
@@ -79,6 +79,13 @@ QImage readPlainPixels(const QByteArray& data, const Description& description)
     return image;
 }
 
+bool isPng(const QByteArray& data)
+{
+    QBuffer buffer;
+    buffer.setData(data);
+    return buffer.open(QIODevice::ReadOnly) && readPngHeader(buffer);
+}
+
 QImage readCoded(const QByteArray& data, const Description& description)
 {
     ensureImageLibrary();
@@ -87,7 +94,7 @@ QImage readCoded(const QByteArray& data, const Description& description)
     const VipsPtr image = vipsMake([&](VipsImage** out) {
         if (description.codec == "jpeg")
             return vips_jpegload_buffer(bytes, length, out, "fail_on", VIPS_FAIL_ON_TRUNCATED, nullptr);
-        if (description.codec == "png ")
+        if (description.codec == "png " && isPng(data))
             return vips_pngload_buffer(bytes, length, out, "fail_on", VIPS_FAIL_ON_TRUNCATED, nullptr);
         if (description.codec == "tiff")
             return vips_tiffload_buffer(bytes, length, out, "fail_on", VIPS_FAIL_ON_TRUNCATED, nullptr);

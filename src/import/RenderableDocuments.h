@@ -11,6 +11,10 @@ public:
     explicit RenderableDocuments(const platform::ThumbnailerLookup& desktop) : m_desktop(desktop) {}
 
     [[nodiscard]] bool hasThumbnailer(const QStringList& mimeTypes) const override;
+    [[nodiscard]] QString thumbnailerCommand(const QStringList& mimeTypes) const override
+    {
+        return m_desktop.thumbnailerCommand(mimeTypes);
+    }
 
 private:
     const platform::ThumbnailerLookup& m_desktop;

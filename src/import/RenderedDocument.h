@@ -26,12 +26,15 @@ struct RenderedDocument {
 [[nodiscard]] base::Result<RenderedDocument> renderPdf(const QString& path);
 [[nodiscard]] base::Result<RenderedDocument> renderIllustrator(const QString& path);
 [[nodiscard]] base::Result<RenderedDocument> renderPostScript(const QString& path);
-[[nodiscard]] base::Result<RenderedDocument> renderSvg(const QString& path);
+[[nodiscard]] base::Result<RenderedDocument> renderSvg(const QString& path,
+                                                       const AnalysisLimits& limits = analysisLimits());
 /// Icns and Ico: several representations in one file.
 [[nodiscard]] base::Result<RenderedDocument> renderIcon(const QString& path, DocumentType type);
 [[nodiscard]] base::Result<RenderedDocument> renderPhotoshop(const QString& path);
 [[nodiscard]] base::Result<RenderedDocument> renderCameraRaw(const QString& path);
-/// The types from AffinityDesigner on: by the preview that the document carries.
-[[nodiscard]] base::Result<RenderedDocument> renderDesignDocument(const QString& path, DocumentType type);
+/// The types from AffinityDesigner on: by the preview that the document carries, else by a thumbnailer of the
+/// desktop, if there is one.
+[[nodiscard]] base::Result<RenderedDocument> renderDesignDocument(const QString& path, DocumentType type,
+                                                                  const QString& thumbnailer);
 
 } // namespace mosaro::importing

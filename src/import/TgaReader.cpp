@@ -10,10 +10,13 @@ namespace mosaro::importing {
 
 namespace {
 
+QRgb grayOf(const uchar* bytes, bool alpha)
+{
+    return qRgba(bytes[0], bytes[0], bytes[0], alpha ? bytes[1] : 255);
+}
+
 QRgb colorOf(const uchar* bytes, int bits, bool alpha)
 {
-    if (bits == 8)
-        return qRgb(bytes[0], bytes[0], bytes[0]);
     if (bits <= 16) {
         const int value = bytes[0] | bytes[1] << 8;
         const auto wide = [](int five) { return (five << 3) | (five >> 2); };
@@ -114,7 +117,11 @@ QImage readTga(QIODevice& file)
             const uchar* pixel = source.next();
             if (!pixel || (byPalette && *pixel >= palette.size()))
                 return {};
-            line[column] = byPalette ? palette[*pixel] : colorOf(pixel, bits, header->hasAlpha);
+            if (byPalette)
+                line[column] = palette[*pixel];
+            else
+                line[column] =
+                    header->isGray ? grayOf(pixel, header->hasAlpha) : colorOf(pixel, bits, header->hasAlpha);
         }
     }
     return descriptor & 16 ? image.mirrored(true, false) : image;

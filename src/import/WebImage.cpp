@@ -23,6 +23,7 @@ QString lastPathComponent(const QUrl& url)
 
 QString shortened(QString name)
 {
+    name.truncate(kLongestName);
     while (name.toUtf8().size() > kLongestName) {
         name.chop(1);
     }
@@ -70,7 +71,7 @@ std::optional<LoosePicture> downloadedPicture(const QUrl& url, const QByteArray&
     } else if (!isWebPage(data)) {
         const QString name = lastPathComponent(url);
         picture.suffix = pathExtension(url);
-        picture.name = shortened(name.chopped(picture.suffix.size() + 1));
+        picture.name = shortened(name.left(name.lastIndexOf(QLatin1Char('.'))));
     }
     picture.address = QString::fromLatin1(url.toEncoded());
     return data.isEmpty() || picture.suffix.isEmpty() ? std::nullopt : std::optional(picture);

@@ -21,11 +21,13 @@ public:
     [[nodiscard]] virtual bool inherits(const QString& mime, const QString& ancestor) const = 0;
 };
 
-/// Whether a desktop thumbnailer is registered for one of the MIME names.
+/// The desktop thumbnailers that are registered for MIME names. Safe to call on any thread.
 class ThumbnailerLookup {
 public:
     virtual ~ThumbnailerLookup() = default;
     [[nodiscard]] virtual bool hasThumbnailer(const QStringList& mimeTypes) const = 0;
+    /// Its command line, with fields as "%i" in it, for the first of the names that has one; else empty.
+    [[nodiscard]] virtual QString thumbnailerCommand(const QStringList& mimeTypes) const = 0;
 };
 
 /// What the desktop knows of a file beside its contents. Safe to call on any thread.

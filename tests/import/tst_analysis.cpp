@@ -1,12 +1,7 @@
-#include "import/Analysis.h"
-
-#include "base/Text.h"
 #include "import/ImageOperations.h"
-#include "support/Pictures.h"
+#include "import/RendererTest.h"
 
-#include <QTemporaryDir>
 #include <QThreadPool>
-#include <QtTest>
 #include <atomic>
 
 using namespace mosaro;
@@ -36,6 +31,7 @@ bool near(const QColor& color, const QColor& expected, int tolerance)
     QVERIFY2(near(actual, expected, tolerance), qPrintable((actual).name() + u" for "_s + (expected).name()))
 
 struct SizeRow {
+    QString name;
     QSize size, preview;
     std::optional<QPoint> clear; ///< Transparent there, or black in a JPEG.
     QPoint filled;
@@ -49,16 +45,10 @@ struct FramesRow {
     bool frames;
 };
 
-class tst_Analysis : public QObject {
+class tst_Analysis : public RendererTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        setUpImageLibrary("tst_analysis");
-    }
-
     // Every format the long way: right size, right bytes by name, corners in their places, right facts.
     void formats_data()
     {
@@ -117,82 +107,33 @@ private Q_SLOTS:
                  facts);
     }
 
-    void previewSizes_data()
-    {
-        QTest::addColumn<SizeRow>("row");
-        const auto row = [](const char* name, const SizeRow& given) { QTest::newRow(name) << given; };
-        row("band.png", {{5000, 150}, kPreviewBox, QPoint(230, 170), {230, 180}});
-        row("edge over the fill limit.png", {{5000, 201}, kPreviewBox, {}, {0, 0}});
-        row("edge at the fill limit.png", {{5000, 200}, kPreviewBox, QPoint(230, 169), {230, 175}});
-        row("pillar.png", {{200, 5000}, kPreviewBox, QPoint(221, 180), {230, 180}});
-        row("dot.png", {{1, 1}, {132, 132}, QPoint(64, 64), {65, 65}});
-        row("own size.png", {{300, 200}, kPreviewBox, QPoint(79, 80), {80, 80}});
-        row("tiny.gif", {{100, 100}, {132, 132}, QPoint(15, 50), {16, 50}});
-        row("tiny.jpg", {{40, 40}, {132, 132}, QPoint(20, 20), {60, 60}});
-        row("largest tiny.png", {{132, 132}, {132, 132}, {}, {0, 0}});
-        row("just over.png", {{133, 132}, kPreviewBox, QPoint(0, 0), {230, 180}});
-        row("enlarged.png", {{470, 210}, kPreviewBox, {}, {0, 0}});
-        row("dpi does not count.tif", {{1200, 900}, kPreviewBox, {}, {0, 0}});
-    }
     void previewSizes()
     {
-        QFETCH(SizeRow, row);
-        const QString name = QString::fromLatin1(QTest::currentDataTag());
-        const QString path = file(name);
-        QVERIFY(writePages(path, {test::plain(row.size, QColor(250, 250, 250))}, 300));
-        const AnalysisResult result = analysed(path, typeOf(name));
-        QVERIFY(result.outcome.ok());
-        const QImage shown = QImage::fromData(result.preview);
-        QCOMPARE(shown.size(), row.preview);
-        QVERIFY(near(shown.pixelColor(row.filled), QColor(250, 250, 250), 3));
-        if (row.clear) {
-            const QColor clear = shown.pixelColor(*row.clear);
-            QVERIFY(clear.alpha() == 0 || near(clear, Qt::black, 8));
-        }
+        const SizeRow rows[] = {
+            {u"band.png"_s, {5000, 150}, kPreviewBox, QPoint(230, 170), {230, 180}},
+            {u"edge over the fill limit.png"_s, {5000, 201}, kPreviewBox, {}, {0, 0}},
+            {u"edge at the fill limit.png"_s, {5000, 200}, kPreviewBox, QPoint(230, 169), {230, 175}},
+            {u"pillar.png"_s, {200, 5000}, kPreviewBox, QPoint(221, 180), {230, 180}},
+            {u"dot.png"_s, {1, 1}, {132, 132}, QPoint(64, 64), {65, 65}},
+            {u"own size.png"_s, {300, 200}, kPreviewBox, QPoint(79, 80), {80, 80}},
+            {u"tiny.gif"_s, {100, 100}, {132, 132}, QPoint(15, 50), {16, 50}},
+            {u"tiny.jpg"_s, {40, 40}, {132, 132}, QPoint(20, 20), {60, 60}},
+            {u"largest tiny.png"_s, {132, 132}, {132, 132}, {}, {0, 0}},
+            {u"just over.png"_s, {133, 132}, kPreviewBox, QPoint(0, 0), {230, 180}},
+            {u"enlarged.png"_s, {470, 210}, kPreviewBox, {}, {0, 0}},
+            {u"dpi does not count.tif"_s, {1200, 900}, kPreviewBox, {}, {0, 0}},
+        };
+        for (const SizeRow& row : rows)
+            expectPreview(row);
     }
 
     // Upright whatever the camera noted, at full size and shrunk, cropped and fitted.
-    void orientation_data()
-    {
-        QTest::addColumn<int>("orientation");
-        QTest::addColumn<QSize>("stored");
-        for (int orientation = 1; orientation <= 8; ++orientation) {
-            for (const QSize size : {QSize(1000, 600), QSize(4000, 3000), QSize(200, 140), QSize(90, 120)})
-                QTest::addRow("%d at %d by %d", orientation, size.width(), size.height())
-                    << orientation << size;
-        }
-    }
     void orientation()
     {
-        QFETCH(int, orientation);
-        QFETCH(QSize, stored);
-        // What a camera stores so that the quarters come out upright: the way back of each turn.
-        struct Turn {
-            int degrees;
-            bool horizontally, vertically;
-        };
-        static const Turn turns[] = {{0, false, false},  {0, true, false},  {0, true, true},
-                                     {0, false, true},   {90, true, false}, {270, false, false},
-                                     {270, true, false}, {90, false, false}};
-        const Turn& turn = turns[orientation - 1];
-        const QImage image = test::quarters(orientation >= 5 ? stored.transposed() : stored)
-                                 .transformed(QTransform().rotate(turn.degrees))
-                                 .mirrored(turn.horizontally, turn.vertically);
-        QCOMPARE(image.size(), stored);
-        const QString path = file(u"turned.jpg"_s);
-        QVERIFY(test::writeJpeg(path, image, {.orientation = orientation}));
-        const AnalysisResult result = analysed(path, DocumentType::Jpeg);
-        QVERIFY(result.outcome.ok());
-        const QImage preview = QImage::fromData(result.preview);
-        QCOMPARE(preview.size(), stored.width() <= 132 ? QSize(132, 132) : kPreviewBox);
-        const int x = preview.width() / 2;
-        const int y = preview.height() / 2;
-        COMPARE_COLOR(preview.pixelColor(x - 20, y - 20), QColor(255, 0, 0), 20);
-        COMPARE_COLOR(preview.pixelColor(x + 20, y - 20), QColor(0, 255, 0), 20);
-        COMPARE_COLOR(preview.pixelColor(x - 20, y + 20), QColor(0, 0, 255), 20);
-        COMPARE_COLOR(preview.pixelColor(x + 20, y + 20), QColor(255, 255, 255), 20);
-        // The facts are those of the file as it is stored.
-        QCOMPARE(QSize(result.metadata.width, result.metadata.height), stored);
+        for (int orientation = 1; orientation <= 8; ++orientation) {
+            for (const QSize size : {QSize(1000, 600), QSize(4000, 3000), QSize(200, 140), QSize(90, 120)})
+                expectUpright(orientation, size);
+        }
     }
 
     // The colour as it looks, not the numbers in the file.
@@ -256,104 +197,110 @@ private Q_SLOTS:
         const AnalysisResult result = analysed(png, DocumentType::Png);
         QCOMPARE(result.metadata.software, odd);
         QCOMPARE(result.metadata.colorModel, u"Gray"_s);
+        const QByteArray bomb = qCompress(QByteArray(1 << 20, 'x')).mid(4);
+        const QByteArray packed = qCompress("Tööl").mid(4);
+        const std::tuple<const char*, QByteArray, QString> behindPixels[] = {
+            {"tEXt", QByteArray("Software\0T\xf6\xf6l", 13), u"Tööl"_s},
+            {"zTXt", QByteArray("Software\0\0", 10) + qCompress("Tool").mid(4), u"Tool"_s},
+            {"iTXt", QByteArray("Software\0\0\0de\0Programm\0Tööl", 29), u"Tööl"_s},
+            {"iTXt", QByteArray("Software\0\1\0\0\0", 13) + packed, u"Tööl"_s},
+            {"zTXt", QByteArray("Software\0\0", 10) + bomb, {}},
+            {"iTXt", QByteArray("Software\0\0\0de", 13), {}},
+            {"tEXt", QByteArray("Author\0Tool", 11), {}},
+        };
+        for (const auto& [name, data, software] : behindPixels) {
+            QVERIFY(test::writePng(png, image));
+            test::writeBytes(png, test::pngWithChunk(test::fileBytes(png), name, data));
+            QCOMPARE(analysed(png, DocumentType::Png).metadata.software, software);
+        }
     }
 
-    void kindsAndFrames_data()
-    {
-        QTest::addColumn<FramesRow>("row");
-        const auto row = [](const char* title, const FramesRow& given) { QTest::newRow(title) << given; };
-        using K = MediaKind;
-        row("still gif", {u"a.gif"_s, 1, {320, 240}, K::Unset, K::Phone, false});
-        row("animated gif", {u"a.gif"_s, 3, {320, 240}, K::Unset, K::AnimatedGif, true});
-        row("animated gif from the web", {u"a.gif"_s, 2, {50, 50}, K::Web, K::AnimatedGif, true});
-        row("still gif from the web", {u"a.gif"_s, 1, {50, 50}, K::Web, K::Web, false});
-        row("one page", {u"a.tif"_s, 1, {1280, 960}, K::Unset, K::Wallpaper, false});
-        row("two pages", {u"a.tif"_s, 2, {1280, 960}, K::Unset, K::Wallpaper, true});
-        row("screen capture", {u"a.png"_s, 1, {1280, 960}, K::Screen, K::Screen, false});
-    }
     void kindsAndFrames()
     {
-        QFETCH(FramesRow, row);
-        std::vector<QImage> images;
-        for (int page = 0; page < row.pages; ++page)
-            images.push_back(test::plain(row.size, QColor::fromHsv(page * 90, 200, 200)));
-        const QString path = file(row.name);
-        QVERIFY(writePages(path, images));
-        const AnalysisResult result = analyse({path, typeOf(row.name), row.asked});
-        QVERIFY(result.outcome.ok());
-        QCOMPARE(result.kind, row.kind);
-        QCOMPARE(result.hasFrames, row.frames);
-        // Always the first frame, at its own height.
-        QCOMPARE(QSize(result.metadata.width, result.metadata.height), row.size);
-        const QImage preview = QImage::fromData(result.preview);
-        COMPARE_COLOR(preview.pixelColor(preview.rect().center()), QColor::fromHsv(0, 200, 200), 6);
+        using K = MediaKind;
+        const FramesRow rows[] = {
+            {u"a.gif"_s, 1, {320, 240}, K::Unset, K::Phone, false},
+            {u"a.gif"_s, 3, {320, 240}, K::Unset, K::AnimatedGif, true},
+            {u"a.gif"_s, 2, {50, 50}, K::Web, K::AnimatedGif, true}, // animated gif from the web
+            {u"a.gif"_s, 1, {50, 50}, K::Web, K::Web, false},        // still gif from the web
+            {u"a.tif"_s, 1, {1280, 960}, K::Unset, K::Wallpaper, false},
+            {u"a.tif"_s, 2, {1280, 960}, K::Unset, K::Wallpaper, true},
+            {u"a.png"_s, 1, {1280, 960}, K::Screen, K::Screen, false}, // screen capture
+        };
+        for (const FramesRow& row : rows) {
+            std::vector<QImage> images;
+            for (int page = 0; page < row.pages; ++page)
+                images.push_back(test::plain(row.size, QColor::fromHsv(page * 90, 200, 200)));
+            const QString path = file(row.name);
+            QVERIFY(writePages(path, images));
+            const AnalysisResult result = analyse({path, typeOf(row.name), row.asked});
+            QVERIFY(result.outcome.ok());
+            QCOMPARE(result.kind, row.kind);
+            QCOMPARE(result.hasFrames, row.frames);
+            // Always the first frame, at its own height.
+            QCOMPARE(QSize(result.metadata.width, result.metadata.height), row.size);
+            const QImage preview = QImage::fromData(result.preview);
+            COMPARE_COLOR(preview.pixelColor(preview.rect().center()), QColor::fromHsv(0, 200, 200), 6);
+        }
+    }
+
+    void kindsOfDrawings()
+    {
+        using K = MediaKind;
+        const std::tuple<const char*, K, K> rows[] = {
+            {"1024", K::Unset, K::Tablet}, {"1024.5", K::Unset, K::Other}, {"1024", K::Web, K::Web}};
+        for (const auto& [width, asked, kind] : rows) {
+            const QByteArray svg =
+                QByteArray("<svg xmlns='http://www.w3.org/2000/svg' height='768' width='") + width;
+            QVERIFY(test::writeBytes(file(u"a.svg"_s), svg + "'/>"));
+            QCOMPARE(analyse({file(u"a.svg"_s), DocumentType::Svg, asked}).kind, kind);
+        }
     }
 
     // Nothing of a damaged or hostile file gets through, and each says why.
-    void hostile_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<double>("keep");
-        for (const char* name : {"plain.jpg", "progressive.jpg", "plain.png", "interlaced.png", "plain.gif",
-                                 "plain.tif", "plain.bmp", "color.tga", "runs.tga"}) {
-            for (const double keep : {0.001, 0.3, 0.9})
-                QTest::addRow("%s cut to %g", name, keep) << QString::fromLatin1(name) << keep;
-        }
-    }
     void hostile()
     {
-        QFETCH(QString, name);
-        QFETCH(double, keep);
-        const QString path = file(name);
-        QVERIFY(writePicture(path, u"noise-"_s + name, {400, 1200}));
-        QVERIFY(analysed(path, typeOf(name)).outcome.ok());
-        QVERIFY(test::cutOff(path, keep));
-        const AnalysisResult result = analysed(path, typeOf(name));
-        QVERIFY(!result.outcome.ok());
-        QVERIFY(result.outcome.reason().size() > 20 && !result.outcome.reason().startsWith("Failure."_L1));
-        QVERIFY(result.preview.isEmpty());
+        for (const char* tag : {"plain.jpg", "progressive.jpg", "plain.png", "interlaced.png", "plain.gif",
+                                "plain.tif", "plain.bmp", "color.tga", "runs.tga"}) {
+            for (const double keep : {0.001, 0.3, 0.9})
+                expectCutOffIsRefused(QString::fromLatin1(tag), keep);
+        }
     }
 
-    void refusedWithAReason_data()
+    void refusedWithAReason()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("type");
-        QTest::addColumn<QString>("words");
-        const auto row = [](const char* name, const QByteArray& bytes, DocumentType type, const char* words) {
-            QTest::newRow(name) << bytes << static_cast<int>(type) << QString::fromUtf8(words);
-        };
         using T = DocumentType;
-        row("empty", {}, T::Png, "empty");
-        row("text", "Dear diary, this is no picture.", T::Png, "holds no picture that can be imported");
-        row("markup", "<svg/>", T::Jpeg, "holds no picture that can be imported");
-        row("png named jpg", test::pngThatClaims(10, 10), T::Jpeg, "holds a “PNG Image”");
-        row("jpeg named tga", "\xff\xd8\xff", T::Tga, "holds a “JPEG Image”");
-        row("only a mark", "\x89PNG\r\n\x1a\n", T::Png, "damaged");
-        row("only a jpeg mark", "\xff\xd8\xff", T::Jpeg, "damaged");
-        row("nothing but zeros", QByteArray(4096, '\0'), T::Tga, "damaged");
-        row("too many pixels", test::pngThatClaims(90000, 90000), T::Png, "90000 by 90000");
-        row("too wide", test::pngThatClaims(2000000000, 1), T::Png, "2000000000 by 1");
-        row("says more than it has", test::pngThatClaims(20000, 20000), T::Png, "damaged");
-        row("no size", test::pngThatClaims(0, 0), T::Png, "damaged");
-        row("huge bmp", hugeBmp(), T::Bmp, "by");
-        row("huge tga", QByteArray("\0\0\2\0\0\0\0\0\0\0\0\0\xff\xff\xff\xff\x18\0", 18), T::Tga,
-            "65535 by 65535");
         // The directory, at the file's end but for six bytes, names itself as the next one.
         QByteArray loop = test::plainTiff(test::quarters({20, 20}), {});
         loop.replace(loop.size() - 4 - 6, 4, loop.mid(4, 4));
-        row("tiff in a loop", loop, T::Tiff, "damaged");
-        row("tiff without a directory", QByteArray("II*\0\xff\xff\xff\x7f", 8), T::Tiff, "damaged");
-    }
-    void refusedWithAReason()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, type);
-        QFETCH(QString, words);
-        const QString path = file(u"hostile"_s);
-        QVERIFY(test::writeBytes(path, bytes));
-        const AnalysisResult result = analysed(path, type);
-        QVERIFY(!result.outcome.ok());
-        QVERIFY2(result.outcome.reason().contains(words), qPrintable(result.outcome.reason()));
+        const std::tuple<QByteArray, T, const char*> rows[] = {
+            {{}, T::Png, "empty"},
+            {"Dear diary, this is no picture.", T::Png, "holds no picture that can be imported"},
+            {"<svg/>", T::Jpeg, "holds a “Scalable Vector Graphics (SVG)”"},
+            {test::pngThatClaims(10, 10), T::Jpeg, "holds a “PNG Image”"},
+            {"\xff\xd8\xff", T::Tga, "holds a “JPEG Image”"},
+            {QByteArray("\0\0\1\0\1\0", 6), T::Png, "holds a “Microsoft Icon Image”"},
+            {test::pngThatClaims(10, 10), T::Photoshop, "holds a “PNG Image”"},
+            {test::pngThatClaims(10, 10), T::Pdf, "holds a “PNG Image”"},
+            {"%PDF-1.4", T::Eps, "holds a “Portable Document Format (PDF)”"},
+            {"\x89PNG\r\n\x1a\n", T::Png, "damaged"},    // only a mark
+            {"\xff\xd8\xff", T::Jpeg, "damaged"},        // only a jpeg mark
+            {QByteArray(4096, '\0'), T::Tga, "damaged"}, // nothing but zeros
+            {test::pngThatClaims(90000, 90000), T::Png, "90000 by 90000"},
+            {test::pngThatClaims(2000000000, 1), T::Png, "2000000000 by 1"},
+            {test::pngThatClaims(20000, 20000), T::Png, "damaged"}, // says more than it has
+            {test::pngThatClaims(0, 0), T::Png, "damaged"},         // no size
+            {hugeBmp(), T::Bmp, "by"},
+            {QByteArray("\0\0\2\0\0\0\0\0\0\0\0\0\xff\xff\xff\xff\x18\0", 18), T::Tga, "65535 by 65535"},
+            {loop, T::Tiff, "damaged"},
+            {QByteArray("II*\0\xff\xff\xff\x7f", 8), T::Tiff, "damaged"},
+        };
+        for (const auto& [bytes, type, words] : rows) {
+            const AnalysisResult result = RendererTest::analysed(type, bytes);
+            QVERIFY2(!result.outcome.ok(), bytes.left(60).toHex().constData());
+            QVERIFY2(result.outcome.reason().contains(QString::fromUtf8(words)),
+                     qPrintable(result.outcome.reason()));
+        }
     }
 
     void unreadablePaths()
@@ -406,6 +353,64 @@ private Q_SLOTS:
     }
 
 private:
+    void expectPreview(const SizeRow& row) const
+    {
+        const QString path = file(row.name);
+        QVERIFY(writePages(path, {test::plain(row.size, QColor(250, 250, 250))}, 300));
+        const AnalysisResult result = analysed(path, typeOf(row.name));
+        QVERIFY2(result.outcome.ok(), qPrintable(row.name));
+        const QImage shown = QImage::fromData(result.preview);
+        QVERIFY2(shown.size() == row.preview, qPrintable(row.name));
+        QVERIFY2(near(shown.pixelColor(row.filled), QColor(250, 250, 250), 3), qPrintable(row.name));
+        if (row.clear) {
+            const QColor clear = shown.pixelColor(*row.clear);
+            QVERIFY2(clear.alpha() == 0 || near(clear, Qt::black, 8), qPrintable(row.name));
+        }
+    }
+
+    void expectUpright(int orientation, QSize stored) const
+    {
+        // What a camera stores so that the quarters come out upright: the way back of each turn.
+        struct Turn {
+            int degrees;
+            bool horizontally, vertically;
+        };
+        static const Turn turns[] = {{0, false, false},  {0, true, false},  {0, true, true},
+                                     {0, false, true},   {90, true, false}, {270, false, false},
+                                     {270, true, false}, {90, false, false}};
+        const Turn& turn = turns[orientation - 1];
+        const QImage image = test::quarters(orientation >= 5 ? stored.transposed() : stored)
+                                 .transformed(QTransform().rotate(turn.degrees))
+                                 .mirrored(turn.horizontally, turn.vertically);
+        QCOMPARE(image.size(), stored);
+        const QString path = file(u"turned.jpg"_s);
+        QVERIFY(test::writeJpeg(path, image, {.orientation = orientation}));
+        const AnalysisResult result = analysed(path, DocumentType::Jpeg);
+        QVERIFY(result.outcome.ok());
+        const QImage preview = QImage::fromData(result.preview);
+        QCOMPARE(preview.size(), stored.width() <= 132 ? QSize(132, 132) : kPreviewBox);
+        const int x = preview.width() / 2;
+        const int y = preview.height() / 2;
+        COMPARE_COLOR(preview.pixelColor(x - 20, y - 20), QColor(255, 0, 0), 20);
+        COMPARE_COLOR(preview.pixelColor(x + 20, y - 20), QColor(0, 255, 0), 20);
+        COMPARE_COLOR(preview.pixelColor(x - 20, y + 20), QColor(0, 0, 255), 20);
+        COMPARE_COLOR(preview.pixelColor(x + 20, y + 20), QColor(255, 255, 255), 20);
+        // The facts are those of the file as it is stored.
+        QCOMPARE(QSize(result.metadata.width, result.metadata.height), stored);
+    }
+
+    void expectCutOffIsRefused(const QString& name, double keep) const
+    {
+        const QString path = file(name);
+        QVERIFY(writePicture(path, u"noise-"_s + name, {400, 1200}));
+        QVERIFY(analysed(path, typeOf(name)).outcome.ok());
+        QVERIFY(test::cutOff(path, keep));
+        const AnalysisResult result = analysed(path, typeOf(name));
+        QVERIFY(!result.outcome.ok());
+        QVERIFY(result.outcome.reason().size() > 20 && !result.outcome.reason().startsWith("Failure."_L1));
+        QVERIFY(result.preview.isEmpty());
+    }
+
     static DocumentType typeOf(const QString& name)
     {
         static const QHash<QString, DocumentType> types{{u"jpg"_s, DocumentType::Jpeg},
@@ -420,11 +425,6 @@ private:
     {
         return analyse({path, type, MediaKind::Unset});
     }
-    [[nodiscard]] static AnalysisResult analysed(const QString& path, int type)
-    {
-        return analysed(path, static_cast<DocumentType>(type));
-    }
-
     [[nodiscard]] QString file(const QString& name) const { return m_folder.filePath(name); }
 
     static QByteArray hugeBmp()
@@ -486,8 +486,6 @@ private:
                                    .dpi = is("interlaced"_L1) ? 300.0 : 0.0});
         }
     }
-
-    QTemporaryDir m_folder;
 };
 
 } // namespace

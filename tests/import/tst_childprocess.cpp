@@ -1,13 +1,12 @@
 #include "base/Text.h"
 #include "import/ChildProcess.h"
+#include "support/Children.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QThreadPool>
 #include <QtTest>
 #include <atomic>
-#include <cerrno>
-#include <sys/wait.h>
+#include <csignal>
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
@@ -24,11 +23,6 @@ base::Result<QByteArray> shell(const QString& script, const ChildLimits& limits 
     return runChild(u"sh"_s, {u"-c"_s, script}, limits, input);
 }
 
-qsizetype openDescriptors()
-{
-    return QDir(u"/proc/self/fd"_s).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
-}
-
 struct FailureRow {
     QString script;
     ChildLimits limits;
@@ -40,14 +34,12 @@ class tst_ChildProcess : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { base::installTexts(); }
-    void init() { m_descriptors = openDescriptors(); }
+    void init() { m_descriptors = test::openDescriptors(); }
     /// Whatever became of the child, nothing of it is left.
     void cleanup()
     {
-        QCOMPARE(openDescriptors(), m_descriptors);
-        errno = 0;
-        QCOMPARE(::waitpid(-1, nullptr, WNOHANG), -1);
-        QCOMPARE(errno, ECHILD);
+        QCOMPARE(test::openDescriptors(), m_descriptors);
+        QVERIFY(test::hasNoChild());
     }
 
     void output()

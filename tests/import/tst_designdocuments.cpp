@@ -1,15 +1,12 @@
-#include "base/Text.h"
-#include "import/Analysis.h"
 #include "import/EmbeddedPictures.h"
 #include "import/ImageOperations.h"
 #include "import/RenderableDocuments.h"
+#include "import/RendererTest.h"
+#include "platform/linux/DesktopThumbnailers.h"
 #include "support/FakePlatform.h"
 #include "support/Files.h"
-#include "support/Pictures.h"
 
 #include <QBuffer>
-#include <QTemporaryDir>
-#include <QtTest>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 #include <zip.h>
@@ -20,12 +17,9 @@ using namespace mosaro::importing;
 
 namespace {
 
-QByteArray bytesOf(QSize size, const char* format = "png", QColor color = Qt::red)
+QByteArray bytesOf(QSize size, const char* format = "png")
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    test::plain(size, color).save(&buffer, format);
-    return bytes;
+    return test::encoded(test::plain(size, Qt::red), format);
 }
 
 struct Entry {
@@ -69,16 +63,10 @@ std::optional<EmbeddedPicture> largestIn(QByteArray bytes)
     return largestEmbeddedPicture(buffer);
 }
 
-class tst_DesignDocuments : public QObject {
+class tst_DesignDocuments : public RendererTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        setUpImageLibrary("tst_designdocuments");
-    }
-
     void sizes()
     {
         using T = DocumentType;
@@ -98,8 +86,7 @@ private Q_SLOTS:
                                {T::Pixelmator, {133, 10}, {133, 10}, "_pxm.png", false},
                                {T::Pixelmator, {132, 132}, {132, 132}, "_pxm.png", false, {132, 132}},
                                {T::Acorn, {2000, 2000}, {256, 256}, "_acorn.png", false}}) {
-            test::writeFile(file(), "head" + bytesOf(row.carried) + "tail");
-            const AnalysisResult result = analysed(row.type);
+            const AnalysisResult result = analysed(row.type, "head" + bytesOf(row.carried) + "tail");
             QVERIFY2(result.outcome.ok(), row.suffix);
             const QImage preview = QImage::fromData(result.preview, "png");
             QCOMPARE(preview.size(), row.preview);
@@ -146,12 +133,7 @@ private Q_SLOTS:
     void databases()
     {
         const QByteArray large = bytesOf({300, 300}, "bmp"); // no format that counts
-        const QByteArray noisy = [] {
-            QByteArray bytes;
-            QBuffer buffer(&bytes);
-            test::noise({250, 250}).save(&buffer, "png");
-            return bytes;
-        }();
+        const QByteArray noisy = test::encoded(test::noise({250, 250}), "png");
         const std::vector<Entry> rows = {{"a", bytesOf({200, 150})}, {"b", noisy}, {"c", large}};
         for (const bool isNamed : {true, false}) {
             writeDatabase(file(), rows, isNamed);
@@ -223,6 +205,39 @@ private Q_SLOTS:
         expect({});
     }
 
+    void thumbnailersOfTheDesktop()
+    {
+        const QString script = m_folder.filePath(u"data/draw"_s);
+        test::writeFile(m_folder.filePath(u"data/thumbnailers/a.thumbnailer"_s),
+                        "[Thumbnailer Entry]\nExec=" + script.toUtf8() +
+                            " -s %s %u %i %o\nMimeType=application/x-sketch;\n");
+        test::writeFile(m_folder.filePath(u"drawn.png"_s), bytesOf({600, 400}));
+        test::writeFile(file(), "a document without a picture");
+        const QByteArray right = "[ \"$2\" = 512 -a -f \"$4\" ] && case \"$3\" in file:///*%23*) "
+                                 "echo $5 > " +
+                                 m_folder.filePath(u"log"_s).toUtf8() + "; cp " +
+                                 m_folder.filePath(u"drawn.png"_s).toUtf8() + " $5;; esac";
+        const std::pair<QByteArray, bool> rows[] = {
+            {right, true}, {right + "; exit 1", false}, {"echo text > $5", false}, {"true", false}};
+        for (const auto& [body, isDrawn] : rows) {
+            test::writeFile(script, "#!/bin/sh\n" + body + '\n');
+            QFile::setPermissions(script, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+            const platform::DesktopThumbnailers desktop({m_folder.filePath(u"data/thumbnailers"_s)});
+            const RenderableDocuments renderable(desktop);
+            const test::FakeTypes types;
+            const QString command =
+                MediaClassification(types, renderable).thumbnailerCommand(DocumentType::Sketch);
+            const AnalysisResult result = analyse({file(), DocumentType::Sketch, MediaKind::Unset, command});
+            QCOMPARE(result.outcome.ok(), isDrawn);
+            if (isDrawn)
+                QCOMPARE(QImage::fromData(result.sideFile, "png").size(), QSize(512, 341));
+            else
+                QCOMPARE(result.outcome.reason(), base::text("Failure.Design.NoPreview"));
+        }
+        const QString picture = QString::fromUtf8(test::fileContents(m_folder.filePath(u"log"_s)).trimmed());
+        QVERIFY(!picture.isEmpty() && !QFileInfo::exists(QFileInfo(picture).path()));
+    }
+
     void typesThatCanBeDrawn()
     {
         const test::FakeThumbnailers desktop;
@@ -235,22 +250,16 @@ private Q_SLOTS:
     }
 
 private:
-    QString file() const { return m_folder.filePath(u"an odd?name%20#1.document"_s); }
-
-    AnalysisResult analysed(DocumentType type) const { return analyse({file(), type, MediaKind::Unset}); }
-
     /// That the file's picture has this size; empty for a failure with a reason.
     void expect(QSize size)
     {
-        const AnalysisResult result = analysed(DocumentType::IDraw);
+        const AnalysisResult result = analyse({file(), DocumentType::IDraw, MediaKind::Unset});
         QCOMPARE(result.outcome.ok(), !size.isEmpty());
         if (result.outcome.ok())
             QCOMPARE(QImage::fromData(result.sideFile, "png").size(), size);
         else
             QVERIFY(!result.outcome.reason().isEmpty());
     }
-
-    QTemporaryDir m_folder;
 };
 
 } // namespace

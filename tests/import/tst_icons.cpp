@@ -1,26 +1,12 @@
-#include "base/Text.h"
-#include "import/Analysis.h"
-#include "support/Pictures.h"
+#include "import/RendererTest.h"
 
-#include <QBuffer>
 #include <QDataStream>
-#include <QImageWriter>
-#include <QTemporaryDir>
-#include <QtTest>
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
 using namespace mosaro::importing;
 
 namespace {
-
-QByteArray encoded(const QImage& image, const char* format)
-{
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return buffer.data();
-}
 
 QByteArray ico(const std::vector<QByteArray>& pngs)
 {
@@ -54,7 +40,7 @@ QByteArray icns(const std::vector<std::pair<QByteArray, QByteArray>>& entries)
 
 QByteArray square(int side, const QColor& color)
 {
-    return encoded(test::plain({side, side}, color), "png");
+    return test::encoded(test::plain({side, side}, color), "png");
 }
 
 struct IconRow {
@@ -66,7 +52,7 @@ struct IconRow {
     bool frames;
 };
 
-class tst_Icons : public QObject {
+class tst_Icons : public RendererTest {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -74,7 +60,7 @@ private Q_SLOTS:
     {
         const QByteArray red = square(32, Qt::red);
         const QByteArray blue = square(256, Qt::blue);
-        const QByteArray tiny = encoded(test::plain({48, 48}, Qt::green), "ico");
+        const QByteArray tiny = test::encoded(test::plain({48, 48}, Qt::green), "ico");
         const IconRow rows[] = {
             {DocumentType::Ico, tiny, {132, 132}, qRgb(0, 255, 0), 48, false},
             {DocumentType::Ico, ico({red, blue}), {460, 360}, qRgb(0, 0, 255), 32, true},
@@ -86,6 +72,9 @@ private Q_SLOTS:
              qRgb(0, 0, 255),
              32,
              true},
+            // By what is in there, not by the name.
+            {DocumentType::Ico, blue, {460, 360}, qRgb(0, 0, 255), 256, false},
+            {DocumentType::Icns, ico({red, blue}), {460, 360}, qRgb(0, 0, 255), 32, true},
         };
         for (const IconRow& row : rows) {
             const AnalysisResult result = analysed(row.type, row.file);
@@ -114,27 +103,16 @@ private Q_SLOTS:
             {DocumentType::Ico, good.left(good.size() - 60)},
             {DocumentType::Ico, ico({test::pngThatClaims(30'000, 30'000)})},
             {DocumentType::Ico, ico({})},
-            {DocumentType::Icns, good},
             {DocumentType::Icns, apple.left(60)},
             {DocumentType::Icns, icns({{"ic10", test::pngThatClaims(30'000, 30'000)}})},
             {DocumentType::Icns, icns({})},
+            {DocumentType::Ico, square(2100, Qt::red)},
+            {DocumentType::Ico, square(20, Qt::red).left(60)},
+            {DocumentType::Ico, "%PDF-1.4"},
         };
-        for (const auto& [type, bytes] : rows) {
-            const AnalysisResult result = analysed(type, bytes);
-            QVERIFY2(!result.outcome.ok(), bytes.left(60).toHex().constData());
-            QVERIFY(!result.outcome.reason().isEmpty());
-        }
+        for (const auto& [type, bytes] : rows)
+            expectRefusal(type, bytes);
     }
-
-private:
-    AnalysisResult analysed(DocumentType type, const QByteArray& bytes)
-    {
-        const QString path = m_folder.filePath(type == DocumentType::Ico ? u"a.ico"_s : u"a.icns"_s);
-        test::writeBytes(path, bytes);
-        return analyse({.path = path, .type = type});
-    }
-
-    QTemporaryDir m_folder;
 };
 
 } // namespace

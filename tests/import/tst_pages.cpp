@@ -1,13 +1,10 @@
-#include "base/Text.h"
-#include "import/Analysis.h"
 #include "import/ImageOperations.h"
 #include "import/PdfInfo.h"
 #include "import/PostScriptDocument.h"
+#include "import/RendererTest.h"
 #include "support/Files.h"
 
-#include <QTemporaryDir>
 #include <QtEndian>
-#include <QtTest>
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
@@ -62,25 +59,10 @@ struct EpsRow {
     QSize sideFile, preview;
 };
 
-class tst_Pages : public QObject {
+class tst_Pages : public RendererTest {
     Q_OBJECT
 
-    QTemporaryDir m_folder;
-
-    AnalysisResult analysed(DocumentType type, const QByteArray& bytes, MediaKind kind = MediaKind::Unset)
-    {
-        const QString path = m_folder.filePath(u"document"_s);
-        test::writeFile(path, bytes);
-        return analyse({path, type, kind});
-    }
-
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        setUpImageLibrary("tst_pages");
-    }
-
     void pdfPages()
     {
         const PdfRow rows[] = {
@@ -206,18 +188,22 @@ private Q_SLOTS:
             pdf("/MediaBox[0 0 9 9]",
                 "/ID[<00><00>]/Encrypt<</Filter/Standard/V 1/R 2/P -4/O" + key + "/U" + key + ">>");
         const QString locked = base::text("Failure.Document.Encrypted");
+        const QString noPage = base::text("Failure.PostScript.NoPage");
         const QString died = base::text("Failure.Child.Died", u"gs"_s);
         const std::tuple<DocumentType, QByteArray, QString> rows[] = {
             {DocumentType::Pdf, encrypted, locked},
             {DocumentType::Pdf, pdf("/MediaBox[0 0 900000 9]/CropBox[0 0 9 9]"),
              base::text("Failure.Image.TooLarge", u"900000"_s, u"9"_s)},
+            {DocumentType::Pdf, pdf("/MediaBox[0 0 90000 0.01]"),
+             base::text("Failure.Document.TooThin", u"90000"_s, u"0.01"_s)},
             {DocumentType::Pdf, "%PDF-1.4\nnothing", base::text("Failure.Child.Died", u"pdfinfo"_s)},
             {DocumentType::Pdf, {}, base::text("Failure.Image.Empty")},
             {DocumentType::Eps, eps("(" + secret.toUtf8() + ") run"), died},
             {DocumentType::Eps, eps("(%pipe%touch " + secret.toUtf8() + "2) (w) file"), died},
             {DocumentType::Eps, eps("[ { 1000000 string } loop"), died},
-            {DocumentType::Eps, eps("quit"), base::text("Failure.Image.Damaged")},
-            {DocumentType::Eps, "%!PS\n/procedure { } def", base::text("Failure.Image.NotAPicture")},
+            {DocumentType::Eps, eps("quit"), noPage},
+            {DocumentType::Eps, "%!PS\n/procedure { } def", noPage},
+            {DocumentType::Eps, "%!PS\n/ProcSet defineresource", noPage},
             {DocumentType::Eps, "text", base::text("Failure.Image.NotAPicture")},
             {DocumentType::Eps, postScript("0 0 900000 9", {}),
              base::text("Failure.Image.TooLarge", u"900000"_s, u"9"_s)},

@@ -1,11 +1,7 @@
-#include "base/Text.h"
-#include "import/Analysis.h"
-#include "support/Pictures.h"
+#include "import/RendererTest.h"
 
 #include <QColorSpace>
 #include <QDataStream>
-#include <QTemporaryDir>
-#include <QtTest>
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
@@ -19,9 +15,13 @@ struct Psd {
     QSize size{600, 500};
     std::vector<int> samples = {255, 0, 0}; ///< One plain value a channel.
     int dpi = 0;
-    bool isTransparent = false; ///< The last channel is the transparency of the whole.
+    bool isTransparent = false; ///< The channel behind the colours is the transparency of the whole.
+    QByteArray deepBlock = {};  ///< Name of the block that says so for more than 8 bits.
     QByteArray profile = {};
     QByteArray xmp = {};
+    QByteArray palette = ""; ///< Not a null one, whose length is written as -1.
+    int transparentColor = -1;
+    QByteArray pixels = {}; ///< With how they are packed in front; empty for plain values.
 };
 
 void addResource(QDataStream& stream, quint16 number, const QByteArray& data)
@@ -35,15 +35,18 @@ void addResource(QDataStream& stream, quint16 number, const QByteArray& data)
 
 QByteArray resources(const Psd& psd)
 {
-    QByteArray bytes(""); // Not a null one, whose length is written as -1.
+    QByteArray bytes("");
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     if (psd.dpi > 0)
         addResource(stream, 1005,
                     QByteArray(1, char(psd.dpi >> 8)) + char(psd.dpi & 255) + QByteArray(14, '\0'));
+    stream.writeRawData("AgHg\4\x25\0\0\0\0\0\0", 12); // Of another program.
     if (!psd.profile.isEmpty())
         addResource(stream, 1039, psd.profile);
     if (!psd.xmp.isEmpty())
         addResource(stream, 1060, psd.xmp);
+    if (psd.transparentColor >= 0)
+        addResource(stream, 1047, QByteArray(1, '\0') + char(psd.transparentColor));
     return bytes;
 }
 
@@ -52,9 +55,13 @@ QByteArray written(const Psd& psd)
     QByteArray bytes("8BPS\0\1\0\0\0\0\0\0", 12);
     QDataStream stream(&bytes, QIODevice::WriteOnly | QIODevice::Append);
     stream << quint16(psd.samples.size()) << quint32(psd.size.height()) << quint32(psd.size.width())
-           << quint16(psd.depth) << quint16(psd.mode) << quint32(0);
-    stream << resources(psd); // With its length in front.
-    if (psd.isTransparent) {
+           << quint16(psd.depth) << quint16(psd.mode);
+    stream << psd.palette << resources(psd); // With their lengths in front.
+    if (!psd.deepBlock.isEmpty()) {
+        stream << quint32(20 + 2) << quint32(0) << quint32(0);
+        stream.writeRawData("8BIM" + psd.deepBlock, 8);
+        stream << quint32(2) << qint16(-1);
+    } else if (psd.isTransparent) {
         // One layer of no size; the sign of their number tells of the transparency.
         const QByteArray layer = QByteArray(18, '\0') + "8BIMnorm\xff" + QByteArray(3, '\0') +
                                  QByteArray(3, '\0') + '\x0c' + QByteArray(12, '\0');
@@ -64,12 +71,36 @@ QByteArray written(const Psd& psd)
     } else {
         stream << quint32(0);
     }
+    if (!psd.pixels.isEmpty())
+        return bytes + psd.pixels;
     stream << quint16(0);
     for (const int sample : psd.samples) {
         const QByteArray plane(qsizetype(psd.size.width()) * psd.size.height() * psd.depth / 8, char(sample));
         stream.writeRawData(plane.constData(), static_cast<int>(plane.size()));
     }
     return bytes;
+}
+
+/// Colour 1 is red, 2 is blue.
+QByteArray redAndBlue()
+{
+    QByteArray palette(768, '\0');
+    palette[1] = palette[512 + 2] = '\xff';
+    return palette;
+}
+
+/// Rows of 300 pixels, red on the left third.
+QByteArray packedRows(int rows)
+{
+    const QByteArray row("\x9d\x01\x02\x01\x01\x01\x80\x9d\x02\x9d\x02", 11); // 3 of the reds as they are.
+    QByteArray bytes("\0\1", 2);
+    bytes += QByteArray("\0\x0b", 2).repeated(rows) + row.repeated(rows);
+    return bytes;
+}
+
+int distance(const QColor& a, const QColor& b)
+{
+    return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue());
 }
 
 struct ColorRow {
@@ -84,12 +115,10 @@ struct SizeRow {
     QSize preview, drawn;
 };
 
-class tst_Photoshop : public QObject {
+class tst_Photoshop : public RendererTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { base::installTexts(); }
-
     void colors()
     {
         const QByteArray p3 = QColorSpace(QColorSpace::DisplayP3).iccProfile();
@@ -103,15 +132,12 @@ private Q_SLOTS:
             {{.samples = {128, 64, 64}, .profile = p3}, u"RGB"_s, QColor(138, 60, 62)},
         };
         for (const ColorRow& row : rows) {
-            const AnalysisResult result = analysed(written(row.psd));
+            const AnalysisResult result = analysed(DocumentType::Photoshop, written(row.psd));
             QVERIFY2(result.outcome.ok(), qPrintable(result.outcome.reason()));
             const QImage preview = QImage::fromData(result.preview, "png");
             QCOMPARE(preview.size(), QSize(460, 360));
             const QColor seen = preview.pixelColor(230, 180);
-            const int off = std::abs(seen.red() - row.color.red()) +
-                            std::abs(seen.green() - row.color.green()) +
-                            std::abs(seen.blue() - row.color.blue());
-            QVERIFY2(off <= 24, qPrintable(row.model + u' ' + seen.name()));
+            QVERIFY2(distance(seen, row.color) <= 24, qPrintable(row.model + u' ' + seen.name()));
             QCOMPARE(result.metadata.colorModel, row.model);
             QCOMPARE(result.metadata.depth, row.psd.depth);
             QCOMPARE(result.metadata.profileName.isEmpty(), row.psd.profile.isEmpty());
@@ -124,14 +150,58 @@ private Q_SLOTS:
         const Psd clear{.samples = {255, 0, 0, 0},
                         .isTransparent = true,
                         .xmp = "<xmp:CreatorTool>A program 1.0</xmp:CreatorTool>"};
-        const AnalysisResult result = analysed(written(clear));
+        const AnalysisResult result = analysed(DocumentType::Photoshop, written(clear));
         QVERIFY(result.outcome.ok() && result.metadata.hasAlpha);
         QCOMPARE(result.metadata.software, u"A program 1.0"_s);
         QCOMPARE(QImage::fromData(result.preview).pixelColor(230, 180).alpha(), 0);
-        // A channel for something else hides nothing.
-        const AnalysisResult mask = analysed(written({.samples = {255, 0, 0, 0}}));
+        // Half there, merged onto white, in each model; stored numbers, and what they are without the white.
+        const std::tuple<Psd, QColor> rows[] = {
+            {{.samples = {255, 127, 127, 128}, .isTransparent = true}, QColor(255, 0, 0)},
+            {{.depth = 16, .samples = {255, 127, 127, 128}, .deepBlock = "Lr16"}, QColor(255, 0, 0)},
+            {{.mode = 1, .depth = 16, .samples = {127, 128}, .deepBlock = "Mt16"}, QColor(0, 0, 0)},
+            {{.mode = 9, .samples = {195, 168, 162, 128}, .isTransparent = true}, QColor(252, 0, 5)},
+            {{.mode = 4, .samples = {255, 127, 127, 255, 128}, .isTransparent = true}, QColor(232, 0, 17)},
+        };
+        for (const auto& [psd, color] : rows) {
+            const AnalysisResult half = analysed(DocumentType::Photoshop, written(psd));
+            QVERIFY(half.outcome.ok() && half.metadata.hasAlpha);
+            const QColor seen = QImage::fromData(half.preview).pixelColor(230, 180);
+            QVERIFY2(seen.alpha() >= 127 && seen.alpha() <= 129, qPrintable(seen.name(QColor::HexArgb)));
+            QVERIFY2(distance(seen, color) <= 45, qPrintable(seen.name()));
+        }
+        // A channel for something else hides nothing, and many of them harm nothing.
+        Psd many{.samples = std::vector<int>(57, 0)};
+        many.samples[1] = 255;
+        const AnalysisResult spots = analysed(DocumentType::Photoshop, written(many));
+        QCOMPARE(QImage::fromData(spots.preview).pixelColor(230, 180), QColor(0, 255, 0));
+        const AnalysisResult mask = analysed(DocumentType::Photoshop, written({.samples = {255, 0, 0, 0}}));
         QVERIFY(mask.outcome.ok() && !mask.metadata.hasAlpha);
         QCOMPARE(QImage::fromData(mask.preview).pixelColor(230, 180), QColor(255, 0, 0));
+    }
+
+    void palettes()
+    {
+        const Psd plain{.mode = 2, .samples = {1}, .palette = redAndBlue()};
+        const Psd packed{.mode = 2,
+                         .size = {300, 400},
+                         .samples = {0},
+                         .palette = redAndBlue(),
+                         .pixels = packedRows(400)};
+        Psd clear = packed;
+        clear.transparentColor = 2;
+        Psd large = plain;
+        large.size = {5000, 3000};
+        const std::tuple<Psd, QColor, int> rows[] = {
+            {plain, Qt::red, 255}, {large, Qt::red, 255}, {packed, Qt::blue, 255}, {clear, Qt::blue, 0}};
+        for (const auto& [psd, right, alpha] : rows) {
+            const AnalysisResult result = analysed(DocumentType::Photoshop, written(psd));
+            QVERIFY2(result.outcome.ok(), qPrintable(result.outcome.reason()));
+            const QImage preview = QImage::fromData(result.preview, "png");
+            QCOMPARE(preview.pixelColor(100, 180), QColor(Qt::red));
+            QCOMPARE(preview.pixelColor(360, 180).alpha(), alpha);
+            QVERIFY(alpha == 0 || preview.pixelColor(360, 180) == right);
+            QCOMPARE(result.metadata.hasAlpha, alpha == 0);
+        }
     }
 
     /// The preview goes by the size in points.
@@ -144,7 +214,8 @@ private Q_SLOTS:
             {{2000, 1500}, 300, {460, 360}, {460, 360}},
         };
         for (const SizeRow& row : rows) {
-            const AnalysisResult result = analysed(written({.size = row.size, .dpi = row.dpi}));
+            const AnalysisResult result =
+                analysed(DocumentType::Photoshop, written({.size = row.size, .dpi = row.dpi}));
             QVERIFY2(result.outcome.ok(), qPrintable(result.outcome.reason()));
             QCOMPARE(QSize(result.metadata.width, result.metadata.height), row.size);
             QCOMPARE(result.metadata.dpi, row.dpi > 0 ? row.dpi : 72.0);
@@ -165,22 +236,22 @@ private Q_SLOTS:
         longSection.replace(26, 4, "\x7f\xff\xff\xff");
         QByteArray giant = good;
         giant.replace(14, 8, QByteArray("\0\1\0\0\0\1\0\0", 8));
+        const Psd indexed{.mode = 2,
+                          .size = {300, 400},
+                          .samples = {0},
+                          .palette = redAndBlue(),
+                          .pixels = packedRows(400)};
+        const QByteArray packed = written(indexed);
+        QByteArray longRow = packed;
+        longRow.replace(packed.size() - 400 * 13, 2, "\xff\xff");
+        QByteArray unknown = packed;
+        unknown.replace(packed.size() - 400 * 13 - 2, 2, QByteArray("\0\2", 2));
         for (const QByteArray& bytes :
-             {QByteArray(), QByteArray("8BPS"), good.left(28), good.left(50), longSection, giant}) {
-            const AnalysisResult result = analysed(bytes);
-            QVERIFY2(!result.outcome.ok(), bytes.left(40).toHex().constData());
-        }
+             {QByteArray(), QByteArray("8BPS"), good.left(28), good.left(50), longSection, giant,
+              packed.chopped(3), packed.chopped(5000), longRow, unknown, written({.mode = 2, .samples = {1}}),
+              written({.mode = 2, .samples = {1}, .palette = redAndBlue()}).chopped(1)})
+            expectRefusal(DocumentType::Photoshop, bytes);
     }
-
-private:
-    AnalysisResult analysed(const QByteArray& bytes)
-    {
-        const QString path = m_folder.filePath(u"a [1] %d*.psd"_s);
-        test::writeBytes(path, bytes);
-        return analyse({.path = path, .type = DocumentType::Photoshop});
-    }
-
-    QTemporaryDir m_folder;
 };
 
 } // namespace

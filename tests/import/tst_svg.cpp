@@ -1,6 +1,7 @@
 #include "base/Text.h"
 #include "import/Analysis.h"
 #include "import/ImageOperations.h"
+#include "import/RenderedDocument.h"
 #include "import/SvgSize.h"
 #include "support/Files.h"
 
@@ -26,6 +27,11 @@ QByteArray svgOfSize(double width, double height)
 {
     return svg("width='" + QByteArray::number(width) + "' height='" + QByteArray::number(height) + "'");
 }
+
+constexpr const char* kEndlessFilter =
+    "<filter id='f' primitiveUnits='userSpaceOnUse'><feMorphology operator='dilate' radius='3000'/>"
+    "<feMorphology operator='dilate' radius='3000'/></filter>"
+    "<rect width='3000' height='3000' filter='url(#f)'/>";
 
 /// Each stands for ten of the one before.
 QByteArray manyUses(int levels)
@@ -177,16 +183,21 @@ private Q_SLOTS:
 
     void badDocuments()
     {
+        AnalysisLimits limits;
+        limits.maxSeconds = 1;
         for (const QByteArray& document :
              {QByteArray(), QByteArray("no svg"), QByteArray("<html/>"), QByteArray("\x1f\x8b\x08"),
               svg("").chopped(6), svg("width='9' height='9'", manyUses(9)),
               "<!DOCTYPE svg [<!ENTITY a '" + QByteArray(9999, 'x') + "'><!ENTITY b '" +
                   QByteArray("&a;").repeated(9999) + "'>]>" +
                   svg("", "<text>" + QByteArray("&b;").repeated(99) + "</text>")}) {
-            const AnalysisResult result = analysed(document);
-            QVERIFY2(!result.outcome.ok(), document.left(80).constData());
-            QVERIFY(!result.outcome.reason().isEmpty());
+            test::writeFile(file("a.svg"), document);
+            const auto rendered = renderSvg(file("a.svg"), limits);
+            QVERIFY2(!rendered.ok(), document.left(80).constData());
+            QVERIFY(!rendered.reason().isEmpty());
         }
+        test::writeFile(file("a.svg"), svg("width='3000' height='3000'", kEndlessFilter));
+        QCOMPARE(renderSvg(file("a.svg"), limits).reason(), base::text("Failure.Image.TooSlow"));
     }
 
 private:

@@ -71,6 +71,7 @@ private Q_SLOTS:
         QCOMPARE(found.join(QString()), u"abfh"_s);
         QVERIFY(!lookup.hasThumbnailer({}));
         QVERIFY(!lookup.hasThumbnailer({QString()}));
+        QCOMPARE(lookup.thumbnailerCommand({u"image/x-nothing"_s, u"image/x-h"_s}), u"sh -s %s %u %o"_s);
     }
 
     void thumbnailersOfTheDataFolders()

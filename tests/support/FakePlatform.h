@@ -27,10 +27,15 @@ public:
 class FakeThumbnailers : public platform::ThumbnailerLookup {
 public:
     QStringList installed;
+    QString command = QStringLiteral("false");
     bool hasThumbnailer(const QStringList& mimeTypes) const override
     {
         return std::any_of(mimeTypes.begin(), mimeTypes.end(),
                            [this](const QString& mime) { return installed.contains(mime); });
+    }
+    QString thumbnailerCommand(const QStringList& mimeTypes) const override
+    {
+        return hasThumbnailer(mimeTypes) ? command : QString();
     }
 };
 

@@ -160,4 +160,10 @@ QByteArray pngThatClaims(unsigned width, unsigned height)
            chunk("IDAT", qCompress(QByteArray(64, '\0')).mid(4)) + chunk("IEND", {});
 }
 
+QByteArray pngWithChunk(const QByteArray& png, const QByteArray& name, const QByteArray& data)
+{
+    const qsizetype end = 12; // Of the chunk that ends the file.
+    return png.chopped(end) + chunk(name, data) + png.right(end);
+}
+
 } // namespace mosaro::test

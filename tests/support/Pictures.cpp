@@ -1,5 +1,6 @@
 #include "support/Pictures.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QPainter>
 #include <QtEndian>
@@ -125,6 +126,14 @@ QImage noise(QSize size, unsigned seed)
                       [&random] { return static_cast<QRgb>(random() | 0xff000000U); });
     }
     return image;
+}
+
+QByteArray encoded(const QImage& image, const char* format)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format, 95);
+    return buffer.data();
 }
 
 bool writeJpeg(const QString& path, const QImage& image, const JpegOptions& options)

@@ -19,6 +19,9 @@ namespace mosaro::test {
 /// Fine, irregular detail that no encoder can make small: for speed and for files that are cut off.
 [[nodiscard]] QImage noise(QSize size, unsigned seed = 1);
 
+/// As a program writes it that has no wishes.
+[[nodiscard]] QByteArray encoded(const QImage& image, const char* format);
+
 struct JpegOptions {
     bool progressive = false;
     bool cmyk = false;
@@ -71,6 +74,9 @@ bool writeTga(const QString& path, const QImage& image, TgaKind kind = TgaKind::
 
 /// A well-formed head and a few bytes of pixels: the file says it is that large.
 [[nodiscard]] QByteArray pngThatClaims(unsigned width, unsigned height);
+
+/// With one more chunk, behind the pixels.
+[[nodiscard]] QByteArray pngWithChunk(const QByteArray& png, const QByteArray& name, const QByteArray& data);
 
 [[nodiscard]] QByteArray fileBytes(const QString& path);
 bool writeBytes(const QString& path, const QByteArray& bytes);

@@ -8,6 +8,7 @@
 // to crash, to wait or to ask for any amount of memory.
 
 #include <charconv>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <libraw/libraw.h>
@@ -17,6 +18,7 @@
 namespace {
 
 constexpr unsigned kMostRawMegabytes = 1024;
+constexpr int kForgivenErrors = 3; ///< Some cameras write a little less than they say.
 
 struct FreePicture {
     void operator()(libraw_processed_image_t* picture) const { LibRaw::dcraw_clear_mem(picture); }
@@ -66,7 +68,7 @@ public:
         how.user_flip = 0;
         // Four sensor cells make one pixel then, which is quick and enough for looking.
         how.half_size = m_sizes.width >= 2 * width && m_sizes.height >= 2 * height;
-        if (m_raw.unpack() != LIBRAW_SUCCESS || m_raw.dcraw_process() != LIBRAW_SUCCESS)
+        if (m_raw.unpack() != LIBRAW_SUCCESS || !isComplete() || m_raw.dcraw_process() != LIBRAW_SUCCESS)
             return false;
         const Picture picture(m_raw.dcraw_make_mem_image());
         if (!picture || picture->type != LIBRAW_IMAGE_BITMAP || picture->bits != 8 || picture->colors != 3)
@@ -75,6 +77,15 @@ public:
     }
 
 private:
+    /// The library makes noise of what is not there.
+    bool isComplete()
+    {
+        const libraw_internal_data_t& inside = *m_raw.get_internal_data_pointer();
+        const std::int64_t length = inside.unpacker_data.data_size;
+        const std::int64_t there = inside.internal_data.input->size() - inside.unpacker_data.data_offset;
+        return m_raw.error_count() <= kForgivenErrors && (length <= 0 || there >= length - length / 100);
+    }
+
     bool write(const char* form, int width, int height, const void* bytes, std::size_t length)
     {
         const unsigned stored = m_raw.imgdata.color.raw_bps;

@@ -1,20 +1,30 @@
-// Draws the SVG document on standard input, `width` by `height` pixels large, and writes the pixels to
-// standard output: rows of 32-bit words, premultiplied, alpha first. Writes nothing when the document cannot
-// be read, and a single byte when it can but asks for too much to be drawn.
+// Draws one SVG document after the other, as DecoderProtocol.h says.
 //
-// A program of its own, since drawing cannot be stopped and a small document can ask for years of it. The
-// document has no address, so that nothing in it leads to another file or to the network.
+// A program of its own, since drawing cannot be stopped and a small document can ask for years of it. A
+// document has no address, so that nothing in it leads to another file or to the network, and nothing of it
+// is kept when it has been drawn. One that took this process over through a fault of the libraries could do
+// what the user can do, but not gain rights by starting programs, write to files, reach into the library's
+// memory or outlive it by orderly means; it could falsify the pictures that are still to be drawn here, which
+// is why a process is not used for ever. The number of threads is not limited, since the libraries need some.
 
-#include <charconv>
+#include "import/decoders/DecoderProtocol.h"
+
+#include <csignal>
 #include <cstdio>
-#include <cstring>
 #include <librsvg/rsvg.h>
+#include <malloc.h>
 #include <memory>
+#include <sys/prctl.h>
+#include <sys/resource.h>
 #include <vector>
 
 namespace {
 
+using namespace mosaro::importing;
+
 constexpr double kPixelsPerInch = 96;
+constexpr rlim_t kMostDescriptors = 64; // Fonts and their tables.
+constexpr int kLargeBlock = 1 << 20;
 
 struct Unref {
     void operator()(gpointer object) const { g_object_unref(object); }
@@ -24,23 +34,24 @@ struct Unref {
 template <class T>
 using Ptr = std::unique_ptr<T, Unref>;
 
-std::vector<char> readAll(std::FILE* file)
+/// Libraries, fonts and the stacks of threads take addresses, but hardly any memory: half of the addresses
+/// may be written to.
+bool limitMemory()
 {
-    std::vector<char> bytes;
-    std::size_t size = 0;
-    do {
-        size = bytes.size();
-        bytes.resize(size + (std::size_t(1) << 20));
-        bytes.resize(size + std::fread(bytes.data() + size, 1, bytes.size() - size, file));
-    } while (bytes.size() > size);
-    return bytes;
+    rlimit memory{};
+    if (::getrlimit(RLIMIT_AS, &memory) != 0 || memory.rlim_cur == RLIM_INFINITY)
+        return true;
+    memory = {memory.rlim_cur / 2, memory.rlim_cur / 2};
+    return ::setrlimit(RLIMIT_DATA, &memory) == 0;
 }
 
-int numberOf(const char* text)
+/// The limits of addresses and of written files come from whoever starts this program.
+bool giveUpRights()
 {
-    int number = 0;
-    std::from_chars(text, text + std::strlen(text), number);
-    return number;
+    const rlimit descriptors{kMostDescriptors, kMostDescriptors};
+    std::signal(SIGXFSZ, SIG_IGN); // A cache that a library would like to write is simply not written.
+    return ::prctl(PR_SET_PDEATHSIG, SIGKILL) == 0 && ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+           ::prctl(PR_SET_DUMPABLE, 0) == 0 && ::setrlimit(RLIMIT_NOFILE, &descriptors) == 0 && limitMemory();
 }
 
 Ptr<RsvgHandle> readDocument(const std::vector<char>& bytes)
@@ -51,40 +62,51 @@ Ptr<RsvgHandle> readDocument(const std::vector<char>& bytes)
         rsvg_handle_new_from_stream_sync(stream.get(), nullptr, RSVG_HANDLE_FLAGS_NONE, nullptr, nullptr));
 }
 
-bool draw(RsvgHandle* document, cairo_surface_t* surface, int width, int height)
+bool draw(RsvgHandle* document, cairo_surface_t* surface)
 {
     rsvg_handle_set_dpi(document, kPixelsPerInch);
     const Ptr<cairo_t> context(cairo_create(surface));
-    const RsvgRectangle viewport{0, 0, static_cast<double>(width), static_cast<double>(height)};
+    const RsvgRectangle viewport{0, 0, static_cast<double>(cairo_image_surface_get_width(surface)),
+                                 static_cast<double>(cairo_image_surface_get_height(surface))};
     return rsvg_handle_render_document(document, context.get(), &viewport, nullptr) != FALSE;
 }
 
-bool write(cairo_surface_t* surface, int width, int height)
+bool write(DecoderAnswer answer, const void* picture = "")
 {
-    cairo_surface_flush(surface);
-    const unsigned char* row = cairo_image_surface_get_data(surface);
-    const auto bytes = static_cast<std::size_t>(width) * 4;
-    for (int y = 0; row && y < height; ++y, row += cairo_image_surface_get_stride(surface)) {
-        if (std::fwrite(row, 1, bytes, stdout) != bytes)
-            return false;
-    }
-    return std::fflush(stdout) == 0;
+    return std::fwrite(&answer, sizeof answer, 1, stdout) == 1 &&
+           std::fwrite(picture, 1, answer.pictureBytes, stdout) == answer.pictureBytes &&
+           std::fflush(stdout) == 0;
+}
+
+bool answer(const DecoderRequest& request)
+{
+    std::vector<char> bytes(request.documentBytes);
+    if (std::fread(bytes.data(), 1, bytes.size(), stdin) != bytes.size())
+        return false;
+    const Ptr<RsvgHandle> document = readDocument(bytes);
+    if (!document)
+        return write({DecoderOutcome::Unreadable, 0});
+    const Ptr<cairo_surface_t> surface(cairo_image_surface_create(
+        CAIRO_FORMAT_ARGB32, static_cast<int>(request.width), static_cast<int>(request.height)));
+    if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS || !draw(document.get(), surface.get()))
+        return write({DecoderOutcome::TooMuch, 0});
+    cairo_surface_flush(surface.get());
+    // Such rows have nothing between them.
+    return write({DecoderOutcome::Drawn, request.width * request.height * 4},
+                 cairo_image_surface_get_data(surface.get()));
 }
 
 } // namespace
 
-int main(int argc, char** argv)
+int main()
 {
-    const int width = argc == 3 ? numberOf(argv[1]) : 0;
-    const int height = argc == 3 ? numberOf(argv[2]) : 0;
-    const Ptr<cairo_surface_t> surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height));
-    if (width < 1 || height < 1 || cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS)
+    if (!giveUpRights())
         return 2;
-    const std::vector<char> bytes = readAll(stdin);
-    const Ptr<RsvgHandle> document = readDocument(bytes);
-    if (!document)
-        return 0;
-    if (!draw(document.get(), surface.get(), width, height))
-        return std::putchar('!') == '!' ? 0 : 1;
-    return write(surface.get(), width, height) ? 0 : 1;
+    ::mallopt(M_MMAP_THRESHOLD, kLargeBlock); // What a large document needed goes back at once.
+    DecoderRequest request{};
+    while (std::fread(&request, sizeof request, 1, stdin) == 1) {
+        if (!answer(request))
+            return 1;
+    }
+    return 0;
 }

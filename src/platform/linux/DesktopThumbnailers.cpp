@@ -4,7 +4,9 @@
 
 #include <QDir>
 #include <QProcess>
+#include <QSet>
 #include <QStandardPaths>
+#include <algorithm>
 
 namespace mosaro::platform {
 
@@ -57,16 +59,25 @@ void DesktopThumbnailers::readFolders(const QStringList& folders)
                 continue;
             const QStringList types =
                 entry.value(QStringLiteral("MimeType")).split(QLatin1Char(';'), Qt::SkipEmptyParts);
-            for (const QString& type : types)
-                m_types.insert(type.trimmed());
+            for (const QString& type : types) {
+                // An earlier one goes before a later one.
+                if (!m_commands.contains(type.trimmed()))
+                    m_commands.insert(type.trimmed(), entry.value(QStringLiteral("Exec")));
+            }
         }
     }
 }
 
 bool DesktopThumbnailers::hasThumbnailer(const QStringList& mimeTypes) const
 {
-    return std::any_of(mimeTypes.begin(), mimeTypes.end(),
-                       [this](const QString& type) { return m_types.contains(type); });
+    return !thumbnailerCommand(mimeTypes).isEmpty();
+}
+
+QString DesktopThumbnailers::thumbnailerCommand(const QStringList& mimeTypes) const
+{
+    const auto type = std::find_if(mimeTypes.begin(), mimeTypes.end(),
+                                   [this](const QString& name) { return m_commands.contains(name); });
+    return type == mimeTypes.end() ? QString() : m_commands.value(*type);
 }
 
 } // namespace mosaro::platform

@@ -2,7 +2,7 @@
 
 #include "platform/Ports.h"
 
-#include <QSet>
+#include <QHash>
 
 namespace mosaro::platform {
 
@@ -15,11 +15,12 @@ public:
     explicit DesktopThumbnailers(const QStringList& folders);
 
     [[nodiscard]] bool hasThumbnailer(const QStringList& mimeTypes) const override;
+    [[nodiscard]] QString thumbnailerCommand(const QStringList& mimeTypes) const override;
 
 private:
     void readFolders(const QStringList& folders);
 
-    QSet<QString> m_types;
+    QHash<QString, QString> m_commands; ///< By MIME name.
 };
 
 } // namespace mosaro::platform

@@ -6,7 +6,8 @@ namespace mosaro::platform {
 
 QString MimeTypes::mimeTypeForExtension(const QString& extension) const
 {
-    if (extension.isEmpty() || extension.contains(QLatin1Char('/')))
+    // The database loses its way over a zero.
+    if (extension.isEmpty() || extension.contains(QLatin1Char('/')) || extension.contains(QChar::Null))
         return {};
     const QMimeType type =
         m_database.mimeTypeForFile(QStringLiteral("file.") + extension, QMimeDatabase::MatchExtension);
