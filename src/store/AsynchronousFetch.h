@@ -5,13 +5,14 @@
 
 #include <QObject>
 #include <QThreadPool>
+#include <atomic>
 #include <functional>
 
 namespace mosaro::store {
 
 /// Fetches for a context without holding up the main thread: the query runs on a worker with a connection of
 /// its own, and the main thread gets the records of the context itself. Sees what was saved when it runs.
-/// Must not outlive the context; what is not finished when it ends is never completed.
+/// Must not outlive the context; what is not finished when it ends is stopped and never completed.
 class AsynchronousFetch {
 public:
     template <class T>
@@ -20,18 +21,20 @@ public:
     explicit AsynchronousFetch(StoreContext& context) : m_context(context) { m_pool.setMaxThreadCount(1); }
     AsynchronousFetch(const AsynchronousFetch&) = delete;
     AsynchronousFetch& operator=(const AsynchronousFetch&) = delete;
-    ~AsynchronousFetch() { m_pool.waitForDone(); }
+    ~AsynchronousFetch();
 
     /// Called on the main thread, and calls the completion there. None is fine, too.
     template <class T>
     void executeFetchRequest(const Query& query, Completion<T> completion);
 
-private:
     using Ids = base::Result<std::vector<RowId>>;
+    /// The rows alone, under the same terms.
     void fetchIds(const EntityInfo& entity, const Query& query, std::function<void(const Ids&)> completion);
 
+private:
     StoreContext& m_context;
     QObject m_receiver;
+    std::atomic<bool> m_stop = false;
     QThreadPool m_pool;
 };
 

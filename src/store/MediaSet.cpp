@@ -1,9 +1,11 @@
 #include "store/MediaSet.h"
 
 #include "store/Media.h"
+#include "store/RowSet.h"
 
 #include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Statement.h>
+#include <limits>
 
 namespace mosaro::store {
 
@@ -37,45 +39,6 @@ QLatin1String attributeOf(SortKey key)
     return {};
 }
 
-/// A set of row ids, one bit each.
-class RowSet {
-public:
-    /// False when it was in already.
-    bool insert(RowId id)
-    {
-        if (id <= 0)
-            return false;
-        const auto position = static_cast<size_t>(id);
-        if (position >= m_bits.size())
-            m_bits.resize(std::max(position + 1, m_bits.size() * 2));
-        if (m_bits[position])
-            return false;
-        m_bits[position] = true;
-        ++m_count;
-        return true;
-    }
-
-    [[nodiscard]] bool contains(RowId id) const
-    {
-        return id > 0 && static_cast<size_t>(id) < m_bits.size() && m_bits[static_cast<size_t>(id)];
-    }
-
-    [[nodiscard]] std::vector<RowId> ascending() const
-    {
-        std::vector<RowId> ids;
-        ids.reserve(m_count);
-        for (size_t position = 0; position < m_bits.size(); ++position) {
-            if (m_bits[position])
-                ids.push_back(static_cast<RowId>(position));
-        }
-        return ids;
-    }
-
-private:
-    std::vector<bool> m_bits;
-    size_t m_count = 0;
-};
-
 RowId highestRow(StoreContext& context)
 {
     RowId highest = 0;
@@ -103,6 +66,13 @@ base::Result<std::vector<RowId>> byWalkingIndex(StoreContext& context, const std
     return ordered;
 }
 
+/// Sizes come from a file that anyone may have written: an absurd sum stays the greatest number.
+void addSize(MediaSet& set, qint64 size)
+{
+    if (__builtin_add_overflow(set.totalFileSize, size, &set.totalFileSize))
+        set.totalFileSize = std::numeric_limits<qint64>::max();
+}
+
 } // namespace
 
 MediaSet mediaSet(StoreContext& context, const std::vector<Predicate>& anyOf)
@@ -115,7 +85,7 @@ MediaSet mediaSet(StoreContext& context, const std::vector<Predicate>& anyOf)
         const auto read = context.forEachRow(Media::info(), "id, mediaFileSize", {predicate, {}, -1},
                                              [&](SQLite::Statement& row) {
                                                  if (rows.insert(row.getColumn(0).getInt64()))
-                                                     result.totalFileSize += row.getColumn(1).getInt64();
+                                                     addSize(result, row.getColumn(1).getInt64());
                                              });
         if (!read) {
             rows = std::move(before);
@@ -123,6 +93,27 @@ MediaSet mediaSet(StoreContext& context, const std::vector<Predicate>& anyOf)
         }
     }
     result.ids = rows.ascending();
+    return result;
+}
+
+MediaSet linkedMediaSet(StoreContext& context, const EntityInfo& linkEntity, const Predicate& condition)
+{
+    MediaSet result;
+    RowSet rows;
+    const auto read =
+        context.forEachRow(linkEntity, "media", {condition, {}, -1},
+                           [&rows](SQLite::Statement& row) { rows.insert(row.getColumn(0).getInt64()); });
+    if (!read)
+        return result;
+    result.ids = rows.ascending();
+    Query sizes;
+    if (result.ids.size() * kWalkShare < static_cast<size_t>(highestRow(context)))
+        sizes.predicate = Predicate::rows(result.ids);
+    // A failure costs no more than the sum.
+    (void)context.forEachRow(Media::info(), "id, mediaFileSize", sizes, [&](SQLite::Statement& row) {
+        if (rows.contains(row.getColumn(0).getInt64()))
+            addSize(result, row.getColumn(1).getInt64());
+    });
     return result;
 }
 

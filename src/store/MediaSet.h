@@ -18,6 +18,11 @@ struct MediaSet {
 /// The items that fulfil any of the predicates. A predicate whose query fails adds nothing.
 [[nodiscard]] MediaSet mediaSet(StoreContext& context, const std::vector<Predicate>& anyOf);
 
+/// The items that rows of a link entity lead to, of those rows that fulfil the condition; none when the query
+/// fails. For hundreds of thousands of rows this is several times faster than the predicate linkedBy().
+[[nodiscard]] MediaSet linkedMediaSet(StoreContext& context, const EntityInfo& linkEntity,
+                                      const Predicate& condition);
+
 /// The nine orders of a list of items; numbers are stored.
 enum class SortKey {
     Title = 0,

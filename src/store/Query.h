@@ -20,12 +20,14 @@ enum class Comparison {
     Contains,
     BeginsWith,
     EndsWith,
-    In, ///< The value is a QVariantList.
+    Like, ///< The value is a pattern: * stands for any run of characters, ? for one.
+    In,   ///< The value is a QVariantList.
 };
 enum class Fold { None, Case, CaseAndDiacritics };
 
 /// A condition on records of one entity, as a tree of values; compiled to SQL with bound values by the
-/// context. Values are only ever values: nothing in them is read as SQL or as a pattern.
+/// context. Values are only ever values: nothing in them is read as SQL, and only Like takes one for a
+/// pattern.
 class Predicate {
 public:
     enum class Kind { All, Nothing, Compare, And, Or, Not, LinkedBy, Rows };

@@ -1,11 +1,12 @@
 #include "store/SqlCompiler.h"
 
 #include "base/Text.h"
-#include "store/TextFunctions.h"
+#include "store/TextFolding.h"
 
 #include <QDateTime>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <algorithm>
 
 namespace mosaro::store {
 
@@ -39,6 +40,8 @@ const char* functionOf(Comparison comparison)
         return "mosaro_begins(";
     case Comparison::EndsWith:
         return "mosaro_ends(";
+    case Comparison::Like:
+        return "mosaro_like(";
     default:
         return "mosaro_contains(";
     }
@@ -177,13 +180,27 @@ void SqlCompiler::add(const Predicate& predicate)
     }
 }
 
+bool SqlCompiler::foldsText(const Predicate& predicate)
+{
+    const bool isLink = predicate.m_kind == Predicate::Kind::LinkedBy; // Asked once for all items.
+    return predicate.m_fold != Fold::None ||
+           (!isLink && std::any_of(predicate.m_parts.begin(), predicate.m_parts.end(), foldsText));
+}
+
 void SqlCompiler::addJoined(const Predicate& predicate, const char* word)
 {
+    std::vector<const Predicate*> parts;
+    for (const Predicate& part : predicate.m_parts)
+        parts.push_back(&part);
+    // SQLite tests in this order. Where one that fails settles it, those that fold a text come last.
+    if (predicate.m_kind == Predicate::Kind::And)
+        std::stable_partition(parts.begin(), parts.end(),
+                              [](const Predicate* part) { return !foldsText(*part); });
     // A balanced tree: SQLite limits the depth of an expression, not its width.
     const auto addRange = [&](const auto& self, size_t from, size_t to) -> void {
         m_result.sql += '(';
         if (to - from == 1) {
-            add(predicate.m_parts[from]);
+            add(*parts[from]);
         } else {
             const size_t middle = from + (to - from) / 2;
             self(self, from, middle);
@@ -192,7 +209,7 @@ void SqlCompiler::addJoined(const Predicate& predicate, const char* word)
         }
         m_result.sql += ')';
     };
-    addRange(addRange, 0, predicate.m_parts.size());
+    addRange(addRange, 0, parts.size());
 }
 
 void SqlCompiler::addLinked(const Predicate& predicate)
@@ -218,6 +235,7 @@ void SqlCompiler::addComparison(const Predicate& predicate)
     case Comparison::Contains:
     case Comparison::BeginsWith:
     case Comparison::EndsWith:
+    case Comparison::Like:
         addTextTest(*info, predicate);
         return;
     case Comparison::In:
@@ -240,8 +258,14 @@ void SqlCompiler::addOrdering(const AttributeInfo& attribute, const Predicate& p
             m_result.sql += "0";
         return;
     }
+    // A range of dates may hold nearly all items; told so, SQLite follows its index only where that leads to
+    // no reading of rows all over the table.
+    const bool isRange = attribute.type == ValueType::Date && isLookupKey(attribute) &&
+                         predicate.m_comparison != Comparison::Equal;
+    m_result.sql += isRange ? "likely(" : "";
     m_result.sql += operand(attribute, predicate.m_fold) + operatorOf(predicate.m_comparison);
     addValue(attribute, predicate.m_value, predicate.m_fold);
+    m_result.sql += isRange ? ")" : "";
 }
 
 void SqlCompiler::addTextTest(const AttributeInfo& attribute, const Predicate& predicate)
@@ -277,14 +301,16 @@ void SqlCompiler::addList(const AttributeInfo& attribute, const Predicate& predi
             inLine += inLine.isEmpty() ? "?" : ",?";
         }
     }
-    m_result.sql += '(' + left + " IN (" + inLine + ')';
+    QByteArrayList tests;
+    if (!inLine.isEmpty() || list.isEmpty())
+        tests.append(left + " IN (" + inLine + ')');
     if (withMissing)
-        m_result.sql += QByteArray(" OR ") + attribute.name.data() + " IS NULL";
+        tests.append(attribute.name.data() + QByteArray(" IS NULL"));
     if (!json.isEmpty()) {
-        m_result.sql += " OR " + left + " IN (SELECT value FROM json_each(?))";
+        tests.append(left + " IN (SELECT value FROM json_each(?))");
         m_result.values.emplace_back(QJsonDocument(json).toJson(QJsonDocument::Compact).toStdString());
     }
-    m_result.sql += ')';
+    m_result.sql += '(' + tests.join(" OR ") + ')';
 }
 
 void SqlCompiler::addOrder(const Query& query)

@@ -33,6 +33,7 @@ private:
     explicit SqlCompiler(const EntityInfo& entity) : m_entity(&entity) {}
 
     void add(const Predicate& predicate);
+    [[nodiscard]] static bool foldsText(const Predicate& predicate);
     void addJoined(const Predicate& predicate, const char* word);
     void addLinked(const Predicate& predicate);
     void addComparison(const Predicate& predicate);

@@ -205,6 +205,30 @@ base::Result<qint64> StoreContext::sum(const EntityInfo& entity, QLatin1String a
     return result;
 }
 
+base::Result<QHash<RowId, qint64>> StoreContext::countBy(const EntityInfo& entity, QLatin1String reference,
+                                                         const Predicate& predicate)
+{
+    const int index = entity.indexOf(reference);
+    if (index < 0 || entity.attributes[static_cast<size_t>(index)].type != ValueType::Reference)
+        return base::Failure{base::text("Failure.Query.NoReference", reference, entity.name)};
+    const QByteArray name = reference.data();
+    auto compiled = SqlCompiler::select(entity, name + ", count(*)", {predicate, {}, -1});
+    if (!compiled)
+        return compiled.failure();
+    try {
+        QHash<RowId, qint64> counts;
+        auto rows = d->file->statement(compiled.value().sql + " GROUP BY " + name);
+        compiled.value().bindTo(*rows);
+        while (rows->executeStep()) {
+            if (!rows->isColumnNull(0))
+                counts.insert(rows->getColumn(0).getInt64(), rows->getColumn(1).getInt64());
+        }
+        return counts;
+    } catch (const SQLite::Exception& error) {
+        return storeFailure(error, path());
+    }
+}
+
 void StoreContext::remove(Record& record)
 {
     if (record.context() != this)

@@ -52,6 +52,9 @@ public:
     /// Sum of an integer attribute.
     [[nodiscard]] base::Result<qint64> sum(const EntityInfo& entity, QLatin1String attribute,
                                            const Predicate& predicate);
+    /// How many matching records lead to each row through a reference. Rows that none leads to are left out.
+    [[nodiscard]] base::Result<QHash<RowId, qint64>>
+    countBy(const EntityInfo& entity, QLatin1String reference, const Predicate& predicate);
 
     /// For parts of the store that read columns without records. `columns` is SQL of the caller's own.
     [[nodiscard]] base::Result<void> forEachRow(const EntityInfo& entity, const QByteArray& columns,

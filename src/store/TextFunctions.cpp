@@ -1,87 +1,16 @@
 #include "store/TextFunctions.h"
 
 #include "base/FinderStyleCompare.h"
+#include "store/TextFolding.h"
 
 #include <SQLiteCpp/Exception.h>
 #include <algorithm>
 #include <sqlite3.h>
-#include <unicode/normalizer2.h>
-#include <unicode/uchar.h>
-#include <unicode/unistr.h>
+#include <string_view>
 
 namespace mosaro::store {
 
 namespace {
-
-icu::UnicodeString normalized(const icu::Normalizer2* form, const icu::UnicodeString& text)
-{
-    UErrorCode status = U_ZERO_ERROR;
-    icu::UnicodeString result = form->normalize(text, status);
-    return U_SUCCESS(status) ? result : text;
-}
-
-const icu::Normalizer2* composed()
-{
-    UErrorCode status = U_ZERO_ERROR;
-    return icu::Normalizer2::getNFCInstance(status);
-}
-
-const icu::Normalizer2* decomposed()
-{
-    UErrorCode status = U_ZERO_ERROR;
-    return icu::Normalizer2::getNFDInstance(status);
-}
-
-icu::UnicodeString withoutMarks(const icu::UnicodeString& text)
-{
-    icu::UnicodeString result;
-    for (int32_t at = 0; at < text.length(); at = text.moveIndex32(at, 1)) {
-        const UChar32 character = text.char32At(at);
-        if (u_charType(character) != U_NON_SPACING_MARK)
-            result.append(character);
-    }
-    return result;
-}
-
-std::string foldedByIcu(std::string_view bytes, Fold fold)
-{
-    auto text =
-        icu::UnicodeString::fromUTF8(icu::StringPiece(bytes.data(), static_cast<int32_t>(bytes.size())));
-    if (fold == Fold::CaseAndDiacritics)
-        text = withoutMarks(normalized(decomposed(), text));
-    text.foldCase();
-    // Composed again, so that a syllable is not found as the beginning of another.
-    text = normalized(composed(), text);
-    std::string result;
-    text.toUTF8String(result);
-    return result;
-}
-
-bool isAscii(std::string_view bytes)
-{
-    return std::all_of(bytes.begin(), bytes.end(),
-                       [](char byte) { return static_cast<signed char>(byte) >= 0; });
-}
-
-void lowerAscii(std::string_view bytes, std::string& result)
-{
-    result.resize(bytes.size());
-    std::transform(bytes.begin(), bytes.end(), result.begin(), [](char byte) {
-        return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
-    });
-}
-
-/// A view of the folded text: of `bytes` where nothing is to be done, else of `buffer`.
-std::string_view folded(std::string_view bytes, Fold fold, std::string& buffer)
-{
-    if (fold == Fold::None)
-        return bytes;
-    if (isAscii(bytes))
-        lowerAscii(bytes, buffer);
-    else
-        buffer = foldedByIcu(bytes, fold);
-    return buffer;
-}
 
 std::string_view textOf(sqlite3_value* value)
 {
@@ -105,6 +34,55 @@ bool ends(std::string_view text, std::string_view part)
     return text.ends_with(part);
 }
 
+bool isContinued(char byte)
+{
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+ptrdiff_t characters(std::string_view text)
+{
+    return std::count_if(text.begin(), text.end(), [](char byte) { return !isContinued(byte); });
+}
+
+/// Past the UTF-8 character that begins at `at`.
+size_t nextCharacter(std::string_view text, size_t at)
+{
+    do
+        ++at;
+    while (at < text.size() && isContinued(text[at]));
+    return at;
+}
+
+/// Whether the whole text is of the pattern. What a star takes grows by a character at each mismatch after
+/// it; earlier stars need not be tried again.
+bool isLike(std::string_view text, std::string_view pattern)
+{
+    constexpr size_t kNone = std::string_view::npos;
+    size_t at = 0;
+    size_t next = 0;
+    size_t afterStar = kNone;
+    size_t retry = 0;
+    while (at < text.size()) {
+        if (next < pattern.size() && pattern[next] == '*') {
+            afterStar = ++next;
+            retry = at;
+        } else if (next < pattern.size() && pattern[next] == '?') {
+            at = nextCharacter(text, at);
+            ++next;
+        } else if (next < pattern.size() && pattern[next] == text[at]) {
+            ++at;
+            ++next;
+        } else if (afterStar != kNone) {
+            retry = nextCharacter(text, retry);
+            at = retry;
+            next = afterStar;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of('*', next) == kNone;
+}
+
 template <Test test>
 void testFunction(sqlite3_context* context, int, sqlite3_value** arguments)
 {
@@ -112,10 +90,14 @@ void testFunction(sqlite3_context* context, int, sqlite3_value** arguments)
         sqlite3_result_int(context, 0);
         return;
     }
-    static std::string buffer; // Queries run on the main thread; kept for its capacity.
     const auto fold = static_cast<Fold>(sqlite3_value_int(arguments[2]));
-    sqlite3_result_int(context,
-                       test(folded(textOf(arguments[0]), fold, buffer), textOf(arguments[1])) ? 1 : 0);
+    const std::string_view text = textOf(arguments[0]);
+    const std::string_view part = textOf(arguments[1]);
+    bool found = test(foldedView(text, fold), part);
+    const bool isOfCharacters = test == isLike && fold == Fold::Case && part.find('?') != part.npos;
+    if (isOfCharacters && !found && characters(text) != characters(foldedView(text, fold)))
+        found = test(foldedByCharacter(text), part);
+    sqlite3_result_int(context, found ? 1 : 0);
 }
 
 void foldFunction(sqlite3_context* context, int, sqlite3_value** arguments)
@@ -124,8 +106,8 @@ void foldFunction(sqlite3_context* context, int, sqlite3_value** arguments)
         sqlite3_result_null(context);
         return;
     }
-    const std::string text =
-        foldedText(textOf(arguments[0]), static_cast<Fold>(sqlite3_value_int(arguments[1])));
+    const std::string_view text =
+        foldedView(textOf(arguments[0]), static_cast<Fold>(sqlite3_value_int(arguments[1])));
     sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
 }
 
@@ -148,12 +130,6 @@ void registerFunction(sqlite3* handle, const char* name, int arguments, Function
 
 } // namespace
 
-std::string foldedText(std::string_view text, Fold fold)
-{
-    std::string buffer;
-    return std::string(folded(text, fold, buffer));
-}
-
 void registerTextFunctions(SQLite::Database& database)
 {
     sqlite3* handle = database.getHandle();
@@ -161,6 +137,7 @@ void registerTextFunctions(SQLite::Database& database)
     registerFunction(handle, "mosaro_contains", 3, testFunction<contains>);
     registerFunction(handle, "mosaro_begins", 3, testFunction<begins>);
     registerFunction(handle, "mosaro_ends", 3, testFunction<ends>);
+    registerFunction(handle, "mosaro_like", 3, testFunction<isLike>);
     const int result =
         sqlite3_create_collation_v2(handle, "FINDER", SQLITE_UTF8, nullptr, finderCollation, nullptr);
     if (result != SQLITE_OK)

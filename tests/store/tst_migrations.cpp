@@ -1,5 +1,7 @@
+#include "store/MediaTagList.h"
 #include "store/Migrations.h"
 #include "store/StoreFile.h"
+#include "store/TextFunctions.h"
 #include "support/TemporaryLibrary.h"
 
 #include <QtTest>
@@ -55,6 +57,26 @@ private Q_SLOTS:
             QVERIFY(migrate(file.value()->database(), m_path, steps).ok());
         QCOMPARE(ran, (QList<int>{next, next + 1}));
         QCOMPARE(file.value()->number("PRAGMA user_version"), next + 1);
+    }
+
+    void oldestLibrariesComeAlong()
+    {
+        {
+            SQLite::Database database(m_path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+            registerTextFunctions(database);
+            QVERIFY(migrate(database, m_path, std::span(currentMigrations()).first(1)).ok());
+            database.exec("INSERT INTO Tags (tagID, title) VALUES ('T', 'red');"
+                          "INSERT INTO Media (mediaID, mediaTitle) VALUES ('M', 'one');"
+                          "INSERT INTO MediaTagList (mediaID, tagID, media, tags) VALUES ('M', 'T', 1, 1)");
+        }
+        const auto context = StoreContext::open(m_path);
+        QVERIFY2(context.ok(), qPrintable(context.ok() ? QString() : context.reason()));
+        const auto media = context.value()->first<Media>(Predicate::all());
+        QVERIFY(media);
+        QCOMPARE(media->mediaTagList().front()->tags()->title(), u"red"_s);
+        const QByteArray indexes = "SELECT count(*) FROM sqlite_master WHERE type = 'index'";
+        const auto created = StoreFile::open(m_folder->filePath(u"new"_s));
+        QCOMPARE(StoreFile::open(m_path).value()->number(indexes), created.value()->number(indexes));
     }
 
     void failedStepLeavesTheFile()

@@ -3,7 +3,7 @@
 #include "store/AsynchronousFetch.h"
 #include "store/MediaSet.h"
 #include "store/MediaTagList.h"
-#include "store/TextFunctions.h"
+#include "store/TextFolding.h"
 #include "support/TemporaryLibrary.h"
 
 #include <QtTest>
@@ -102,6 +102,11 @@ private Q_SLOTS:
         row("nul", title(Equal, kWithNul), "5");
         row("nul is no end", title(Equal, u"nul"_s), "");
         row("after nul", title(EndsWith, u"TAIL"_s, Fold::Case), "5");
+        row("like is for the whole text", title(Like, u"caf"_s, Fold::Case), "");
+        row("one character, composed or not", title(Like, u"caf?*"_s, Fold::Case), "1 2");
+        row("the star gives back", title(Like, u"*a*a?t*"_s, Fold::Case), "2");
+        row("like after nul", title(Like, u"n*?tail"_s), "5");
+        row("nothing is like empty text", title(Like, QString()), "8");
         row("empty text", title(Equal, QString()), "8");
         row("empty part is in every text", title(Contains, QString()), "0 1 2 4 5 6 7 8 9");
         row("longer than the text", title(BeginsWith, u"\uac01\uac01"_s), "");
@@ -133,6 +138,26 @@ private Q_SLOTS:
         QFETCH(Predicate, predicate);
         QFETCH(QString, expected);
         QCOMPARE(titles(predicate).join(u' '), expected);
+    }
+
+    /// The quick way by single characters gives what the whole text gives; a character beyond the basic plane
+    /// bars the quick way.
+    void foldsByCharacterAsAsAWhole()
+    {
+        const std::string smile = "\U0001F600";
+        for (char32_t character = 1; character <= 0xFFFF; ++character) {
+            if (QChar::isSurrogate(character))
+                continue;
+            const QString one = QChar(static_cast<char16_t>(character));
+            for (const QString& text :
+                 {u"e"_s + one, one + u'\u0301', one + one, u'\u1100' + one + u'\u11a8'}) {
+                const std::string bytes = text.toStdString();
+                for (const Fold fold : {Fold::Case, Fold::CaseAndDiacritics}) {
+                    if (foldedText(bytes, fold) + smile != foldedText(bytes + smile, fold))
+                        QFAIL(qPrintable(u"U+%1 in %2"_s.arg(character, 4, 16).arg(text)));
+                }
+            }
+        }
     }
 
     void refuses_data()
