@@ -3,8 +3,16 @@
 #include <QPainter>
 #include <QRect>
 #include <QString>
+#include <vector>
 
 namespace mosaro::kit {
+
+/// Consecutive cells below a header that opens and closes them.
+struct GridSection {
+    int id = 0; ///< What is remembered as closed; stays the same when the list changes.
+    QString title;
+    int count = 0;
+};
 
 /// What a grid shows. Asked on the main thread, for visible cells only.
 class GridModel {
@@ -12,6 +20,8 @@ public:
     virtual ~GridModel() = default;
 
     [[nodiscard]] virtual int count() const = 0;
+    /// In order, their counts adding up to count(); none for a grid without headers.
+    [[nodiscard]] virtual std::vector<GridSection> sections() const { return {}; }
     [[nodiscard]] virtual QString title(int index) const = 0;
     [[nodiscard]] virtual QString toolTip(int index) const = 0;
     /// All that the cell tells, in one line for those who cannot see it.

@@ -1,5 +1,6 @@
 #include "kit/GridView.h"
 
+#include "base/Text.h"
 #include "kit/GridViewAccessible.h"
 #include "kit/Look.h"
 
@@ -35,7 +36,7 @@ void GridView::setSource(const GridModel* model, GridCellPainter* painter)
 void GridView::setMetrics(const GridMetrics& metrics)
 {
     // What is in the middle stays about there, whatever the new size.
-    const int middle = m_layout.indexesBetween(offset(), offset() + viewport()->height() / 2).last;
+    const int middle = m_layout.indexesBetween(offset(), offset() + viewport()->height() / 2).last();
     const int anchor = m_selection.isEmpty() ? middle : m_selection.first();
     m_metrics = metrics;
     relayout();
@@ -47,7 +48,7 @@ void GridView::setMetrics(const GridMetrics& metrics)
 
 void GridView::relayout()
 {
-    m_layout = GridLayout(m_metrics, viewport()->width(), m_model == nullptr ? 0 : m_model->count());
+    m_layout = makeLayout();
     QScrollBar* bar = verticalScrollBar();
     bar->setPageStep(viewport()->height());
     bar->setSingleStep(std::max(1, m_layout.rowPitch() / 3));
@@ -63,8 +64,10 @@ int GridView::offset() const
 void GridView::reloadData()
 {
     endBand();
+    m_sections = m_model == nullptr ? std::vector<GridSection>() : m_model->sections();
     relayout();
     m_selection.clip(m_layout.count());
+    m_selection = m_layout.withoutHidden(m_selection);
     m_current = std::min(m_current, m_layout.count() - 1);
     m_anchor = std::min(m_anchor, m_layout.count() - 1);
 }
@@ -81,6 +84,7 @@ void GridView::setSelectionIndexes(const GridSelection& indexes, bool byExtendin
     GridSelection next = byExtendingSelection ? m_selection : GridSelection();
     next.add(indexes);
     next.clip(m_layout.count());
+    openSectionsOf(next);
     if (!indexes.isEmpty()) {
         setCurrent(std::min(indexes.first(), m_layout.count() - 1));
         m_anchor = m_current;
@@ -98,8 +102,9 @@ void GridView::selectNone()
     changeSelection({});
 }
 
-void GridView::changeSelection(const GridSelection& selection)
+void GridView::changeSelection(const GridSelection& wanted)
 {
+    const GridSelection selection = m_layout.withoutHidden(wanted);
     if (selection == m_selection) {
         return;
     }
@@ -128,7 +133,7 @@ void GridView::scrollIndexToVisible(int index)
     }
     const QRect cell = m_layout.cellRect(index);
     const int air = m_metrics.margin;
-    const int highest = cell.top() - air;
+    const int highest = cell.top() - air - (m_sections.empty() ? 0 : m_metrics.headerHeight);
     const int lowest = cell.bottom() + air - viewport()->height();
     if (offset() > highest) {
         verticalScrollBar()->setValue(highest);
@@ -147,7 +152,8 @@ void GridView::scrollToTop()
 
 GridInterval GridView::visibleItemIndexes() const
 {
-    return m_layout.indexesBetween(offset(), offset() + viewport()->height() - 1);
+    const GridSelection visible = m_layout.indexesBetween(offset(), offset() + viewport()->height() - 1);
+    return visible.isEmpty() ? GridInterval() : GridInterval{visible.first(), visible.last()};
 }
 
 QRect GridView::itemFrameAtIndex(int index) const
@@ -157,7 +163,7 @@ QRect GridView::itemFrameAtIndex(int index) const
 
 int GridView::indexAt(const QPoint& position) const
 {
-    return m_layout.indexAt(position + QPoint(0, offset()));
+    return headerAt(position) >= 0 ? -1 : m_layout.indexAt(position + QPoint(0, offset()));
 }
 
 void GridView::updateItem(int index)
@@ -186,13 +192,14 @@ void GridView::paintEvent(QPaintEvent* event)
     const GridInterval visible = visibleItemIndexes();
     if (m_painter != nullptr && !visible.isEmpty()) {
         m_painter->prepare(visible.first, visible.last);
-        for (int index = visible.first; index <= visible.last; ++index) {
+        m_layout.indexesBetween(offset(), offset() + viewport()->height() - 1).forEach([&](int index) {
             const QRect cell = itemFrameAtIndex(index);
             if (event->rect().intersects(cell.adjusted(-8, -8, 8, 8))) {
                 m_painter->paint(painter, cell, index, cellState(index));
             }
-        }
+        });
     }
+    paintHeaders(painter);
     paintOverlays(painter);
 }
 
@@ -234,7 +241,13 @@ bool GridView::viewportEvent(QEvent* event)
     if (event->type() == QEvent::ToolTip && m_model != nullptr) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const int index = indexAt(help->pos());
-        if (index < 0) {
+        const int header = headerAt(help->pos());
+        if (header >= 0) {
+            QToolTip::showText(help->globalPos(),
+                               isSectionClosed(header) ? base::text("Tooltip.Open.Group")
+                                                       : base::text("Tooltip.Close.Group"),
+                               viewport(), headerFrame(header));
+        } else if (index < 0) {
             QToolTip::hideText();
         } else {
             QToolTip::showText(help->globalPos(), m_model->toolTip(index), viewport(),

@@ -6,6 +6,7 @@
 #include <QAbstractScrollArea>
 #include <QElapsedTimer>
 #include <QPointer>
+#include <QSet>
 #include <functional>
 #include <optional>
 
@@ -41,12 +42,21 @@ public:
 
     void scrollIndexToVisible(int index);
     void scrollToTop();
+    /// From the first to the last one in sight; cells of closed sections may lie between.
     [[nodiscard]] GridInterval visibleItemIndexes() const;
     /// In viewport coordinates.
     [[nodiscard]] QRect itemFrameAtIndex(int index) const;
     /// In viewport coordinates; -1 between cells.
     [[nodiscard]] int indexAt(const QPoint& position) const;
     void updateItem(int index);
+
+    /// Of the model's sections; selecting a cell opens its section, and closing one deselects its cells.
+    void setSectionClosed(int section, bool closed);
+    [[nodiscard]] bool isSectionClosed(int section) const;
+    /// In viewport coordinates.
+    [[nodiscard]] QRect headerFrame(int section) const;
+    /// The section that a cell lies in with its header closed; null when the cell has a place.
+    [[nodiscard]] const GridSection* closedSectionOf(int index) const;
 
     /// Whether something that is dragged over the grid may be dropped. Without it nothing may.
     void setDropFilter(std::function<bool(const QMimeData& data, const QObject* source)> filter);
@@ -63,6 +73,10 @@ Q_SIGNALS:
     void dropped(const QMimeData& data);
 
 protected:
+    /// The mouse drags the selected cells, this one under it. Here cells stay where they are: the mouse draws
+    /// a rubber band.
+    virtual void startDrag(int index);
+
     bool event(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -96,13 +110,18 @@ private:
     void relayout();
     [[nodiscard]] int offset() const;
     [[nodiscard]] GridCellState cellState(int index) const;
+    void paintHeaders(QPainter& painter) const;
     void paintOverlays(QPainter& painter) const;
-    void changeSelection(const GridSelection& selection);
+    [[nodiscard]] GridLayout makeLayout() const;
+    [[nodiscard]] int headerAt(const QPoint& viewportPosition) const;
+    void openSectionsOf(const GridSelection& indexes);
+    [[nodiscard]] bool isDisclosureKey(const QKeyEvent& event);
+    void changeSelection(const GridSelection& wanted);
     void setCurrent(int index);
     void pressItem(int index, Qt::KeyboardModifiers modifiers);
     void moveBand(const QPoint& viewportPosition);
     void endBand();
-    void moveCurrent(int index, Qt::KeyboardModifiers modifiers);
+    void moveCurrent(int wanted, Qt::KeyboardModifiers modifiers);
     [[nodiscard]] bool typeAhead(const QString& text);
     [[nodiscard]] bool isCommandKey(QKeyEvent* event);
     void scrollBy(int points);
@@ -113,10 +132,14 @@ private:
     GridCellPainter* m_painter = nullptr;
     GridMetrics m_metrics;
     GridLayout m_layout;
+    std::vector<GridSection> m_sections;
+    QSet<int> m_closedSections; ///< By id.
     GridSelection m_selection;
     int m_current = -1;
     int m_anchor = -1;
     int m_selectAloneOnRelease = -1;
+    int m_pressed = -1; ///< The cell that a drag would begin from.
+    QPoint m_pressedAt;
     bool m_keyboardFocus = false; ///< The keyboard was used last: the current cell shows a ring.
     std::optional<RubberBand> m_band;
     int m_bandTimer = 0;

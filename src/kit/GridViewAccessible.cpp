@@ -31,6 +31,9 @@ public:
         if (!isValid()) {
             return {};
         }
+        if (const GridSection* section = m_view->closedSectionOf(m_index)) {
+            return kind == QAccessible::Name ? section->title.trimmed() : QString();
+        }
         if (kind == QAccessible::Name) {
             return m_view->model()->title(m_index);
         }
@@ -50,6 +53,10 @@ public:
         state.selectable = state.focusable = true;
         state.invalid = !isValid();
         if (isValid()) {
+            // The current cell of a closed section stands for its header.
+            const bool hidden = m_view->closedSectionOf(m_index) != nullptr;
+            state.expandable = state.collapsed = hidden;
+            state.invisible = hidden && m_view->currentIndex() != m_index;
             state.selected = m_view->selectionIndexes().contains(m_index);
             state.focused = m_view->hasFocus() && m_view->currentIndex() == m_index;
             state.offscreen = !m_view->viewport()->rect().intersects(m_view->itemFrameAtIndex(m_index));

@@ -62,9 +62,19 @@ void GridView::mousePressEvent(QMouseEvent* event)
 {
     m_keyboardFocus = false;
     m_selectAloneOnRelease = -1;
+    const int header = headerAt(event->position().toPoint());
+    if (header >= 0) {
+        if (event->button() == Qt::LeftButton) {
+            setSectionClosed(header, !isSectionClosed(header));
+        }
+        return;
+    }
     const int index = indexAt(event->position().toPoint());
+    m_pressed = -1;
     if (event->button() == Qt::LeftButton && index >= 0) {
         pressItem(index, event->modifiers());
+        m_pressed = m_selection.contains(index) ? index : -1;
+        m_pressedAt = event->position().toPoint();
     } else if (event->button() == Qt::LeftButton) {
         const bool extends = (event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
         if (!extends) {
@@ -103,7 +113,15 @@ void GridView::pressItem(int index, Qt::KeyboardModifiers modifiers)
 
 void GridView::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!m_band || (event->buttons() & Qt::LeftButton) == 0) {
+    if ((event->buttons() & Qt::LeftButton) == 0) {
+        return;
+    }
+    const QPoint way = event->position().toPoint() - m_pressedAt;
+    if (m_pressed >= 0 && way.manhattanLength() >= QApplication::startDragDistance()) {
+        m_selectAloneOnRelease = -1;
+        startDrag(std::exchange(m_pressed, -1));
+    }
+    if (!m_band) {
         return;
     }
     moveBand(event->position().toPoint());
@@ -144,6 +162,14 @@ void GridView::timerEvent(QTimerEvent* event)
     verticalScrollBar()->setValue(offset() + std::clamp(beyond / 2, -60, 60));
 }
 
+void GridView::startDrag(int)
+{
+    const bool extends =
+        (QGuiApplication::keyboardModifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != 0;
+    const QPoint origin = m_pressedAt + QPoint(0, offset());
+    m_band = RubberBand{origin, origin, extends ? m_selection : GridSelection(), false};
+}
+
 void GridView::endBand()
 {
     if (m_bandTimer != 0) {
@@ -161,6 +187,7 @@ void GridView::mouseReleaseEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton) {
         return;
     }
+    m_pressed = -1;
     const int alone = std::exchange(m_selectAloneOnRelease, -1);
     if (m_band && !m_selection.isEmpty()) {
         m_anchor = m_selection.first();
@@ -175,7 +202,9 @@ void GridView::mouseReleaseEvent(QMouseEvent* event)
 void GridView::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const int index = indexAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && index >= 0) {
+    if (headerAt(event->position().toPoint()) >= 0) {
+        mousePressEvent(event); // Quick clicks on a header are clicks.
+    } else if (event->button() == Qt::LeftButton && index >= 0) {
         Q_EMIT activated(index);
     }
 }
@@ -204,18 +233,22 @@ void GridView::keyPressEvent(QKeyEvent* event)
     if (move) {
         const int index = m_layout.moved(m_current, *move, viewport()->height());
         moveCurrent(index, event->modifiers());
-    } else if (!isCommandKey(event)) {
+    } else if (!isDisclosureKey(*event) && !isCommandKey(event)) {
         QAbstractScrollArea::keyPressEvent(event);
     }
 }
 
-/// Plain: selects alone. Shift: everything from the anchor. Ctrl: goes there without selecting.
-void GridView::moveCurrent(int index, Qt::KeyboardModifiers modifiers)
+/// Plain: selects alone. Shift: everything from the anchor. Ctrl: goes there without selecting, as to a
+/// closed header.
+void GridView::moveCurrent(int wanted, Qt::KeyboardModifiers modifiers)
 {
-    if (index < 0) {
+    if (wanted < 0) {
         return;
     }
-    if ((modifiers & Qt::ShiftModifier) != 0) {
+    const int index = m_layout.standIn(wanted);
+    if (m_layout.isHidden(index)) {
+        setCurrent(index);
+    } else if ((modifiers & Qt::ShiftModifier) != 0) {
         m_anchor = m_anchor < 0 ? std::max(0, m_current) : m_anchor;
         setCurrent(index);
         changeSelection(GridSelection({std::min(m_anchor, index), std::max(m_anchor, index)}));

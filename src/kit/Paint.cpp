@@ -118,15 +118,20 @@ void verticalHairline(QPainter& painter, qreal top, qreal bottom, qreal x, const
 
 void labelDot(QPainter& painter, const QRectF& rect, int label)
 {
-    const QColor tint = labelColor(label);
-    if (!tint.isValid()) {
-        return;
+    if (const QColor tint = labelColor(label); tint.isValid()) {
+        dot(painter, rect, tint);
     }
+}
+
+void dot(QPainter& painter, const QRectF& rect, const QColor& color)
+{
+    constexpr int kLost = 64;
+    const bool isLost = color.lightness() < kLost || color.alpha() < kLost;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(tint);
-    painter.drawEllipse(rect);
+    painter.setPen(isLost ? QPen(color::text3, 1) : QPen(Qt::NoPen));
+    painter.setBrush(color);
+    painter.drawEllipse(isLost ? rect.adjusted(0.5, 0.5, -0.5, -0.5) : rect);
     painter.restore();
 }
 

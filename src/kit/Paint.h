@@ -25,6 +25,8 @@ void verticalHairline(QPainter& painter, qreal top, qreal bottom, qreal x, const
 
 /// The dot of label 1 to 7, filling `rect`; nothing for others.
 void labelDot(QPainter& painter, const QRectF& rect, int label);
+/// A dot of any colour; one that would be lost on the dark ground has an outline.
+void dot(QPainter& painter, const QRectF& rect, const QColor& color);
 /// A colour on show. A transparent one lies on a checker, so that it is seen to be transparent.
 void swatch(QPainter& painter, const QRectF& rect, const QColor& color);
 /// The dark checker behind pictures with transparency.

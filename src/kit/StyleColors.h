@@ -53,4 +53,10 @@ inline const QColor hover{255, 255, 255, 13};
     return isHovered(option) ? base.lighter(116) : base;
 }
 
+/// A menu item's icon that has a column of its own beside the mark; else both share one.
+[[nodiscard]] inline bool hasIconBesideMark(const QStyleOptionMenuItem& item)
+{
+    return item.checkType != QStyleOptionMenuItem::NotCheckable && !item.icon.isNull();
+}
+
 } // namespace mosaro::kit::look

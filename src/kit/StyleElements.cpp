@@ -117,15 +117,20 @@ void MosaroStyle::drawMenuItem(const QStyleOptionMenuItem& item, QPainter& paint
         const QPointF middle = QRectF(column).center();
         if (item.checkType == QStyleOptionMenuItem::Exclusive) {
             paint::panel(painter, QRectF(middle.x() - 3, middle.y() - 3, 6, 6), color::amber, {}, 3);
+        } else if (item.state.testFlag(State_NoChange)) {
+            paint::panel(painter, QRectF(middle.x() - 5, middle.y() - 1, 10, 2), color::amber, {}, 1);
         } else {
             paint::checkMark(painter, QRectF(middle.x() - 7, middle.y() - 7, 14, 14), color::amber);
         }
-    } else if (!item.icon.isNull()) {
-        item.icon.paint(&painter, QRect(column.left(), column.center().y() - 7, 16, 16));
+    }
+    const int indent = look::kMenuCheckColumn + (look::hasIconBesideMark(item) ? look::kMenuCheckColumn : 0);
+    if (!item.icon.isNull() && (!item.checked || look::hasIconBesideMark(item))) {
+        const QRect place = item.rect.adjusted(indent - look::kMenuCheckColumn + 3, 0, 0, 0);
+        item.icon.paint(&painter, visualRect(item.direction, item.rect,
+                                             QRect(place.left(), place.center().y() - 7, 16, 16)));
     }
     const bool isSubMenu = item.menuItemType == QStyleOptionMenuItem::SubMenu;
-    const QRect words =
-        item.rect.adjusted(look::kMenuCheckColumn, 0, -(look::kMenuMargin + (isSubMenu ? 14 : 4)), 0);
+    const QRect words = item.rect.adjusted(indent, 0, -(look::kMenuMargin + (isSubMenu ? 14 : 4)), 0);
     QPalette palette = item.palette;
     palette.setColor(QPalette::ButtonText, color::text);
     int flags = Qt::AlignVCenter | Qt::TextShowMnemonic | Qt::TextDontClip | Qt::TextSingleLine;

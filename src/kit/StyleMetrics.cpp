@@ -114,6 +114,9 @@ QSize menuItemSize(const QStyleOptionMenuItem& item, const QSize& size)
     if (item.text.contains(u'\t')) {
         width += metric::wideGap;
     }
+    if (look::hasIconBesideMark(item)) {
+        width += look::kMenuCheckColumn;
+    }
     return {width, qMax(look::kMenuItemHeight, size.height() + 6)};
 }
 

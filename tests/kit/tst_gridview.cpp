@@ -23,8 +23,10 @@ GridSelection selectionOf(const Intervals& intervals)
 class Names : public GridModel {
 public:
     int items = 0;
+    std::vector<GridSection> groups;
 
     int count() const override { return items; }
+    std::vector<GridSection> sections() const override { return groups; }
     QString title(int index) const override { return u"Item %1"_s.arg(index); }
     QString toolTip(int index) const override { return title(index); }
     QString accessibleText(int index) const override { return u"number %1"_s.arg(index); }
@@ -182,9 +184,9 @@ private Q_SLOTS:
         }
         QCOMPARE(layout.indexAt(layout.cellRect(11).center()), -1); // the row ends before it
         QCOMPARE(layout.indexAt({200, 5}), -1);
-        QCOMPARE(layout.indexesBetween(0, 399), (GridInterval{0, 9}));
-        QCOMPARE(layout.indexesBetween(0, 17), (GridInterval{}));
-        QCOMPARE(layout.indexesBetween(138, 139), (GridInterval{4, 7}));
+        QCOMPARE(layout.indexesBetween(0, 399).intervals(), (Intervals{{0, 9}}));
+        QVERIFY(layout.indexesBetween(0, 17).isEmpty());
+        QCOMPARE(layout.indexesBetween(138, 139).intervals(), (Intervals{{4, 7}}));
         const QPoint gap = layout.cellRect(0).bottomLeft() + QPoint(0, 2);
         QVERIFY(layout.indexesIn(QRect(gap, QSize(400, 15))).isEmpty());
     }
@@ -256,6 +258,13 @@ private Q_SLOTS:
             QTest::mouseRelease(port, Qt::LeftButton, modifiers, to);
             QCOMPARE(bench.selected(), selected);
         }
+        // From a cell, too, where cells cannot be dragged.
+        QTest::mousePress(port, Qt::LeftButton, {}, bench.centre(1));
+        const QPoint to = bench.centre(6);
+        QMouseEvent move(QEvent::MouseMove, to, port->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(port, &move);
+        QTest::mouseRelease(port, Qt::LeftButton, {}, to);
+        QCOMPARE(bench.selected(), (Intervals{{1, 2}, {5, 6}}));
     }
 
     void keyboardSelects()
@@ -279,6 +288,76 @@ private Q_SLOTS:
         QTest::keyClick(&bench.view, Qt::Key_Home);
         QCOMPARE(bench.selected(), (Intervals{{0, 0}}));
         QCOMPARE(bench.view.verticalScrollBar()->value(), 0);
+    }
+
+    // Sections of 5, 9 and 2 cells, four in a row, the middle one closed.
+    void sectionsPlaceCells()
+    {
+        using M = GridMove;
+        const GridLayout layout(kMetrics, 496, {{5, false}, {9, true}, {2, false}});
+        const int first = 16 + 36 + 2 * 100 + 20;
+        QCOMPARE(layout.contentHeight(), first + 16 + 16 + 36 + 100);
+        QCOMPARE(layout.headerRect(1).top(), first);
+        QCOMPARE(layout.cellRect(8), layout.headerRect(1));
+        QCOMPARE(layout.cellRect(14).top(), first + 16 + 16 + 18);
+        QCOMPARE(layout.headerRect(0, 100).top(), 100); // stays in sight
+        QCOMPARE(layout.headerRect(0, 1000).bottom() + 1, first);
+        QCOMPARE(layout.indexAt(layout.cellRect(15).center()), 15);
+        QCOMPARE(layout.indexAt(layout.headerRect(1).center()), -1);
+        QCOMPARE(layout.indexesBetween(0, 10'000).intervals(), (Intervals{{0, 4}, {14, 15}}));
+        QCOMPARE(layout.indexesIn({0, 0, 100, 10'000}).intervals(), (Intervals{{0, 0}, {4, 4}, {14, 14}}));
+        for (const auto& [from, move, to] : {std::tuple(3, M::Down, 4),
+                                             {4, M::Down, 5},
+                                             {5, M::Down, 14},
+                                             {7, M::Right, 14},
+                                             {14, M::Left, 5},
+                                             {5, M::Up, 4},
+                                             {15, M::Up, 5},
+                                             {1, M::PageDown, 5},
+                                             {15, M::Down, 15}}) {
+            QVERIFY2(layout.moved(from, move, 250) == to, qPrintable(u"%1 by %2"_s.arg(from).arg(int(move))));
+        }
+    }
+
+    void sectionsOpenAndClose()
+    {
+        Bench bench(16);
+        bench.names.groups = {{7, u"A"_s, 5}, {8, u"B"_s, 9}, {9, u"C"_s, 2}};
+        bench.view.reloadData();
+        bench.view.selectAll();
+        QSignalSpy changes(&bench.view, &GridView::selectionChanged);
+        QTest::mouseClick(bench.view.viewport(), Qt::LeftButton, {}, bench.view.headerFrame(1).center());
+        QCOMPARE(bench.selected(), (Intervals{{0, 4}, {14, 15}})); // what cannot be seen is not selected
+        bench.view.selectAll();
+        QCOMPARE(bench.selected(), (Intervals{{0, 4}, {14, 15}}));
+        QCOMPARE(changes.count(), 1);
+        bench.click(3);
+        bench.click(15, Qt::ShiftModifier);
+        QCOMPARE(bench.selected(), (Intervals{{3, 4}, {14, 15}}));
+
+        // The keyboard comes to the closed header, which opens.
+        bench.click(4);
+        const std::vector<Step<Qt::Key>> steps{{Qt::Key_Down, {}, {{4, 4}}},
+                                               {Qt::Key_Space, {}, {{4, 4}}},
+                                               {Qt::Key_Right, {}, {{6, 6}}},
+                                               {Qt::Key_Minus, {}, {}}};
+        for (const auto& [key, modifiers, selected] : steps) {
+            QTest::keyClick(&bench.view, key, modifiers);
+            QCOMPARE(bench.selected(), selected);
+        }
+        QVERIFY(bench.view.isSectionClosed(1));
+        QCOMPARE(bench.view.currentIndex(), 5);
+        const QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&bench.view);
+        QCOMPARE(list->child(5)->text(QAccessible::Name), u"B"_s);
+        QVERIFY(list->child(5)->state().collapsed && list->child(6)->state().invisible);
+
+        bench.names.groups.erase(bench.names.groups.begin()); // Another list; what is closed stays so.
+        bench.names.items = 11;
+        bench.view.resetData();
+        QVERIFY(bench.view.isSectionClosed(0));
+        bench.view.setSelectionIndexes(selectionOf({{2, 2}}));
+        QVERIFY(!bench.view.isSectionClosed(0));
+        QCOMPARE(bench.selected(), (Intervals{{2, 2}}));
     }
 
     void lettersFindTitles()
