@@ -67,6 +67,10 @@
     <source></source>
     <translation>Latest imported picture</translation>
   </message>
+  <message id="Accessible.Label.Mixed">
+    <source></source>
+    <translation>Some of the selection</translation>
+  </message>
   <message id="Accessible.Progress">
     <source></source>
     <translation>Progress</translation>
@@ -79,21 +83,57 @@
     <source></source>
     <translation>reference to a file outside the library</translation>
   </message>
+  <message id="Accessible.Tag.Name">
+    <source></source>
+    <translation>Name of the tag</translation>
+  </message>
   <message id="Accessible.Tagged">
     <source></source>
     <translation>tagged</translation>
+  </message>
+  <message id="Accessible.Tags">
+    <source></source>
+    <translation>Tags</translation>
+  </message>
+  <message id="Accessible.Tags.Of.Selection">
+    <source></source>
+    <translation>Tags of the selected items</translation>
   </message>
   <message id="Accessible.Working">
     <source></source>
     <translation>Working</translation>
   </message>
+  <message id="Basic.Add">
+    <source></source>
+    <translation>Add</translation>
+  </message>
+  <message id="Basic.Add.New.Tag">
+    <source></source>
+    <translation>Adding the new tag…</translation>
+  </message>
+  <message id="Basic.Add.Tags">
+    <source></source>
+    <translation>Adding the tag: %1 %</translation>
+  </message>
   <message id="Basic.Alert">
     <source></source>
     <translation>Mosaro</translation>
   </message>
+  <message id="Basic.All">
+    <source></source>
+    <translation>All</translation>
+  </message>
+  <message id="Basic.Any">
+    <source></source>
+    <translation>Any</translation>
+  </message>
   <message id="Basic.Back">
     <source></source>
     <translation>Back</translation>
+  </message>
+  <message id="Basic.Cancel">
+    <source></source>
+    <translation>Cancel</translation>
   </message>
   <message id="Basic.Choose">
     <source></source>
@@ -111,6 +151,18 @@
     <source></source>
     <translation>Close</translation>
   </message>
+  <message id="Basic.Collection.Path">
+    <source></source>
+    <translation>In “%1”</translation>
+  </message>
+  <message id="Basic.Color.View.Options">
+    <source></source>
+    <translation>View Options</translation>
+  </message>
+  <message id="Basic.Colors">
+    <source></source>
+    <translation>Colors</translation>
+  </message>
   <message id="Basic.Continue">
     <source></source>
     <translation>Continue</translation>
@@ -118,6 +170,10 @@
   <message id="Basic.Copy.List">
     <source></source>
     <translation>Copy List</translation>
+  </message>
+  <message id="Basic.Copyright">
+    <source></source>
+    <translation>Copyright</translation>
   </message>
   <message id="Basic.Create">
     <source></source>
@@ -127,9 +183,25 @@
     <source></source>
     <translation>Create Library…</translation>
   </message>
+  <message id="Basic.Current">
+    <source></source>
+    <translation>Current Collection</translation>
+  </message>
+  <message id="Basic.Delete">
+    <source></source>
+    <translation>Delete</translation>
+  </message>
+  <message id="Basic.Delete.Collections">
+    <source></source>
+    <translation>Deleting collections…</translation>
+  </message>
   <message id="Basic.Delete.Media">
     <source></source>
     <translation>Removing files: %1 %</translation>
+  </message>
+  <message id="Basic.Delete.Tags">
+    <source></source>
+    <translation>Deleting tags…</translation>
   </message>
   <message id="Basic.Downloading.Image">
     <source></source>
@@ -143,9 +215,17 @@
     <source></source>
     <translation>No pictures in this folder</translation>
   </message>
+  <message id="Basic.Enter.New.Tag">
+    <source></source>
+    <translation>Name</translation>
+  </message>
   <message id="Basic.Find">
     <source></source>
     <translation>&amp;Find</translation>
+  </message>
+  <message id="Basic.Found.Item">
+    <source></source>
+    <translation>%1 found</translation>
   </message>
   <message id="Basic.Hide.Sidebar">
     <source></source>
@@ -179,9 +259,25 @@
     <source></source>
     <translation>Opening the library…</translation>
   </message>
+  <message id="Basic.Mark">
+    <source></source>
+    <translation>Mark</translation>
+  </message>
+  <message id="Basic.Mark.As.Like">
+    <source></source>
+    <translation>As Liked</translation>
+  </message>
+  <message id="Basic.Mark.As.Unlike">
+    <source></source>
+    <translation>As Not Liked</translation>
+  </message>
   <message id="Basic.More">
     <source></source>
     <translation>and More</translation>
+  </message>
+  <message id="Basic.Move.Media">
+    <source></source>
+    <translation>Moving items: %1 %</translation>
   </message>
   <message id="Basic.NO">
     <source></source>
@@ -190,6 +286,10 @@
   <message id="Basic.Next">
     <source></source>
     <translation>Next</translation>
+  </message>
+  <message id="Basic.No">
+    <source></source>
+    <translation>No</translation>
   </message>
   <message id="Basic.No.Collection.Selected">
     <source></source>
@@ -205,7 +305,7 @@
   </message>
   <message id="Basic.No.Media">
     <source></source>
-    <translation>No pictures here yet. Import some into one of your collections.</translation>
+    <translation>No pictures to show here</translation>
   </message>
   <message id="Basic.No.Tag.Selected">
     <source></source>
@@ -215,9 +315,17 @@
     <source></source>
     <translation>None</translation>
   </message>
+  <message id="Basic.Note">
+    <source></source>
+    <translation>Note</translation>
+  </message>
   <message id="Basic.OK">
     <source></source>
     <translation>OK</translation>
+  </message>
+  <message id="Basic.Of.The.Following.Are.True">
+    <source></source>
+    <translation>of the following are true</translation>
   </message>
   <message id="Basic.Previous">
     <source></source>
@@ -227,9 +335,17 @@
     <source></source>
     <translation>Quit</translation>
   </message>
+  <message id="Basic.Remove.Tags.Item">
+    <source></source>
+    <translation>Taking the tag off: %1 %</translation>
+  </message>
   <message id="Basic.Reveal">
     <source></source>
     <translation>Show in Folder</translation>
+  </message>
+  <message id="Basic.Save">
+    <source></source>
+    <translation>Save</translation>
   </message>
   <message id="Basic.Select.All">
     <source></source>
@@ -238,6 +354,26 @@
   <message id="Basic.Selected.Item">
     <source></source>
     <translation>%1 of %2 selected</translation>
+  </message>
+  <message id="Basic.Show.Focus.Colors">
+    <source></source>
+    <translation>Focus colors</translation>
+  </message>
+  <message id="Basic.Show.Like.Colors.Only">
+    <source></source>
+    <translation>Liked colors only</translation>
+  </message>
+  <message id="Basic.Show.Other.Colors">
+    <source></source>
+    <translation>Other colors</translation>
+  </message>
+  <message id="Basic.Show.Primary.Colors">
+    <source></source>
+    <translation>Primary colors</translation>
+  </message>
+  <message id="Basic.Show.Secondary.Colors">
+    <source></source>
+    <translation>Secondary colors</translation>
   </message>
   <message id="Basic.Show.Sidebar">
     <source></source>
@@ -287,6 +423,18 @@
     <source></source>
     <translation>Stopping…</translation>
   </message>
+  <message id="Basic.Title">
+    <source></source>
+    <translation>Title</translation>
+  </message>
+  <message id="Basic.Total">
+    <source></source>
+    <translation>Rules: %1</translation>
+  </message>
+  <message id="Basic.URL">
+    <source></source>
+    <translation>URL</translation>
+  </message>
   <message id="Basic.Untitled.Collection">
     <source></source>
     <translation>Untitled Collection</translation>
@@ -294,6 +442,18 @@
   <message id="Basic.Untitled.Folder">
     <source></source>
     <translation>Untitled Folder</translation>
+  </message>
+  <message id="Basic.Untitled.Smart.Collection">
+    <source></source>
+    <translation>Untitled Smart Collection</translation>
+  </message>
+  <message id="Basic.Untitled.Tag">
+    <source></source>
+    <translation>Untitled Tag</translation>
+  </message>
+  <message id="Basic.Update.Tag">
+    <source></source>
+    <translation>Updating tags…</translation>
   </message>
   <message id="Basic.Version">
     <source></source>
@@ -303,9 +463,25 @@
     <source></source>
     <translation>Yes</translation>
   </message>
+  <message id="Basic.Yes">
+    <source></source>
+    <translation>Yes</translation>
+  </message>
+  <message id="CX.Delete">
+    <source></source>
+    <translation>Delete…</translation>
+  </message>
   <message id="CX.Edit">
     <source></source>
     <translation>Edit</translation>
+  </message>
+  <message id="CX.Edit.Smart">
+    <source></source>
+    <translation>Edit “%1”…</translation>
+  </message>
+  <message id="CX.New.Tag">
+    <source></source>
+    <translation>New Tag</translation>
   </message>
   <message id="CX.Rating">
     <source></source>
@@ -314,6 +490,10 @@
   <message id="CX.Rename">
     <source></source>
     <translation>Rename “%1”</translation>
+  </message>
+  <message id="CX.Show.Color">
+    <source></source>
+    <translation>Show Color</translation>
   </message>
   <message id="CX.Sort.Ascending">
     <source></source>
@@ -362,6 +542,14 @@
   <message id="CX.Sort.Width">
     <source></source>
     <translation>&amp;Width</translation>
+  </message>
+  <message id="CX.Tag.Color">
+    <source></source>
+    <translation>Color</translation>
+  </message>
+  <message id="CX.Tags">
+    <source></source>
+    <translation>Tags</translation>
   </message>
   <message id="Document.ACORN">
     <source></source>
@@ -455,6 +643,10 @@
     <source></source>
     <translation>TIFF Image</translation>
   </message>
+  <message id="Error.Already.Exsts">
+    <source></source>
+    <translation>There is a tag “%1” already. Choose another name.</translation>
+  </message>
   <message id="Error.Cannot.Choose">
     <source></source>
     <translation>This cannot be chosen here.</translation>
@@ -499,9 +691,17 @@
     <source></source>
     <translation>“%1” is no longer in the library. Select another collection.</translation>
   </message>
+  <message id="Failure.Ctl.AllOrAny">
+    <source></source>
+    <translation>Only one of --all and --any can be used</translation>
+  </message>
   <message id="Failure.Ctl.CollectionTitle">
     <source></source>
     <translation>A collection needs a title. Give one with --collection TITLE.</translation>
+  </message>
+  <message id="Failure.Ctl.EmptyTitle">
+    <source></source>
+    <translation>A title is missing</translation>
   </message>
   <message id="Failure.Ctl.General">
     <source></source>
@@ -511,17 +711,33 @@
     <source></source>
     <translation>A kind is one of %1</translation>
   </message>
+  <message id="Failure.Ctl.Label">
+    <source></source>
+    <translation>A label is 0 to 7 or one of %1</translation>
+  </message>
   <message id="Failure.Ctl.ManyCollections">
     <source></source>
     <translation>Several collections are called “%1”. Rename all but one, or choose another.</translation>
+  </message>
+  <message id="Failure.Ctl.ManyTitles">
+    <source></source>
+    <translation>Several collections are called “%1”. Give the ID of one. See: mosaroctl collections</translation>
   </message>
   <message id="Failure.Ctl.NoCollection">
     <source></source>
     <translation>There is no collection “%1”. See: mosaroctl collections</translation>
   </message>
+  <message id="Failure.Ctl.NoColor">
+    <source></source>
+    <translation>No item has the color “%1”. See: mosaroctl colors</translation>
+  </message>
   <message id="Failure.Ctl.NoCommand">
     <source></source>
     <translation>A command is missing. See: mosaroctl --help</translation>
+  </message>
+  <message id="Failure.Ctl.NoFolder">
+    <source></source>
+    <translation>“%1” is no folder. Choose a folder. See: mosaroctl collections</translation>
   </message>
   <message id="Failure.Ctl.NoItem">
     <source></source>
@@ -539,13 +755,29 @@
     <source></source>
     <translation>This command takes nothing after its options</translation>
   </message>
+  <message id="Failure.Ctl.NoOwner">
+    <source></source>
+    <translation>“%1” is a folder or a smart collection, which own no items. Choose a collection.</translation>
+  </message>
+  <message id="Failure.Ctl.NoRules">
+    <source></source>
+    <translation>A smart collection needs rules. Give them with --rules JSON</translation>
+  </message>
   <message id="Failure.Ctl.NoTag">
     <source></source>
     <translation>There is no tag “%1”. See: mosaroctl tags</translation>
   </message>
+  <message id="Failure.Ctl.NoTarget">
+    <source></source>
+    <translation>The collection to move into is missing. Give it with --to COLLECTION</translation>
+  </message>
+  <message id="Failure.Ctl.NotSaved">
+    <source></source>
+    <translation>The changes could not be saved. Check that the disk has space and try again.</translation>
+  </message>
   <message id="Failure.Ctl.OneSelection">
     <source></source>
-    <translation>Only one of --collection, --tag, --kind and --recent can be used</translation>
+    <translation>Only one of --collection, --smart, --tag, --color, --kind and --recent can be used</translation>
   </message>
   <message id="Failure.Ctl.Operands">
     <source></source>
@@ -554,6 +786,42 @@
   <message id="Failure.Ctl.PathTaken">
     <source></source>
     <translation>Something stands at %1 already. Choose another path.</translation>
+  </message>
+  <message id="Failure.Ctl.Rating">
+    <source></source>
+    <translation>A rating is 0 to 5</translation>
+  </message>
+  <message id="Failure.Ctl.Rule">
+    <source></source>
+    <translation>Rule %1 is not of the form: %2</translation>
+  </message>
+  <message id="Failure.Ctl.Rule.Date">
+    <source></source>
+    <translation>give dates as YYYY-MM-DD, from %1 to %2</translation>
+  </message>
+  <message id="Failure.Ctl.Rule.Key">
+    <source></source>
+    <translation>“%1” is no key of a rule</translation>
+  </message>
+  <message id="Failure.Ctl.Rule.Number">
+    <source></source>
+    <translation>give %1 as a number</translation>
+  </message>
+  <message id="Failure.Ctl.Rule.Text">
+    <source></source>
+    <translation>give %1 as a text</translation>
+  </message>
+  <message id="Failure.Ctl.Rule.Type">
+    <source></source>
+    <translation>give an object with %1, the number of a kind of rule</translation>
+  </message>
+  <message id="Failure.Ctl.Rules.Count">
+    <source></source>
+    <translation>--rules takes a JSON array of 1 to %1 objects</translation>
+  </message>
+  <message id="Failure.Ctl.Rules.Json">
+    <source></source>
+    <translation>--rules is no JSON: %1 at character %2. Put it in single quotes for the shell</translation>
   </message>
   <message id="Failure.Ctl.SearchField">
     <source></source>
@@ -602,6 +870,10 @@
   <message id="Failure.Document.Encrypted">
     <source></source>
     <translation>The document is protected by a password or encrypted. Save it without protection and import it again.</translation>
+  </message>
+  <message id="Failure.Document.TooThin">
+    <source></source>
+    <translation>The page is %1 by %2 points, too thin to be drawn. Save the document with a wider page and import it again.</translation>
   </message>
   <message id="Failure.Image.Damaged">
     <source></source>
@@ -755,6 +1027,10 @@
     <source></source>
     <translation>%1 See: mosaro --help</translation>
   </message>
+  <message id="Failure.PostScript.NoPage">
+    <source></source>
+    <translation>The file holds PostScript that draws no page, as fonts and procedures for printers do. Import a document that draws one.</translation>
+  </message>
   <message id="Failure.PropertyList.Damaged">
     <source></source>
     <translation>The data is damaged or is no property list. Restore the file from a backup, or delete it to start afresh.</translation>
@@ -834,6 +1110,10 @@
   <message id="Failure.Store.ReadOnly">
     <source></source>
     <translation>“%1” cannot be written. Move the library to a disk you may write to, or ask for permission.</translation>
+  </message>
+  <message id="Failure.Tag.Gone">
+    <source></source>
+    <translation>The tag is no longer in the library.</translation>
   </message>
   <message id="File.Close.Window">
     <source></source>
@@ -975,6 +1255,38 @@
     <source></source>
     <translation>Mosaro &amp;Web Site</translation>
   </message>
+  <message id="Hint.Color.Item">
+    <source></source>
+    <translation>In %1 item</translation>
+  </message>
+  <message id="Hint.Color.Items">
+    <source></source>
+    <translation>In %1 items</translation>
+  </message>
+  <message id="Hint.Color.Liked">
+    <source></source>
+    <translation>Liked</translation>
+  </message>
+  <message id="Hint.Ctl.Changed">
+    <source></source>
+    <translation>Items changed: %1</translation>
+  </message>
+  <message id="Hint.Ctl.Collection">
+    <source></source>
+    <translation>Make, rename or delete collections and folders; COLLECTION is an ID or a title</translation>
+  </message>
+  <message id="Hint.Ctl.Collection.Deleted">
+    <source></source>
+    <translation>Collections deleted: %1, items deleted: %2</translation>
+  </message>
+  <message id="Hint.Ctl.Collection.Folder">
+    <source></source>
+    <translation>With add: a folder</translation>
+  </message>
+  <message id="Hint.Ctl.Collection.In">
+    <source></source>
+    <translation>With add: the folder that it goes into</translation>
+  </message>
   <message id="Hint.Ctl.Collections">
     <source></source>
     <translation>List collections: ID, type, number of items, title</translation>
@@ -1027,6 +1339,10 @@
     <source></source>
     <translation>Print JSON</translation>
   </message>
+  <message id="Hint.Ctl.Label">
+    <source></source>
+    <translation>Give items a colour label: 0 to 7 or its name</translation>
+  </message>
   <message id="Hint.Ctl.Library">
     <source></source>
     <translation>The library; without it the one the application opened last, else the default one</translation>
@@ -1038,6 +1354,10 @@
   <message id="Hint.Ctl.List.Collection">
     <source></source>
     <translation>Only items of this collection</translation>
+  </message>
+  <message id="Hint.Ctl.List.Color">
+    <source></source>
+    <translation>Only items with this color: six hexadecimal digits, or a colorID</translation>
   </message>
   <message id="Hint.Ctl.List.Descending">
     <source></source>
@@ -1051,6 +1371,10 @@
     <source></source>
     <translation>Only items imported lately</translation>
   </message>
+  <message id="Hint.Ctl.List.Smart">
+    <source></source>
+    <translation>Only items that this smart collection finds</translation>
+  </message>
   <message id="Hint.Ctl.List.Sort">
     <source></source>
     <translation>title, size, rating, width, height, created, modified, imported (the default) or opened</translation>
@@ -1059,9 +1383,65 @@
     <source></source>
     <translation>Only items with this tag</translation>
   </message>
+  <message id="Hint.Ctl.Move">
+    <source></source>
+    <translation>Make a collection the owner of items</translation>
+  </message>
+  <message id="Hint.Ctl.Move.To">
+    <source></source>
+    <translation>The collection: its ID or title</translation>
+  </message>
   <message id="Hint.Ctl.Options">
     <source></source>
     <translation>Options:</translation>
+  </message>
+  <message id="Hint.Ctl.Rate">
+    <source></source>
+    <translation>Give items 0 to 5 stars</translation>
+  </message>
+  <message id="Hint.Ctl.Rules.Boolean">
+    <source></source>
+    <translation>0 no, 1 yes</translation>
+  </message>
+  <message id="Hint.Ctl.Rules.Date">
+    <source></source>
+    <translation>YYYY-MM-DD; the end of a range is %1</translation>
+  </message>
+  <message id="Hint.Ctl.Rules.Form">
+    <source></source>
+    <translation>Rules are a JSON array of 1 to %4 objects, each with %1, %2 where there is a choice, and %3:</translation>
+  </message>
+  <message id="Hint.Ctl.Rules.Idle">
+    <source></source>
+    <translation>Rule %1 is incomplete or of an unknown kind: it is stored and adds nothing</translation>
+  </message>
+  <message id="Hint.Ctl.Rules.Inclusive">
+    <source></source>
+    <translation>“is greater than” and “is less than” include the value.</translation>
+  </message>
+  <message id="Hint.Ctl.Rules.Label">
+    <source></source>
+    <translation>0 none, 1 red, 2 orange, 3 yellow, 4 green, 5 blue, 6 purple, 7 gray</translation>
+  </message>
+  <message id="Hint.Ctl.Rules.Number">
+    <source></source>
+    <translation>whole number</translation>
+  </message>
+  <message id="Hint.Ctl.Rules.Rating">
+    <source></source>
+    <translation>0 to 5</translation>
+  </message>
+  <message id="Hint.Ctl.Rules.Size">
+    <source></source>
+    <translation>whole number, times %1: 1000 KB, 1000000 MB, 1000000000 GB</translation>
+  </message>
+  <message id="Hint.Ctl.Rules.Tag">
+    <source></source>
+    <translation>title or ID of a tag</translation>
+  </message>
+  <message id="Hint.Ctl.Rules.Text">
+    <source></source>
+    <translation>text</translation>
   </message>
   <message id="Hint.Ctl.Search">
     <source></source>
@@ -1074,6 +1454,30 @@
   <message id="Hint.Ctl.Show">
     <source></source>
     <translation>Show one item in full</translation>
+  </message>
+  <message id="Hint.Ctl.Smart">
+    <source></source>
+    <translation>Make a smart collection</translation>
+  </message>
+  <message id="Hint.Ctl.Smart.All">
+    <source></source>
+    <translation>Items must fulfil all rules</translation>
+  </message>
+  <message id="Hint.Ctl.Smart.Any">
+    <source></source>
+    <translation>Items must fulfil any of the rules (the default)</translation>
+  </message>
+  <message id="Hint.Ctl.Smart.Rules">
+    <source></source>
+    <translation>Its rules; the form is told below</translation>
+  </message>
+  <message id="Hint.Ctl.Tag">
+    <source></source>
+    <translation>Puts a tag on items or takes it off; a missing tag is made</translation>
+  </message>
+  <message id="Hint.Ctl.Tag.Collection">
+    <source></source>
+    <translation>All items of this collection, in place of IDs</translation>
   </message>
   <message id="Hint.Ctl.Tags">
     <source></source>
@@ -1123,9 +1527,49 @@
     <source></source>
     <translation>Import makes a collection in it and brings the pictures into that.</translation>
   </message>
+  <message id="Hint.No.Colors">
+    <source></source>
+    <translation>Import pictures, or show more colors in the view options.</translation>
+  </message>
+  <message id="Inspector.Tag.Title">
+    <source></source>
+    <translation>Tags</translation>
+  </message>
   <message id="Label.All.Files">
     <source></source>
     <translation>All files</translation>
+  </message>
+  <message id="Label.Color.Blue">
+    <source></source>
+    <translation>Blue</translation>
+  </message>
+  <message id="Label.Color.Custom.Color">
+    <source></source>
+    <translation>Custom Color…</translation>
+  </message>
+  <message id="Label.Color.Gray">
+    <source></source>
+    <translation>Gray</translation>
+  </message>
+  <message id="Label.Color.Green">
+    <source></source>
+    <translation>Green</translation>
+  </message>
+  <message id="Label.Color.Orange">
+    <source></source>
+    <translation>Orange</translation>
+  </message>
+  <message id="Label.Color.Purple">
+    <source></source>
+    <translation>Purple</translation>
+  </message>
+  <message id="Label.Color.Red">
+    <source></source>
+    <translation>Red</translation>
+  </message>
+  <message id="Label.Color.Yellow">
+    <source></source>
+    <translation>Yellow</translation>
   </message>
   <message id="Label.Failed.File">
     <source></source>
@@ -1143,6 +1587,22 @@
     <source></source>
     <translation>%1 of %2</translation>
   </message>
+  <message id="Label.Label">
+    <source></source>
+    <translation>Label</translation>
+  </message>
+  <message id="Label.Label.Named">
+    <source></source>
+    <translation>%1: %2</translation>
+  </message>
+  <message id="Label.New.Tag">
+    <source></source>
+    <translation>New tag</translation>
+  </message>
+  <message id="Label.No.Color">
+    <source></source>
+    <translation>No Color</translation>
+  </message>
   <message id="Label.Percent">
     <source></source>
     <translation>%1 %</translation>
@@ -1150,6 +1610,22 @@
   <message id="Label.Save.As">
     <source></source>
     <translation>Save as:</translation>
+  </message>
+  <message id="Label.Search.Results">
+    <source></source>
+    <translation>Search results</translation>
+  </message>
+  <message id="Label.Smart.Collection.Title">
+    <source></source>
+    <translation>Title:</translation>
+  </message>
+  <message id="Label.Smart.Match">
+    <source></source>
+    <translation>1 item matches</translation>
+  </message>
+  <message id="Label.Smart.Matches">
+    <source></source>
+    <translation>%1 items match</translation>
   </message>
   <message id="Label.Supported.Files">
     <source></source>
@@ -1175,6 +1651,10 @@
     <source></source>
     <translation>Collections</translation>
   </message>
+  <message id="Lib.Focus.Colors">
+    <source></source>
+    <translation>Focus Colors</translation>
+  </message>
   <message id="Lib.Icon">
     <source></source>
     <translation>Icon</translation>
@@ -1195,6 +1675,10 @@
     <source></source>
     <translation>Other</translation>
   </message>
+  <message id="Lib.Other.Colors">
+    <source></source>
+    <translation>Other Colors</translation>
+  </message>
   <message id="Lib.PDF">
     <source></source>
     <translation>PDF</translation>
@@ -1202,6 +1686,10 @@
   <message id="Lib.Phone">
     <source></source>
     <translation>Phone</translation>
+  </message>
+  <message id="Lib.Primary.Colors">
+    <source></source>
+    <translation>Primary Colors</translation>
   </message>
   <message id="Lib.Recent">
     <source></source>
@@ -1214,6 +1702,10 @@
   <message id="Lib.Screen">
     <source></source>
     <translation>Screen</translation>
+  </message>
+  <message id="Lib.Secondary.Colors">
+    <source></source>
+    <translation>Secondary Colors</translation>
   </message>
   <message id="Lib.Tablet">
     <source></source>
@@ -1311,6 +1803,22 @@
     <source></source>
     <translation>Choose a library</translation>
   </message>
+  <message id="Message.Delete.Collection">
+    <source></source>
+    <translation>Delete %1 collection and the items in it? Their copies in the library are removed from the disk. This cannot be undone.</translation>
+  </message>
+  <message id="Message.Delete.Collections">
+    <source></source>
+    <translation>Delete %1 collections and the items in them? Their copies in the library are removed from the disk. This cannot be undone.</translation>
+  </message>
+  <message id="Message.Delete.Tag">
+    <source></source>
+    <translation>Delete %1 tag? It is taken off all items; the items stay in the library.</translation>
+  </message>
+  <message id="Message.Delete.Tags">
+    <source></source>
+    <translation>Delete %1 tags? They are taken off all items; the items stay in the library.</translation>
+  </message>
   <message id="Message.Import">
     <source></source>
     <translation>Import into “%1”</translation>
@@ -1327,6 +1835,26 @@
     <source></source>
     <translation>%1 items imported</translation>
   </message>
+  <message id="Message.Move.Completed">
+    <source></source>
+    <translation>Items moved</translation>
+  </message>
+  <message id="Message.Move.Completed.Item">
+    <source></source>
+    <translation>%1 item moved</translation>
+  </message>
+  <message id="Message.Move.Completed.Items">
+    <source></source>
+    <translation>%1 items moved</translation>
+  </message>
+  <message id="Message.No.Colors">
+    <source></source>
+    <translation>No Colors</translation>
+  </message>
+  <message id="Message.No.Tags">
+    <source></source>
+    <translation>No tags yet. Make one with File &gt; New Tag.</translation>
+  </message>
   <message id="Message.Permmision">
     <source></source>
     <translation>Check that the disk has room and that you may write to this folder.</translation>
@@ -1334,6 +1862,14 @@
   <message id="Message.Remove.Completed">
     <source></source>
     <translation>Files removed</translation>
+  </message>
+  <message id="Message.Remove.Completed.Collection">
+    <source></source>
+    <translation>%1 collection removed</translation>
+  </message>
+  <message id="Message.Remove.Completed.Collections">
+    <source></source>
+    <translation>%1 collections removed</translation>
   </message>
   <message id="Message.Remove.Completed.Item">
     <source></source>
@@ -1359,9 +1895,137 @@
     <source></source>
     <translation>saved     %1</translation>
   </message>
+  <message id="Smart.Begins.With">
+    <source></source>
+    <translation>begins with</translation>
+  </message>
+  <message id="Smart.Contains">
+    <source></source>
+    <translation>contains</translation>
+  </message>
+  <message id="Smart.Ends.With">
+    <source></source>
+    <translation>ends with</translation>
+  </message>
+  <message id="Smart.Equals">
+    <source></source>
+    <translation>equals</translation>
+  </message>
+  <message id="Smart.Image.Alpha.Channel">
+    <source></source>
+    <translation>Alpha Channel</translation>
+  </message>
+  <message id="Smart.Image.Capture.URL">
+    <source></source>
+    <translation>Web Address</translation>
+  </message>
+  <message id="Smart.Image.Color.Model">
+    <source></source>
+    <translation>Color Model</translation>
+  </message>
+  <message id="Smart.Image.ColorSync.Profile">
+    <source></source>
+    <translation>Color Profile</translation>
+  </message>
+  <message id="Smart.Image.Creation.Date">
+    <source></source>
+    <translation>Date Created</translation>
+  </message>
+  <message id="Smart.Image.DPI">
+    <source></source>
+    <translation>Resolution (DPI)</translation>
+  </message>
+  <message id="Smart.Image.File.Size">
+    <source></source>
+    <translation>File Size</translation>
+  </message>
+  <message id="Smart.Image.Height">
+    <source></source>
+    <translation>Height</translation>
+  </message>
+  <message id="Smart.Image.Imported.Date">
+    <source></source>
+    <translation>Date Imported</translation>
+  </message>
+  <message id="Smart.Image.Label">
+    <source></source>
+    <translation>Label</translation>
+  </message>
+  <message id="Smart.Image.Modification.Date">
+    <source></source>
+    <translation>Date Modified</translation>
+  </message>
+  <message id="Smart.Image.Ratings">
+    <source></source>
+    <translation>Rating</translation>
+  </message>
+  <message id="Smart.Image.Tags">
+    <source></source>
+    <translation>Tag</translation>
+  </message>
+  <message id="Smart.Image.Title">
+    <source></source>
+    <translation>Title</translation>
+  </message>
+  <message id="Smart.Image.Type">
+    <source></source>
+    <translation>File Type</translation>
+  </message>
+  <message id="Smart.Image.Width">
+    <source></source>
+    <translation>Width</translation>
+  </message>
+  <message id="Smart.Is">
+    <source></source>
+    <translation>is</translation>
+  </message>
+  <message id="Smart.Is.After">
+    <source></source>
+    <translation>is after</translation>
+  </message>
+  <message id="Smart.Is.Before">
+    <source></source>
+    <translation>is before</translation>
+  </message>
+  <message id="Smart.Is.Greater.Than">
+    <source></source>
+    <translation>is greater than</translation>
+  </message>
+  <message id="Smart.Is.In.The.Range">
+    <source></source>
+    <translation>is in the range</translation>
+  </message>
+  <message id="Smart.Is.Less.Than">
+    <source></source>
+    <translation>is less than</translation>
+  </message>
+  <message id="Smart.Is.Not">
+    <source></source>
+    <translation>is not</translation>
+  </message>
+  <message id="Smart.Matches">
+    <source></source>
+    <translation>matches</translation>
+  </message>
+  <message id="Smart.Range.To">
+    <source></source>
+    <translation>to</translation>
+  </message>
+  <message id="Tooltip.Add.Tag">
+    <source></source>
+    <translation>Make the tag and put it on the selected items</translation>
+  </message>
   <message id="Tooltip.Choose.Library">
     <source></source>
     <translation>Open a library that is already on this computer</translation>
+  </message>
+  <message id="Tooltip.Close.Group">
+    <source></source>
+    <translation>Close this group (-)</translation>
+  </message>
+  <message id="Tooltip.Close.Tags">
+    <source></source>
+    <translation>Close the tag panel</translation>
   </message>
   <message id="Tooltip.Colors">
     <source></source>
@@ -1379,21 +2043,105 @@
     <source></source>
     <translation>Drag to change the width of the sidebar</translation>
   </message>
+  <message id="Tooltip.Focus.Colors">
+    <source></source>
+    <translation>Show the color that takes the most room in each picture</translation>
+  </message>
+  <message id="Tooltip.Hide.Color.View.Options">
+    <source></source>
+    <translation>Hide the view options</translation>
+  </message>
   <message id="Tooltip.Import">
     <source></source>
     <translation>Choose files to import</translation>
+  </message>
+  <message id="Tooltip.Like.Colors.Only">
+    <source></source>
+    <translation>Show only colors that are marked as liked</translation>
+  </message>
+  <message id="Tooltip.New.Tag">
+    <source></source>
+    <translation>Make a tag and put it on the selected items</translation>
+  </message>
+  <message id="Tooltip.Open.Group">
+    <source></source>
+    <translation>Open this group (+)</translation>
+  </message>
+  <message id="Tooltip.Other.Colors">
+    <source></source>
+    <translation>Show the fourth color of each picture</translation>
+  </message>
+  <message id="Tooltip.Primary.Colors">
+    <source></source>
+    <translation>Show the second color of each picture</translation>
   </message>
   <message id="Tooltip.Quit">
     <source></source>
     <translation>Quit Mosaro</translation>
   </message>
+  <message id="Tooltip.Rating">
+    <source></source>
+    <translation>Rating</translation>
+  </message>
   <message id="Tooltip.Reveal.File">
     <source></source>
     <translation>Show the file in its folder</translation>
   </message>
+  <message id="Tooltip.Search">
+    <source></source>
+    <translation>Search: type and press Return</translation>
+  </message>
+  <message id="Tooltip.Search.Choices">
+    <source></source>
+    <translation>What to search, and where</translation>
+  </message>
+  <message id="Tooltip.Search.Clear">
+    <source></source>
+    <translation>Empty the search field</translation>
+  </message>
+  <message id="Tooltip.Secondary.Colors">
+    <source></source>
+    <translation>Show the third color of each picture</translation>
+  </message>
+  <message id="Tooltip.Show.Color.View.Options">
+    <source></source>
+    <translation>Show the view options</translation>
+  </message>
   <message id="Tooltip.Sidebar.Action">
     <source></source>
     <translation>Actions for the selected collection</translation>
+  </message>
+  <message id="Tooltip.Smart.Add">
+    <source></source>
+    <translation>Add a rule</translation>
+  </message>
+  <message id="Tooltip.Smart.Condition">
+    <source></source>
+    <translation>How it is compared</translation>
+  </message>
+  <message id="Tooltip.Smart.Delete">
+    <source></source>
+    <translation>Remove this rule</translation>
+  </message>
+  <message id="Tooltip.Smart.Match">
+    <source></source>
+    <translation>Whether one rule is enough, or all must hold</translation>
+  </message>
+  <message id="Tooltip.Smart.Title">
+    <source></source>
+    <translation>Title of the smart collection</translation>
+  </message>
+  <message id="Tooltip.Smart.Type">
+    <source></source>
+    <translation>What the rule looks at</translation>
+  </message>
+  <message id="Tooltip.Smart.Unit">
+    <source></source>
+    <translation>Unit of size</translation>
+  </message>
+  <message id="Tooltip.Smart.Value">
+    <source></source>
+    <translation>What it is compared with</translation>
   </message>
   <message id="Tooltip.Stop.Download">
     <source></source>
@@ -1402,6 +2150,22 @@
   <message id="Tooltip.Stop.Import">
     <source></source>
     <translation>Stop after the file that is being imported</translation>
+  </message>
+  <message id="Tooltip.Tab.Collections">
+    <source></source>
+    <translation>Collections of the library</translation>
+  </message>
+  <message id="Tooltip.Tab.Colors">
+    <source></source>
+    <translation>Colors of the library</translation>
+  </message>
+  <message id="Tooltip.Tab.Tags">
+    <source></source>
+    <translation>Tags of the library</translation>
+  </message>
+  <message id="Tooltip.Tags.Of.Selection">
+    <source></source>
+    <translation>Click a box to put the tag on the selected items or take it off</translation>
   </message>
   <message id="Tooltip.Zoom">
     <source></source>

@@ -3,29 +3,27 @@
 #include "base/Result.h"
 #include "organisation/CollectionTree.h"
 #include "organisation/TreeWalk.h"
-#include "store/StoreContext.h"
+#include "store/Collections.h"
 
-#include <QVariantList>
+#include <QVariantMap>
 #include <optional>
 
 namespace mosaro::organisation {
-
-/// Tags of the commands in menus.
-enum class SidebarCommand { NewCollection = 0, NewFolder = 2, Edit = 7, Import = 2000 };
-
-/// Whether a command makes sense for a selection.
-[[nodiscard]] bool isCommandPossible(SidebarCommand command, const NodeList& selected);
 
 /// What a new collection or folder hangs below.
 struct CollectionPlace {
     const CollectionNode* parent = nullptr; ///< Null: the top level.
 };
 
-/// Where "New Collection" and "New Folder" put their item: into a selected folder, beside a selected
+/// Where a new collection, smart collection or folder goes: into a selected folder, beside a selected
 /// collection (within its folder), else the top level. Nothing for a system node.
 [[nodiscard]] std::optional<CollectionPlace> placeForNewItem(const NodeList& selected);
+/// Among whose children a new smart collection gets its first name: beside the first selected node, whatever
+/// that is, else at the top level.
+[[nodiscard]] const CollectionNode* containerForSmartName(const NodeList& selected,
+                                                          const CollectionTree& tree);
 
-/// The kind and default name of a "New …" command by its tag.
+/// The kind and default name of a "New …" command by its tag; nothing for other tags.
 struct NewItemKind {
     int type;
     QString name;
@@ -40,6 +38,9 @@ struct NewCollection {
     QVariantList filters; ///< Stored only when not empty.
 };
 
+/// What the editor of a smart collection gave back as a valid result, as a record to be made.
+[[nodiscard]] NewCollection newSmartCollection(const QVariantMap& result);
+
 /// Changes of the collections in the store; each saves at once. The tree is to be made anew after a success.
 class CollectionCommands {
 public:
@@ -53,8 +54,18 @@ public:
     base::Result<void> rename(const CollectionNode& node, const QString& title);
     /// Whether a title may be set; "" and " " may not.
     [[nodiscard]] static bool isAcceptableTitle(const QString& title);
+    /// Title, match condition and rules from the editor's valid result.
+    base::Result<void> editSmart(const CollectionNode& node, const QVariantMap& result);
+    /// Hangs collections below a folder, or at the top level for an empty ID, in one save. Those whose record
+    /// is gone are left out; gives the IDs of the others.
+    base::Result<QStringList> reparent(const NodeList& nodes, const QString& parentID);
+    /// One save for each; gives the IDs of those that were saved.
+    QStringList setLabel(const NodeList& nodes, int label);
 
 private:
+    [[nodiscard]] std::shared_ptr<store::Collections> recordOf(const CollectionNode& node);
+    base::Result<void> saveOrRollback();
+
     store::StoreContext& m_context;
 };
 

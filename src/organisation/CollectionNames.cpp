@@ -8,19 +8,23 @@
 
 namespace mosaro::organisation {
 
-QString availableCollectionName(const QString& name, const NodeList& inArray)
+QString availableName(const QString& name, const QStringList& titles)
 {
-    QStringList taken;
-    for (const CollectionNode* node : inArray) {
-        if (node->title.contains(name)) {
-            taken.append(node->title);
-        }
-    }
+    const QStringList taken = titles.filter(name, Qt::CaseSensitive);
     QString free = name;
     for (int number = 2; !taken.isEmpty() && (number == 2 || taken.contains(free)); ++number) {
         free = QStringLiteral("%1 (%2)").arg(name, QString::number(number));
     }
     return free;
+}
+
+QString availableCollectionName(const QString& name, const NodeList& inArray)
+{
+    QStringList titles;
+    for (const CollectionNode* node : inArray) {
+        titles.append(node->title);
+    }
+    return availableName(name, titles);
 }
 
 QString collectionNameFromPaths(const QStringList& paths)

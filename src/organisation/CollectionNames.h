@@ -4,8 +4,11 @@
 
 namespace mosaro::organisation {
 
-/// A free name among siblings. A sibling that merely contains the name counts as taken: beside "Photo
-/// archive", "Photo" comes out as "Photo (2)".
+/// A free name beside the given titles, which may be in any order. A title that merely contains the name
+/// counts as taken: beside "Photo archive", "Photo" comes out as "Photo (2)".
+[[nodiscard]] QString availableName(const QString& name, const QStringList& titles);
+
+/// A free name among siblings.
 [[nodiscard]] QString availableCollectionName(const QString& name, const NodeList& inArray);
 
 /// The name of a collection that is made for dropped or chosen files: that of the first folder among them,

@@ -2,6 +2,7 @@
 
 #include "organisation/CollectionTree.h"
 #include "organisation/RecentPredicate.h"
+#include "organisation/SmartRuleQuery.h"
 #include "store/Media.h"
 #include "store/RecordReference.h"
 
@@ -40,31 +41,27 @@ NodeList selectionArray(const NodeList& selected)
     return list;
 }
 
-SelectionPipeline::SelectionPipeline(store::StoreContext& context, base::ZNUserDefaults& defaults,
-                                     SmartQuerySource smartQuery)
-    : m_context(context), m_defaults(defaults), m_smartQuery(std::move(smartQuery))
-{
-}
-
 store::MediaSet SelectionPipeline::selectedMedia(const NodeList& selected, const QDateTime& now) const
 {
     std::vector<Predicate> anyOf;
+    std::vector<Predicate> smartQueries;
     QVariantList collectionRows;
     for (const CollectionNode* node : selectionArray(selected)) {
-        std::optional<Predicate> part;
         if (node->type == store::kTypeCollection) {
             const auto row = store::referencedRow(m_context, store::Collections::info(), node->object);
             if (row != store::kUnsavedRow) {
                 collectionRows.append(row);
             }
         } else if (node->type == store::kTypeSmartCollection) {
-            part = smartPredicate(*node);
-        } else {
-            part = systemPredicate(node->type, now);
-        }
-        if (part) {
+            if (auto query = smartPredicate(*node)) {
+                smartQueries.push_back(std::move(*query));
+            }
+        } else if (auto part = systemPredicate(node->type, now)) {
             anyOf.push_back(std::move(*part));
         }
+    }
+    if (!smartQueries.empty()) {
+        anyOf.push_back(Predicate::anyOf(std::move(smartQueries)));
     }
     if (!collectionRows.isEmpty()) {
         anyOf.push_back(itemsOf(collectionRows));
@@ -89,7 +86,7 @@ std::optional<Predicate> SelectionPipeline::systemPredicate(int type, const QDat
 std::optional<Predicate> SelectionPipeline::smartPredicate(const CollectionNode& node) const
 {
     const auto record = store::unarchivedReference<store::Collections>(m_context, node.object);
-    return record && m_smartQuery ? m_smartQuery(*record) : std::nullopt;
+    return record ? smartQueryOf(*record) : std::nullopt;
 }
 
 } // namespace mosaro::organisation

@@ -6,7 +6,6 @@
 #include "store/StoreContext.h"
 
 #include <QDateTime>
-#include <functional>
 #include <optional>
 
 namespace mosaro::base {
@@ -15,18 +14,16 @@ class ZNUserDefaults;
 
 namespace mosaro::organisation {
 
-/// The query of a smart collection; nothing when its rules make none.
-using SmartQuerySource = std::function<std::optional<store::Predicate>(const store::Collections&)>;
-
 /// Selected nodes and, below each folder, everything in it; each once.
 [[nodiscard]] NodeList selectionArray(const NodeList& selected);
 
 /// Turns a selection of the tree into the set of items to show: the union of what its nodes hold.
 class SelectionPipeline {
 public:
-    /// Without a `smartQuery` smart collections contribute nothing.
-    SelectionPipeline(store::StoreContext& context, base::ZNUserDefaults& defaults,
-                      SmartQuerySource smartQuery = {});
+    SelectionPipeline(store::StoreContext& context, base::ZNUserDefaults& defaults)
+        : m_context(context), m_defaults(defaults)
+    {
+    }
 
     [[nodiscard]] store::MediaSet selectedMedia(const NodeList& selected, const QDateTime& now) const;
 
@@ -36,7 +33,6 @@ private:
 
     store::StoreContext& m_context;
     base::ZNUserDefaults& m_defaults;
-    SmartQuerySource m_smartQuery;
 };
 
 } // namespace mosaro::organisation

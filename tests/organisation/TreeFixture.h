@@ -1,6 +1,7 @@
 #pragma once
 
 #include "organisation/CollectionTree.h"
+#include "organisation/TreeWalk.h"
 #include "support/TemporaryLibrary.h"
 
 namespace mosaro::test {

@@ -10,7 +10,6 @@ using namespace mosaro;
 using organisation::CollectionCommands;
 using organisation::CollectionNode;
 using organisation::NodeList;
-using organisation::SidebarCommand;
 
 class TestCollectionCommands : public QObject {
     Q_OBJECT
@@ -86,28 +85,6 @@ private Q_SLOTS:
         QCOMPARE(parentFor(u"inside top"_s), u"folder"_s); // the first counts
         QCOMPARE(parentFor(u"top inside"_s), u"top level"_s);
         QCOMPARE(parentFor(u"1"_s), u"impossible"_s);
-    }
-
-    void possibleCommands()
-    {
-        const struct {
-            QString selected;
-            bool add, import, edit;
-        } rows[] = {
-            {u""_s, true, false, false},     {u"top"_s, true, true, true},
-            {u"folder"_s, true, true, true}, {u"smartTop"_s, true, false, true},
-            {u"7"_s, false, false, false},   {u"folder top"_s, false, false, false},
-        };
-        const World world;
-        for (const auto& row : rows) {
-            const auto isPossible = [nodes = world.nodes(row.selected)](SidebarCommand command) {
-                return organisation::isCommandPossible(command, nodes);
-            };
-            QCOMPARE(isPossible(SidebarCommand::NewCollection), row.add);
-            QCOMPARE(isPossible(SidebarCommand::NewFolder), row.add);
-            QCOMPARE(isPossible(SidebarCommand::Import), row.import);
-            QCOMPARE(isPossible(SidebarCommand::Edit), row.edit);
-        }
     }
 
     void addedItemHasItsDefaults()

@@ -1,14 +1,10 @@
 #include "base/Notifications.h"
 #include "base/PreferenceKeys.h"
 #include "base/Text.h"
-#include "base/ZNUtilities.h"
 #include "kit/Look.h"
 #include "kit/Sheet.h"
-#include "organisation/ui/CollectionOutline.h"
+#include "organisation/SidebarWorld.h"
 #include "organisation/ui/CollectionTreeModel.h"
-#include "organisation/ui/MRLibraryView.h"
-#include "support/FakeDesktop.h"
-#include "support/TemporaryLibrary.h"
 
 #include <QDragMoveEvent>
 #include <QLineEdit>
@@ -22,110 +18,17 @@ using organisation::CollectionNode;
 using organisation::CollectionOutline;
 using organisation::CollectionTreeModel;
 using organisation::MRLibraryView;
-
-namespace {
-
-/// A library with its sidebar, which can be closed and opened again as the window does it.
-struct World : test::FakeDesktop {
-    test::TemporaryLibrary library;
-    base::ZNUtilities utilities;
-    std::unique_ptr<MRLibraryView> view;
-    bool busy = false;
-
-    World() { library.defaults().initialize(); }
-
-    std::shared_ptr<store::Collections> add(const QString& title,
-                                            const std::shared_ptr<store::Collections>& parent = {},
-                                            qint64 type = store::kTypeCollection)
-    {
-        return library.addCollection(title, type, parent ? parent->collectionID() : QString());
-    }
-
-    void open(const QStringList& expanded = {})
-    {
-        for (const QString& id : expanded) {
-            library.state().addExpandedCollection(id);
-        }
-        view = std::make_unique<MRLibraryView>(organisation::SidebarEnvironment{
-            library.manager(), library.defaults(), library.prompts(), platform, utilities, classification,
-            [this] { return busy; }, [] { return true; }, [] {}, test::pictureUnlessBad});
-        view->resize(231, 700);
-        view->readLibrary();
-        view->show();
-        view->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(view.get()));
-    }
-
-    void reopen()
-    {
-        view.reset();
-        QVERIFY(library.reopen());
-        open();
-    }
-
-    void post(QLatin1String notification, const QVariant& value = {})
-    {
-        utilities.postNotification(notification, value);
-    }
-
-    CollectionOutline& outline() const { return *view->findChild<CollectionOutline*>(); }
-
-    /// The visible row with a title; an invalid index when there is none.
-    QModelIndex row(const QString& title) const
-    {
-        const auto& model = *outline().model();
-        QModelIndex index = model.index(0, 0);
-        while (index.isValid() && index.data().toString() != title) {
-            index = outline().indexBelow(index);
-        }
-        return index;
-    }
-
-    void click(const QString& title, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        const QRect rect = outline().visualRect(row(title));
-        QTest::mouseClick(outline().viewport(), Qt::LeftButton, modifiers, rect.center());
-    }
-
-    void press(Qt::Key key) const { QTest::keyClick(&outline(), key); }
-
-    /// The titles of the selection, as "A|B".
-    QString selected() const
-    {
-        QStringList titles;
-        for (const auto& element : view->selectedCollections()) {
-            titles.append(element.title);
-        }
-        return titles.join(u'|');
-    }
-
-    QLineEdit* editor() const { return outline().viewport()->findChild<QLineEdit*>(); }
-};
-
-} // namespace
+using World = test::SidebarWorld;
 
 class TestLibraryView : public QObject {
     Q_OBJECT
 
 private:
-    /// Drops a file or folder at a point of the tree, as the desktop would; whether the place accepted them.
     static bool dropFile(const World& world, const QPoint& position, const QString& path)
     {
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(path)});
-        QWidget* viewport = world.outline().viewport();
-        QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(viewport, &enter);
-        QDragMoveEvent move(position, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(viewport, &move);
-        if (!move.isAccepted()) {
-            QDragLeaveEvent leave;
-            QCoreApplication::sendEvent(viewport, &leave);
-            return false;
-        }
-        QDropEvent drop(position, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(viewport, &drop);
-        return true;
+        return world.drop(data, position);
     }
 
 private Q_SLOTS:

@@ -1,6 +1,7 @@
 #include "base/PreferenceKeys.h"
 #include "organisation/RecentPredicate.h"
 #include "organisation/SelectionPipeline.h"
+#include "organisation/SmartRules.h"
 #include "organisation/TreeFixture.h"
 
 #include <QTimeZone>
@@ -10,8 +11,6 @@ using namespace Qt::StringLiterals;
 using namespace mosaro;
 using organisation::NodeList;
 using organisation::SelectionPipeline;
-using store::Comparison;
-using store::Predicate;
 
 namespace {
 
@@ -54,16 +53,12 @@ class TestSelectionPipeline : public QObject {
             }
             return found.join(u' ');
         }
-        QString select(const NodeList& selected, const organisation::SmartQuerySource& smart = {},
-                       const QDateTime& now = QDateTime::currentDateTime())
+        QString select(const NodeList& selected, const QDateTime& now = QDateTime::currentDateTime())
         {
             return titles(
-                SelectionPipeline(library.context(), library.defaults(), smart).selectedMedia(selected, now));
+                SelectionPipeline(library.context(), library.defaults()).selectedMedia(selected, now));
         }
-        QString select(const QString& ids, const organisation::SmartQuerySource& smart = {})
-        {
-            return select(nodes(ids), smart);
-        }
+        QString select(const QString& ids) { return select(nodes(ids)); }
     };
 
 private Q_SLOTS:
@@ -90,15 +85,23 @@ private Q_SLOTS:
     {
         World world;
         QCOMPARE(world.select(u"smart other"_s), QString());
-        const auto byTitle = [](const store::Collections& record) -> std::optional<Predicate> {
-            if (record.collectionID() != QLatin1String("smart")) {
-                return std::nullopt;
-            }
-            return Predicate::compare(QLatin1String("mediaTitle"), Comparison::BeginsWith, u"t"_s);
+        const auto setRule = [&world](const QString& id, const QVariantMap& rule) {
+            world.record(id)->setFilters({rule});
+            QVERIFY(world.library.context().save());
         };
-        QCOMPARE(world.select(u"smart other"_s, byTitle), u"two three"_s);
-        QCOMPARE(world.select(u"other"_s, byTitle), QString());
-        QCOMPARE(world.select(u"smart other deep"_s, byTitle), u"two three"_s);
+        const QVariantMap titleBegins{{organisation::SMART_KEY_RULE_TYPE, 0},
+                                      {organisation::SMART_KEY_CONDITION, 2},
+                                      {organisation::SMART_KEY_DEFAULT_VALUE, u"t"_s}};
+        QVariantMap reserved = titleBegins;
+        reserved[organisation::SMART_KEY_RULE_TYPE] = 14;
+        setRule(u"smart"_s, titleBegins);
+        setRule(u"other"_s, reserved);
+        QCOMPARE(world.select(u"smart other"_s), u"two three"_s);
+        QCOMPARE(world.select(u"other"_s), QString());
+        QCOMPARE(world.select(u"smart other in"_s), u"one two three"_s);
+        reserved[organisation::SMART_KEY_RULE_TYPE] = 13;
+        world.record(u"other"_s)->setFilters({reserved, titleBegins});
+        QCOMPARE(world.select(u"smart other"_s), u"two three"_s);
     }
 
     void removedRecordContributesNothing()
@@ -174,10 +177,10 @@ private Q_SLOTS:
         QVERIFY(world.library.context().save());
 
         defaults.remove(base::PREFS_GENERAL_SHOW_RECENT_DAYS);
-        QCOMPARE(world.select(world.nodes(u"2"_s), {}, now), u"first now"_s);
+        QCOMPARE(world.select(world.nodes(u"2"_s), now), u"first now"_s);
         QCOMPARE(defaults.integer(base::PREFS_GENERAL_SHOW_RECENT_DAYS), 7);
         defaults.updateUserDefaults(base::PREFS_GENERAL_SHOW_RECENT_DAYS, 1);
-        QCOMPARE(world.select(world.nodes(u"2"_s), {}, now), u"now"_s);
+        QCOMPARE(world.select(world.nodes(u"2"_s), now), u"now"_s);
     }
 };
 

@@ -1,25 +1,33 @@
 #include "organisation/ui/CollectionMenu.h"
 
 #include "base/Text.h"
+#include "kit/ZNFlatUIKitLabelView.h"
 
 namespace mosaro::organisation {
 
-CollectionMenu::CollectionMenu(std::function<bool(SidebarCommand)> isPossible,
-                               std::function<QString()> renamable, QWidget* parent)
-    : QMenu(parent), m_isPossible(std::move(isPossible)), m_renamable(std::move(renamable))
+CollectionMenu::CollectionMenu(Questions questions, QWidget* parent)
+    : QMenu(parent), m_questions(std::move(questions)),
+      m_labelRow(new kit::ZNFlatUIKitLabelView(base::text("Label.Label")))
 {
-    addCommand(SidebarCommand::NewCollection, base::text("File.New.Collection"));
-    addCommand(SidebarCommand::NewFolder, base::text("File.New.Folder"));
+    addCommand(SidebarCommand::NewCollection, "File.New.Collection");
+    addCommand(SidebarCommand::NewSmartCollection, "File.New.SmartCollection");
+    addCommand(SidebarCommand::NewFolder, "File.New.Folder");
     addSeparator();
-    addCommand(SidebarCommand::Import, base::text("File.Import"));
+    addCommand(SidebarCommand::Import, "File.Import");
+    addCommand(SidebarCommand::Export, "File.Export");
     addSeparator();
-    addCommand(SidebarCommand::Edit, base::text("CX.Edit"));
+    addCommand(SidebarCommand::Edit, "CX.Edit");
+    addCommand(SidebarCommand::Delete, "CX.Delete");
+    addSeparator();
+    kit::addLabelRow(*this, m_labelRow);
     connect(this, &QMenu::aboutToShow, this, &CollectionMenu::validate);
+    // Once the command that was chosen has run.
+    connect(this, &QMenu::aboutToHide, this, &CollectionMenu::didClose, Qt::QueuedConnection);
 }
 
-void CollectionMenu::addCommand(SidebarCommand command, const QString& title)
+void CollectionMenu::addCommand(SidebarCommand command, const char* key)
 {
-    QAction* action = addAction(title);
+    QAction* action = addAction(base::text(key));
     connect(action, &QAction::triggered, this, [this, command] { Q_EMIT chosen(command); });
     m_commands.emplace_back(command, action);
 }
@@ -28,13 +36,10 @@ void CollectionMenu::validate()
 {
     Q_EMIT willOpen();
     for (const auto& [command, action] : m_commands) {
-        action->setEnabled(m_isPossible(command));
+        action->setVisible(m_questions.exists(command));
+        action->setEnabled(m_questions.isPossible(command));
         if (command == SidebarCommand::Edit) {
-            const QString title = m_renamable();
-            action->setText(title.isEmpty()
-                                ? base::text("CX.Edit")
-                                : base::text("CX.Rename",
-                                             QString(title).replace(QLatin1Char('&'), QStringLiteral("&&"))));
+            action->setText(m_questions.editTitle().replace(QLatin1Char('&'), QStringLiteral("&&")));
         }
     }
 }

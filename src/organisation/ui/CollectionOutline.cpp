@@ -2,9 +2,9 @@
 
 #include "base/Text.h"
 #include "kit/Look.h"
+#include "organisation/ui/CollectionCell.h"
 #include "organisation/ui/CollectionTreeModel.h"
 #include "organisation/ui/LegalSelectionModel.h"
-#include "organisation/ui/MRLibraryImageAndTextCell.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -15,7 +15,7 @@ namespace mosaro::organisation {
 CollectionOutline::CollectionOutline(CollectionTreeModel& model,
                                      std::function<qint64(const CollectionNode&)> badge, QWidget* parent)
     : QTreeView(parent), m_model(model), m_selection(new LegalSelectionModel(model, this)),
-      m_cell(new MRLibraryImageAndTextCell(std::move(badge), this))
+      m_cell(new CollectionCell(std::move(badge), this))
 {
     setModel(&model);
     setSelectionModel(m_selection);
@@ -31,6 +31,8 @@ CollectionOutline::CollectionOutline(CollectionTreeModel& model,
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
     setAcceptDrops(true);
+    setDragEnabled(true);
+    setUpDrops();
     setAccessibleName(base::text("Accessible.Collections"));
     QPalette colors = palette();
     colors.setColor(QPalette::Base, kit::color::sidebar);
@@ -123,13 +125,7 @@ void CollectionOutline::closeEditor(QWidget* editor, QAbstractItemDelegate::EndE
 {
     // No hint: Tab ends the editing and does not go on to the next title.
     QTreeView::closeEditor(editor, QAbstractItemDelegate::NoHint);
-    // A new title makes the tree anew, and with it the focus comes here. When a click elsewhere ended the
-    // editing, the keyboard is to stay where it went.
-    const QPointer<QWidget> focus = window()->focusWidget();
-    m_cell->applyCommitted(m_model);
-    if (focus && focus != this) {
-        focus->setFocus();
-    }
+    m_cell->applyCommitted(*this);
 }
 
 QModelIndex CollectionOutline::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
@@ -167,6 +163,11 @@ void CollectionOutline::keyPressEvent(QKeyEvent* event)
         event->accept();
         return;
     }
+    if (event->key() == Qt::Key_Delete && state() != EditingState) {
+        Q_EMIT deleteRequested();
+        event->accept();
+        return;
+    }
     QTreeView::keyPressEvent(event);
 }
 
@@ -179,6 +180,7 @@ bool CollectionOutline::isGroupTriangle(const QPoint& position) const
 
 void CollectionOutline::mousePressEvent(QMouseEvent* event)
 {
+    m_isDragRefused = false;
     if (event->button() == Qt::RightButton) {
         event->accept(); // The menu follows, with its own rule of what is selected.
     } else if (event->button() == Qt::LeftButton && isGroupTriangle(event->position().toPoint())) {
@@ -188,6 +190,16 @@ void CollectionOutline::mousePressEvent(QMouseEvent* event)
     } else {
         QTreeView::mousePressEvent(event);
     }
+}
+
+void CollectionOutline::mouseMoveEvent(QMouseEvent* event)
+{
+    // The base class would go on from a drag that did not begin to a selection of rows.
+    if (m_isDragRefused && event->buttons().testFlag(Qt::LeftButton)) {
+        event->accept();
+        return;
+    }
+    QTreeView::mouseMoveEvent(event);
 }
 
 void CollectionOutline::mouseDoubleClickEvent(QMouseEvent* event)

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "organisation/CollectionDrag.h"
 #include "organisation/TreeWalk.h"
 
+#include <QTimer>
 #include <QTreeView>
 #include <functional>
 
@@ -21,11 +23,13 @@ public:
                       QWidget* parent = nullptr);
     ~CollectionOutline() override;
 
-    /// Whether files and pictures may be dropped on a node; null stands for the space outside of all rows.
-    void setFileDropRule(std::function<bool(const CollectionNode*)> rule)
-    {
-        m_acceptsFiles = std::move(rule);
-    }
+    /// What a drop of data on a node would do; null stands for the space outside of all rows. `fromGrid`: the
+    /// drag began in a grid of this program.
+    using DropRule =
+        std::function<DragOperation(const QMimeData& data, bool fromGrid, const CollectionNode* target)>;
+    void setDropRule(DropRule rule) { m_dropRule = std::move(rule); }
+    /// IDs of the collections that are being dragged out of this tree; empty at all other times.
+    [[nodiscard]] const QStringList& dragItems() const { return m_dragItems; }
 
     [[nodiscard]] NodeList selectedNodes() const;
     void selectNodes(const NodeList& nodes);
@@ -45,9 +49,10 @@ Q_SIGNALS:
     void nodeExpanded(const mosaro::organisation::CollectionNode* node);
     void nodeCollapsed(const mosaro::organisation::CollectionNode* node);
     void renameRequested();
+    void deleteRequested();
     void menuRequested(const QPoint& globalPosition);
     /// The data are gone after this.
-    void mediaDropped(const QMimeData& data, const mosaro::organisation::CollectionNode* node);
+    void dropped(const QMimeData& data, const mosaro::organisation::CollectionNode* node);
 
 protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -60,8 +65,10 @@ protected:
                                                                        const QEvent* event) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void startDrag(Qt::DropActions supportedActions) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
@@ -72,16 +79,24 @@ private:
     [[nodiscard]] bool isNodeHidden(const CollectionNode& node) const;
     void prepareSelectionForMenu(const QPoint& position);
     [[nodiscard]] bool isGroupTriangle(const QPoint& position) const;
-    void paintRowGround(QPainter& painter, const QRect& row, const QModelIndex& index) const;
     void setDropTarget(const QModelIndex& index, bool onEmptyArea);
     void considerDrop(QDropEvent& event, const QPoint& position);
+    void setUpDrops();
+    void followDrag(const QPoint& position);
+    void endDragOver();
 
     CollectionTreeModel& m_model;
     LegalSelectionModel* m_selection;
     MRLibraryImageAndTextCell* m_cell;
-    std::function<bool(const CollectionNode*)> m_acceptsFiles;
+    DropRule m_dropRule;
+    QStringList m_dragItems;
+    bool m_isDragRefused = false; ///< Until the next press.
     QPersistentModelIndex m_dropTarget;
     bool m_dropOnEmptyArea = false;
+    QPersistentModelIndex m_hovered; ///< The closed row that a drag rests on.
+    QTimer m_springLoad;             ///< Opens it.
+    QTimer m_edgeScroll;             ///< Scrolls while a drag is near an edge.
+    int m_edgeSpeed = 0;
 };
 
 } // namespace mosaro::organisation

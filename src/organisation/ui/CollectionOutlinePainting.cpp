@@ -1,10 +1,11 @@
 // How the rows of the collection tree look around their cells.
 #include "kit/Look.h"
 #include "kit/Paint.h"
+#include "organisation/ui/CollectionCell.h"
 #include "organisation/ui/CollectionOutline.h"
 #include "organisation/ui/CollectionTreeModel.h"
 #include "organisation/ui/LegalSelectionModel.h"
-#include "organisation/ui/MRLibraryImageAndTextCell.h"
+#include "organisation/ui/SidebarRow.h"
 
 #include <QPainter>
 #include <array>
@@ -13,10 +14,7 @@ namespace mosaro::organisation {
 
 namespace {
 
-constexpr int kGroundMargin = 6; ///< Between the sidebar's edges and the plate of a selected row.
 constexpr int kTriangleSize = 12;
-constexpr qreal kFocusedTint = 0.24;
-constexpr qreal kQuietTint = 0.15;
 
 const QIcon& disclosureIcon(bool expanded, bool highlighted)
 {
@@ -43,7 +41,15 @@ void CollectionOutline::paintEvent(QPaintEvent* event)
 void CollectionOutline::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                                 const QModelIndex& index) const
 {
-    paintRowGround(*painter, option.rect, index);
+    QRect ground = option.rect;
+    if (CollectionTreeModel::node(index)->isGroup) { // It stands at the bottom of its taller row.
+        ground.setTop(ground.bottom() + 1 - kit::metric::rowHeight - MRLibraryImageAndTextCell::kRowSpacing);
+    }
+    paintRowGround(*painter, ground, *this,
+                   {.isSelected = m_selection->isSelected(index),
+                    .isCurrent = index == currentIndex(),
+                    .isDropTarget = index == m_dropTarget,
+                    .isEditing = state() == EditingState});
     QStyleOptionViewItem cell = option;
     cell.rect = visualRect(index);
     cell.state.setFlag(QStyle::State_Selected, m_selection->isSelected(index));
@@ -51,26 +57,6 @@ void CollectionOutline::drawRow(QPainter* painter, const QStyleOptionViewItem& o
     branch.setRight(cell.rect.left() - 1);
     drawBranches(painter, branch, index);
     m_cell->paint(painter, cell, index);
-}
-
-void CollectionOutline::paintRowGround(QPainter& painter, const QRect& row, const QModelIndex& index) const
-{
-    const QRectF plate = QRectF(row).adjusted(kGroundMargin, MRLibraryImageAndTextCell::kRowSpacing / 2.0,
-                                              -kGroundMargin, -MRLibraryImageAndTextCell::kRowSpacing / 2.0);
-    if (m_selection->isSelected(index)) {
-        // The window's own focus: an open menu takes hasFocus() away.
-        const bool isFirst = isActiveWindow() && window()->focusWidget() == this;
-        const qreal tint = isFirst || state() == EditingState ? kFocusedTint : kQuietTint;
-        kit::paint::panel(painter, plate, kit::paint::mixed(kit::color::sidebar, kit::color::amber, tint), {},
-                          kit::metric::radius);
-    }
-    // The selected row's plate tells by its strength that the keyboard is here; the ring tells the rest: a
-    // row that is current but not selected, and everything to those who move by keyboard.
-    const bool byKeyboard = window()->testAttribute(Qt::WA_KeyboardFocusChange);
-    const bool isFocus = hasFocus() && index == currentIndex();
-    if (index == m_dropTarget || (isFocus && (byKeyboard || !m_selection->isSelected(index)))) {
-        kit::paint::focusRing(painter, plate, kit::metric::radius);
-    }
 }
 
 void CollectionOutline::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const

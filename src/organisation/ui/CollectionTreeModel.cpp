@@ -78,6 +78,7 @@ Qt::ItemFlags CollectionTreeModel::flags(const QModelIndex& index) const
     Qt::ItemFlags flags = Qt::ItemIsEnabled;
     flags.setFlag(Qt::ItemIsSelectable, !shown.isGroup);
     flags.setFlag(Qt::ItemIsEditable, shown.isUserNode());
+    flags.setFlag(Qt::ItemIsDragEnabled, shown.isUserNode());
     flags.setFlag(Qt::ItemNeverHasChildren, shown.nodes.empty());
     return flags;
 }

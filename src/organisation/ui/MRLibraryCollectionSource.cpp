@@ -2,13 +2,12 @@
 
 #include "base/Notifications.h"
 #include "base/PreferenceKeys.h"
-#include "organisation/CollectionNames.h"
+#include "kit/ZNFlatUIKitLabelView.h"
+#include "organisation/DatabaseError.h"
 #include "organisation/ui/CollectionMenu.h"
 #include "organisation/ui/CollectionOutline.h"
 #include "organisation/ui/ImportPanel.h"
 #include "store/RecordReference.h"
-
-#include <QtDebug>
 
 namespace mosaro::organisation {
 
@@ -27,11 +26,6 @@ ImportSessionEnvironment sessionEnvironment(const SidebarEnvironment& environmen
             .analyse = environment.analyse};
 }
 
-void showDatabaseError(const QString& reason)
-{
-    qWarning("database error: %ls", qUtf16Printable(reason));
-}
-
 } // namespace
 
 MRLibraryCollectionSource::MRLibraryCollectionSource(const SidebarEnvironment& environment, QWidget& sidebar,
@@ -42,10 +36,13 @@ MRLibraryCollectionSource::MRLibraryCollectionSource(const SidebarEnvironment& e
           m_model, [this](const CollectionNode& node) { return badge(node); }, &sidebar)),
       m_navigator(*m_outline, m_tree, m_memory, [this] { selectNothing(); }),
       m_session(sessionEnvironment(environment)), m_ways(*this, m_environment),
-      m_pasteboard(*this, m_ways, m_environment, sidebar),
-      m_menu(new CollectionMenu([this](SidebarCommand command) { return validate(command); },
-                                [this] { return renamableTitle(); }, &sidebar))
+      m_pasteboard(*this, m_ways, m_environment, sidebar), m_changes(*this, m_environment),
+      m_menu(new CollectionMenu({[this](SidebarCommand command) { return exists(command); },
+                                 [this](SidebarCommand command) { return validate(command); },
+                                 [this] { return editTitle(selectedNodes()); }},
+                                &sidebar))
 {
+    addLabelRow(m_menu->labelRow());
     new ImportPanel(m_session, sidebar, environment.utilities, environment.platform.revealer.get());
     connect(&m_session, &ImportSession::failed, this, &MRLibraryCollectionSource::importFailed);
     connectTree();
@@ -70,14 +67,18 @@ void MRLibraryCollectionSource::connectTree()
     connect(m_outline, &CollectionOutline::renameRequested, this, &MRLibraryCollectionSource::editCollection);
     connect(m_outline, &CollectionOutline::menuRequested, m_menu,
             [this](const QPoint& position) { m_menu->popup(position); });
-    connect(m_outline, &CollectionOutline::mediaDropped, this,
-            [this](const QMimeData& data, const CollectionNode* node) { m_pasteboard.accept(data, node); });
+    connect(m_outline, &CollectionOutline::deleteRequested, this, [this] {
+        if (validate(SidebarCommand::Delete)) {
+            deleteCollection();
+        }
+    });
+    connect(m_outline, &CollectionOutline::dropped, this, &MRLibraryCollectionSource::acceptDrop);
     connect(&m_model, &CollectionTreeModel::titleEdited, this, &MRLibraryCollectionSource::rename);
-    connect(m_menu, &CollectionMenu::willOpen, this, [this] { m_outline->setFocus(); });
+    connect(m_menu, &CollectionMenu::willOpen, this, &MRLibraryCollectionSource::menuWillOpen);
+    connect(m_menu, &CollectionMenu::didClose, this, &MRLibraryCollectionSource::menuDidClose);
     connect(m_menu, &CollectionMenu::chosen, this, &MRLibraryCollectionSource::run);
-    m_outline->setFileDropRule([this](const CollectionNode* node) {
-        const bool busy = isBusy() || (m_environment.isWindowBusy && m_environment.isWindowBusy());
-        return !busy && m_environment.library.isOpenedDatabase() && ImportWays::isDropTarget(node);
+    m_outline->setDropRule([this](const QMimeData& data, bool fromGrid, const CollectionNode* target) {
+        return dropOperation(data, fromGrid, target);
     });
 }
 
@@ -104,6 +105,8 @@ void MRLibraryCollectionSource::observeBus()
             updateSelection();
         }
     });
+    bus.observe(base::MOSARO_NOTI_COMPLETED_MEDIA_DELETED, this,
+                [this](const QVariant&) { m_changes.deleteMediaNotification(); });
     bus.observe(base::MOSARO_NOTI_SCROLL_TO_TOP, this, [this](const QVariant&) { scrollToTop(); });
 }
 
@@ -238,135 +241,22 @@ void MRLibraryCollectionSource::makeUserCollections()
     }
 }
 
-void MRLibraryCollectionSource::rebuildAround(const QString& id)
+void MRLibraryCollectionSource::rebuild()
 {
     makeUserCollections();
-    m_memory.addSelected(id);
     m_navigator.restoreOutlineViewStatus();
 }
 
-NodeList MRLibraryCollectionSource::siblingsBelow(const CollectionNode* parent) const
+void MRLibraryCollectionSource::rebuildAround(const QString& id)
 {
-    const CollectionNode* container = parent ? parent : m_tree.userGroup();
-    return container ? childList(*container) : NodeList();
+    m_memory.addSelected(id);
+    rebuild();
 }
 
-void MRLibraryCollectionSource::addCollectionItem(int tag)
+void MRLibraryCollectionSource::countsChanged()
 {
-    m_outline->endEditing();
-    const auto kind = newItemKind(tag);
-    const auto place = placeForNewItem(selectedNodes());
-    if (!kind || !place) {
-        return;
-    }
-    NewCollection item;
-    item.type = kind->type;
-    item.title = availableCollectionName(kind->name, siblingsBelow(place->parent));
-    (void)addItem(item, place->parent, true);
-}
-
-const CollectionNode* MRLibraryCollectionSource::addCollectionWithName(const QString& name, bool onRoot)
-{
-    m_outline->endEditing();
-    const NodeList selected = selectedNodes();
-    const CollectionNode* parent = onRoot || selected.empty() ? nullptr : selected.front();
-    if (parent && parent->type != store::kTypeFolder) {
-        return nullptr;
-    }
-    NewCollection item;
-    item.title = availableCollectionName(name, siblingsBelow(parent));
-    if (!addItem(item, parent, false)) {
-        return nullptr;
-    }
-    const NodeList now = selectedNodes();
-    return now.empty() ? nullptr : now.front();
-}
-
-bool MRLibraryCollectionSource::addItem(const NewCollection& item, const CollectionNode* parent,
-                                        bool changeEditMode)
-{
-    if (!m_environment.library.isOpenedDatabase()) {
-        return false;
-    }
-    const QString parentID = parent ? parent->id : QString::fromLatin1(kYourCollectionsGroupID);
-    const auto made = CollectionCommands(*m_environment.library.context()).addItem(item, parent);
-    if (!made) {
-        showDatabaseError(made.reason());
-        return false;
-    }
-    rebuildAround(made.value());
-    m_navigator.findCollectionNode(made.value(), parentID);
-    if (changeEditMode) {
-        editCollection();
-    }
-    return true;
-}
-
-void MRLibraryCollectionSource::editCollection()
-{
-    const NodeList selected = selectedNodes();
-    if (!selected.empty() && selected.front()->isUserNode()) {
-        m_outline->editNode(*selected.front());
-    }
-}
-
-void MRLibraryCollectionSource::rename(const QString& id, const QString& title)
-{
-    const CollectionNode* node = m_tree.node(id);
-    if (!node || !m_environment.library.isOpenedDatabase()) {
-        return;
-    }
-    if (const auto renamed = CollectionCommands(*m_environment.library.context()).rename(*node, title);
-        !renamed) {
-        showDatabaseError(renamed.reason());
-        return;
-    }
-    rebuildAround(id);
-}
-
-void MRLibraryCollectionSource::importMedia()
-{
-    m_ways.importMedia();
-}
-
-bool MRLibraryCollectionSource::addMediaItem(std::vector<importing::ImportItem> items,
-                                             const CollectionNode& withItem, bool fromInternalSource)
-{
-    store::StoreContext* context = m_environment.library.context();
-    const auto collection =
-        context ? store::unarchivedReference<store::Collections>(*context, withItem.object) : nullptr;
-    return m_session.addMediaItem(std::move(items), collection, fromInternalSource);
-}
-
-bool MRLibraryCollectionSource::validate(SidebarCommand command) const
-{
-    const bool busy = isBusy() || (m_environment.isWindowBusy && m_environment.isWindowBusy());
-    const QWidget* focus = m_outline->window()->focusWidget();
-    const bool hasKeyboard = focus && (focus == m_outline || m_outline->isAncestorOf(focus));
-    return !busy && m_environment.library.isOpenedDatabase() && hasKeyboard && m_outline->isVisible() &&
-           isCommandPossible(command, selectedNodes());
-}
-
-QString MRLibraryCollectionSource::renamableTitle() const
-{
-    const NodeList selected = selectedNodes();
-    return selected.size() == 1 && selected.front()->isUserNode() ? selected.front()->title : QString();
-}
-
-void MRLibraryCollectionSource::run(SidebarCommand command)
-{
-    switch (command) {
-    case SidebarCommand::NewCollection:
-    case SidebarCommand::NewFolder:
-        addCollectionItem(int(command));
-        break;
-    case SidebarCommand::Import:
-        importMedia();
-        break;
-    case SidebarCommand::Edit:
-        editCollection();
-        break;
-    }
+    m_counts.clear();
+    m_outline->viewport()->update();
 }
 
 void MRLibraryCollectionSource::updateNotificationToRecent(const QVariant& days)

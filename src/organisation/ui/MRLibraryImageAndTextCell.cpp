@@ -1,11 +1,9 @@
 #include "organisation/ui/MRLibraryImageAndTextCell.h"
 
-#include "base/Text.h"
 #include "kit/Look.h"
 #include "kit/Paint.h"
-#include "organisation/CollectionTree.h"
-#include "organisation/ui/CollectionTreeModel.h"
 
+#include <QAbstractItemView>
 #include <QLineEdit>
 #include <QPainter>
 #include <utility>
@@ -34,76 +32,8 @@ QRect titleRect(const QRect& row)
     return row.adjusted(kImageSize + kImageGap, 0, -kRightMargin, 0);
 }
 
-QColor imageTint(int type)
-{
-    switch (type) {
-    case store::kTypeFolder:
-        return kit::color::amber;
-    case store::kTypeSmartCollection:
-        return kit::color::blue;
-    default:
-        return kit::color::text2;
-    }
-}
-
-} // namespace
-
-MRLibraryImageAndTextCell::MRLibraryImageAndTextCell(std::function<qint64(const CollectionNode&)> badge,
-                                                     QObject* parent)
-    : QStyledItemDelegate(parent), m_badge(std::move(badge))
-{
-}
-
-void MRLibraryImageAndTextCell::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                                      const QModelIndex& index) const
-{
-    const CollectionNode& node = *CollectionTreeModel::node(index);
-    painter->save();
-    if (node.isGroup) {
-        paintGroup(*painter, option.rect, node);
-    } else {
-        paintNode(*painter, option.rect, node, option.state.testFlag(QStyle::State_Selected));
-    }
-    painter->restore();
-}
-
-void MRLibraryImageAndTextCell::paintGroup(QPainter& painter, const QRect& rect,
-                                           const CollectionNode& node) const
-{
-    QFont font = kit::font(kHeadingSize, QFont::Bold);
-    font.setLetterSpacing(QFont::AbsoluteSpacing, 0.6);
-    const QRect line = rect.adjusted(kIndentation, kGroupGap, -kRightMargin, 0);
-    painter.setFont(font);
-    painter.setPen(kit::color::text3);
-    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
-                     QFontMetrics(font).elidedText(node.title, Qt::ElideRight, line.width()));
-}
-
-void MRLibraryImageAndTextCell::paintNode(QPainter& painter, const QRect& rect, const CollectionNode& node,
-                                          bool selected) const
-{
-    image(node.type).paint(&painter, imageRect(rect));
-
-    QRect line = titleRect(rect);
-    line.setRight(line.right() - paintBadge(painter, line, m_badge(node), selected));
-    const bool hasDot = kit::labelColor(node.label).isValid();
-    const int dotSpace = hasDot ? kDotSize + kit::metric::gap : 0;
-
-    const QFont font = kit::font(kTitleSize);
-    const QFontMetrics metrics(font);
-    const QString title = metrics.elidedText(node.title, Qt::ElideRight, line.width() - dotSpace);
-    painter.setFont(font);
-    painter.setPen(selected ? QColor(Qt::white) : kit::color::text);
-    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, title);
-    if (hasDot) {
-        const QRectF dot(line.left() + metrics.horizontalAdvance(title) + kit::metric::gap,
-                         rect.top() + (rect.height() - kDotSize) / 2.0, kDotSize, kDotSize);
-        kit::paint::labelDot(painter, dot, node.label);
-    }
-}
-
-int MRLibraryImageAndTextCell::paintBadge(QPainter& painter, const QRect& rect, qint64 count,
-                                          bool selected) const
+/// Draws the badge at the right end and gives the width that it took.
+int paintBadge(QPainter& painter, const QRect& rect, qint64 count, bool selected)
 {
     if (count <= 0) {
         return 0;
@@ -118,20 +48,64 @@ int MRLibraryImageAndTextCell::paintBadge(QPainter& painter, const QRect& rect, 
     return width + kit::metric::gap;
 }
 
-const QIcon& MRLibraryImageAndTextCell::image(int type) const
+} // namespace
+
+MRLibraryImageAndTextCell::MRLibraryImageAndTextCell(QString editorName, QObject* parent)
+    : QStyledItemDelegate(parent), m_editorName(std::move(editorName))
 {
-    auto known = m_images.find(type);
-    if (known == m_images.end()) {
-        const QString name = sidebarImageName(type);
-        known = m_images.insert(type, name.isEmpty() ? QIcon() : kit::icon(name, imageTint(type)));
+}
+
+void MRLibraryImageAndTextCell::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                      const QModelIndex& index) const
+{
+    painter->save();
+    if (isGroup(index)) {
+        paintGroup(*painter, option.rect, index.data().toString());
+    } else {
+        paintRow(*painter, option.rect.adjusted(m_leftMargin, 0, 0, 0), content(index),
+                 option.state.testFlag(QStyle::State_Selected));
     }
-    return *known;
+    painter->restore();
+}
+
+void MRLibraryImageAndTextCell::paintGroup(QPainter& painter, const QRect& rect, const QString& title)
+{
+    QFont font = kit::font(kHeadingSize, QFont::Bold);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, 0.6);
+    const QRect line = rect.adjusted(kIndentation, kGroupGap, -kRightMargin, 0);
+    painter.setFont(font);
+    painter.setPen(kit::color::text3);
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
+                     QFontMetrics(font).elidedText(title, Qt::ElideRight, line.width()));
+}
+
+void MRLibraryImageAndTextCell::paintRow(QPainter& painter, const QRect& rect, const SidebarCellContent& row,
+                                         bool selected)
+{
+    row.image.paint(&painter, imageRect(rect));
+
+    QRect line = titleRect(rect);
+    line.setRight(line.right() - paintBadge(painter, line, row.count, selected));
+    const bool hasLabel = kit::labelColor(row.label).isValid();
+    const bool hasDot = hasLabel || row.tagColor.isValid();
+    const int dotSpace = hasDot ? kDotSize + kit::metric::gap : 0;
+
+    const QFont font = kit::font(kTitleSize);
+    const QFontMetrics metrics(font);
+    const QString title = metrics.elidedText(row.title, Qt::ElideRight, line.width() - dotSpace);
+    painter.setFont(font);
+    painter.setPen(selected ? QColor(Qt::white) : kit::color::text);
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, title);
+    if (hasDot) {
+        const QRectF dot(line.left() + metrics.horizontalAdvance(title) + kit::metric::gap,
+                         rect.top() + (rect.height() - kDotSize) / 2.0, kDotSize, kDotSize);
+        kit::paint::dot(painter, dot, hasLabel ? kit::labelColor(row.label) : row.tagColor);
+    }
 }
 
 QSize MRLibraryImageAndTextCell::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const
 {
-    const CollectionNode* node = CollectionTreeModel::node(index);
-    const int gap = node && node->isGroup ? kGroupGap : 0;
+    const int gap = isGroup(index) ? kGroupGap : 0;
     return {kit::metric::tabRowHeight, kit::metric::rowHeight + kRowSpacing + gap};
 }
 
@@ -140,7 +114,7 @@ QWidget* MRLibraryImageAndTextCell::createEditor(QWidget* parent, const QStyleOp
 {
     auto* field = new QLineEdit(parent);
     field->setFont(kit::font(kTitleSize));
-    field->setAccessibleName(base::text("Accessible.Collection.Name"));
+    field->setAccessibleName(m_editorName);
     field->setText(index.data(Qt::EditRole).toString());
     m_editor = field;
     return field;
@@ -155,11 +129,15 @@ void MRLibraryImageAndTextCell::setModelData(QWidget* editor, QAbstractItemModel
     }
 }
 
-void MRLibraryImageAndTextCell::applyCommitted(QAbstractItemModel& model)
+void MRLibraryImageAndTextCell::applyCommitted(QAbstractItemView& list)
 {
+    const QPointer<QWidget> focus = list.window()->focusWidget();
     const QModelIndex edited = std::exchange(m_edited, {});
     if (edited.isValid()) {
-        model.setData(edited, m_title, Qt::EditRole);
+        list.model()->setData(edited, m_title, Qt::EditRole);
+    }
+    if (focus && focus != &list) {
+        focus->setFocus();
     }
 }
 
@@ -167,7 +145,7 @@ void MRLibraryImageAndTextCell::updateEditorGeometry(QWidget* editor, const QSty
                                                      const QModelIndex&) const
 {
     // The field's own margin lies left of the title, so that the text does not jump.
-    editor->setGeometry(titleRect(option.rect).adjusted(-kImageGap, 0, kit::metric::gap, 0));
+    editor->setGeometry(titleRect(option.rect).adjusted(m_leftMargin - kImageGap, 0, kit::metric::gap, 0));
 }
 
 } // namespace mosaro::organisation

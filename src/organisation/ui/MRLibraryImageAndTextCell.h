@@ -1,29 +1,36 @@
 #pragma once
 
-#include "organisation/CollectionNode.h"
-
-#include <QHash>
+#include <QColor>
 #include <QIcon>
 #include <QPersistentModelIndex>
 #include <QPointer>
 #include <QStyledItemDelegate>
-#include <functional>
 
 namespace mosaro::organisation {
 
-/// A row of the collection tree: image, title, label dot, count; or the heading of a group.
+/// What a row of the sidebar shows.
+struct SidebarCellContent {
+    QString title;
+    QIcon image;
+    int label = 0;
+    QColor tagColor;  ///< Shown when there is no label; invalid for none.
+    qint64 count = 0; ///< Shown above 0.
+};
+
+/// A row of the sidebar: image, title, a dot for a label or a colour, count; or the heading of a group.
 class MRLibraryImageAndTextCell : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
-    /// `badge` gives the count to show, or 0 for none.
-    explicit MRLibraryImageAndTextCell(std::function<qint64(const CollectionNode&)> badge,
-                                       QObject* parent = nullptr);
+    /// `editorName` is what assistive programs call the field that a title is edited in.
+    explicit MRLibraryImageAndTextCell(QString editorName, QObject* parent = nullptr);
 
     /// Width left of a top row, where its disclosure triangle is; also the step of each level.
     static constexpr int kIndentation = 18;
     static constexpr int kRowSpacing = 2;
 
+    /// What a list keeps free left of the images, where it has no triangles.
+    void setLeftMargin(int margin) { m_leftMargin = margin; }
     /// The open title editor, or null.
     [[nodiscard]] QWidget* editor() const { return m_editor; }
 
@@ -34,20 +41,23 @@ public:
                                         const QModelIndex& index) const override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
-    /// Only notes the title: setting it makes the tree anew, which no open editor may live to see.
+    /// Only notes the title: setting it makes the list anew, which no open editor may live to see.
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
-    /// Sets the noted title, if there is one; to be called when the editor is closed.
-    void applyCommitted(QAbstractItemModel& model);
+    /// Sets the noted title, if there is one; to be called when the editor is closed. A new title makes the
+    /// list anew, and with it the focus comes to it; when a click elsewhere ended the editing, the keyboard
+    /// stays where it went.
+    void applyCommitted(QAbstractItemView& list);
+
+protected:
+    [[nodiscard]] virtual SidebarCellContent content(const QModelIndex& index) const = 0;
+    [[nodiscard]] virtual bool isGroup(const QModelIndex& /*index*/) const { return false; }
 
 private:
-    void paintGroup(QPainter& painter, const QRect& rect, const CollectionNode& node) const;
-    void paintNode(QPainter& painter, const QRect& rect, const CollectionNode& node, bool selected) const;
-    /// Draws the badge at the right end and gives the width that it took.
-    int paintBadge(QPainter& painter, const QRect& rect, qint64 count, bool selected) const;
-    [[nodiscard]] const QIcon& image(int type) const;
+    static void paintGroup(QPainter& painter, const QRect& rect, const QString& title);
+    static void paintRow(QPainter& painter, const QRect& rect, const SidebarCellContent& row, bool selected);
 
-    std::function<qint64(const CollectionNode&)> m_badge;
-    mutable QHash<int, QIcon> m_images;
+    QString m_editorName;
+    int m_leftMargin = 0;
     mutable QPointer<QWidget> m_editor;
     mutable QPersistentModelIndex m_edited; ///< Valid while a title is noted.
     mutable QString m_title;

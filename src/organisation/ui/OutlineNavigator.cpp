@@ -43,12 +43,31 @@ void OutlineNavigator::applyExpansion(const NodeList& expanded)
 
 void OutlineNavigator::findCollectionNode(const QString& id, const QString& withParentID)
 {
+    selectCollections({id}, withParentID);
+}
+
+void OutlineNavigator::selectCollections(const QStringList& ids, const QString& withParentID)
+{
     if (const CollectionNode* parent = m_tree.node(withParentID)) {
         m_outline.setNodeExpanded(*parent, true);
     }
-    if (const CollectionNode* node = m_tree.node(id)) {
-        m_outline.selectNodes({node});
-        m_outline.scrollToNode(*node);
+    NodeList nodes;
+    for (const CollectionNode* node : allNodes(m_tree.library())) {
+        if (ids.contains(node->id)) {
+            nodes.push_back(node);
+        }
+    }
+    if (!nodes.empty()) {
+        m_outline.selectNodes(nodes);
+        m_outline.scrollToNode(*nodes.front());
+    }
+}
+
+void OutlineNavigator::reopenUserGroup()
+{
+    if (const CollectionNode* group = m_tree.userGroup()) {
+        m_memory.willExpand(*group); // The view tells nothing of a group that is empty.
+        m_outline.setNodeExpanded(*group, true);
     }
 }
 

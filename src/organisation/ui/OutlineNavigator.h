@@ -20,6 +20,10 @@ public:
     void restoreOutlineViewStatus();
     /// Expands the parent, selects the node and shows it.
     void findCollectionNode(const QString& id, const QString& withParentID);
+    /// Expands the parent, when one is given, selects the nodes that there are and shows the first.
+    void selectCollections(const QStringList& ids, const QString& withParentID);
+    /// Opens the group of the user's collections and remembers it as open, also when it is empty.
+    void reopenUserGroup();
     /// Reveals and selects the node; leaves open only what was open before and what leads there. An unknown
     /// ID changes nothing.
     void findCollectionItem(const QString& id) { reveal(id, m_memory.expanded()); }

@@ -11,22 +11,25 @@
 
 namespace mosaro::organisation {
 
-SidebarFoot::SidebarFoot(QMenu& menu, QWidget* parent) : QWidget(parent)
+SidebarFoot::SidebarFoot(QWidget* parent) : QWidget(parent), m_button(new QToolButton(this))
 {
     setFixedHeight(kit::metric::statusRowHeight);
-    auto* button = new QToolButton(this);
-    button->setIcon(kit::icon(QStringLiteral("action")));
-    button->setIconSize({16, 16});
-    button->setAutoRaise(true);
-    button->setPopupMode(QToolButton::InstantPopup);
-    button->setMenu(&menu);
-    button->setToolTip(base::text("Tooltip.Sidebar.Action"));
-    button->setAccessibleName(base::text("Tooltip.Sidebar.Action"));
+    m_button->setIcon(kit::icon(QStringLiteral("action")));
+    m_button->setIconSize({16, 16});
+    m_button->setAutoRaise(true);
+    m_button->setPopupMode(QToolButton::InstantPopup);
+    m_button->setToolTip(base::text("Tooltip.Sidebar.Action"));
+    m_button->setAccessibleName(base::text("Tooltip.Sidebar.Action"));
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(kit::metric::gap, 0, kit::metric::gap, 0);
-    row->addWidget(button);
+    row->addWidget(m_button);
     row->addStretch();
+}
+
+void SidebarFoot::setMenu(QMenu& menu)
+{
+    m_button->setMenu(&menu);
 }
 
 void SidebarFoot::paintEvent(QPaintEvent*)

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class QMenu;
+class QToolButton;
 
 namespace mosaro::organisation {
 
@@ -11,10 +12,16 @@ class SidebarFoot : public QWidget {
     Q_OBJECT
 
 public:
-    explicit SidebarFoot(QMenu& menu, QWidget* parent = nullptr);
+    explicit SidebarFoot(QWidget* parent = nullptr);
+
+    /// Not owned.
+    void setMenu(QMenu& menu);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QToolButton* m_button;
 };
 
 } // namespace mosaro::organisation

@@ -1,0 +1,86 @@
+#include "organisation/SlicedRun.h"
+
+#include <QThread>
+#include <QtTest>
+
+using namespace mosaro;
+using organisation::SlicedRun;
+
+class TestSlicedRun : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void doesEveryItemOnceInOrderAndLetsTheEventLoopTurn()
+    {
+        SlicedRun run;
+        QList<qsizetype> steps;
+        QList<qsizetype> slices;
+        qsizetype done = -1;
+        int turns = 0;
+        QTimer heartbeat;
+        connect(&heartbeat, &QTimer::timeout, this, [&turns] { ++turns; });
+        heartbeat.start(0);
+        QVERIFY(run.start({.count = 60,
+                           .step =
+                               [&](qsizetype position) {
+                                   steps.append(position);
+                                   QThread::msleep(1);
+                               },
+                           .sliceEnded = [&](qsizetype count) { slices.append(count); },
+                           .finished = [&](qsizetype count) { done = count; }}));
+        QVERIFY(steps.isEmpty());
+        QVERIFY(!run.start({}));
+        QTRY_COMPARE(done, 60);
+        QCOMPARE(steps.size(), 60);
+        QVERIFY(std::is_sorted(steps.begin(), steps.end()));
+        QVERIFY(slices.size() >= 3);
+        QCOMPARE(slices.last(), 60);
+        QVERIFY(turns >= slices.size() - 1);
+        QVERIFY(!run.isRunning());
+    }
+
+    void ends_data()
+    {
+        QTest::addColumn<int>("count");
+        QTest::addColumn<int>("stopAt");
+        QTest::addColumn<int>("done");
+        QTest::newRow("nothing to do") << 0 << -1 << 0;
+        QTest::newRow("stopped before the first step") << 5 << -2 << 0;
+        QTest::newRow("stopped by a step") << 5 << 2 << 3;
+        QTest::newRow("stopped by the last step") << 5 << 4 << 5;
+    }
+    void ends()
+    {
+        QFETCH(int, count);
+        QFETCH(int, stopAt);
+        SlicedRun run;
+        int ends = 0;
+        int done = -1;
+        bool paused = true;
+        run.start({.count = count,
+                   .step =
+                       [&](qsizetype position) {
+                           QVERIFY(!paused);
+                           if (position == stopAt) {
+                               run.stop();
+                           }
+                       },
+                   .finished =
+                       [&](qsizetype number) {
+                           done = int(number);
+                           // The next run may begin here.
+                           if (++ends == 1) {
+                               run.start({.finished = [&](qsizetype) { ++ends; }});
+                           }
+                       },
+                   .pauses = [&] { return std::exchange(paused, false); }});
+        if (stopAt == -2) {
+            run.stop();
+        }
+        QTRY_COMPARE(ends, 2);
+        QTEST(done, "done");
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSlicedRun)
+#include "tst_slicedrun.moc"

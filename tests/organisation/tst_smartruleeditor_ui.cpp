@@ -1,0 +1,178 @@
+#include "base/NotificationBus.h"
+#include "base/Text.h"
+#include "kit/Look.h"
+#include "kit/RatingIndicator.h"
+#include "organisation/SmartRules.h"
+#include "organisation/ui/MRSmartRuleEditor.h"
+#include "organisation/ui/MRSmartRuleItem.h"
+#include "support/TemporaryLibrary.h"
+
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QToolButton>
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+using namespace mosaro;
+using namespace mosaro::organisation;
+
+namespace {
+
+QVariantMap rule(int type, const QVariantMap& values = {})
+{
+    QVariantMap record = values;
+    record.insert(SMART_KEY_RULE_TYPE, type);
+    return record;
+}
+
+struct Sheet {
+    test::TemporaryLibrary library;
+    base::NotificationBus bus;
+    std::unique_ptr<MRSmartRuleEditor> editor;
+
+    void open(const QVariantList& rules = {}, bool all = false)
+    {
+        editor = std::make_unique<MRSmartRuleEditor>(
+            SmartRuleEnvironment{library.manager(), library.defaults()}, bus, u"Logos"_s, all, rules, false);
+        editor->show();
+    }
+    QList<MRSmartRuleItem*> rows() const
+    {
+        QList<MRSmartRuleItem*> shown = editor->findChildren<MRSmartRuleItem*>();
+        erase_if(shown, [](const MRSmartRuleItem* row) { return row->isHidden(); });
+        return shown;
+    }
+    /// The record of a row as it would be saved, without its type.
+    QVariantMap values(int row = 0) const
+    {
+        QVariantMap record = editor->result().value(SMART_COLLECTION_RULES).toList().at(row).toMap();
+        record.remove(SMART_KEY_RULE_TYPE);
+        return record;
+    }
+    static QToolButton& button(const MRSmartRuleItem& row, bool add)
+    {
+        return *row.findChildren<QToolButton*>().at(add ? 0 : 1);
+    }
+};
+
+} // namespace
+
+class TestSmartRuleEditor : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        base::installTexts();
+        kit::installLook(*qApp);
+    }
+
+    void startsWithOneRule()
+    {
+        Sheet sheet;
+        sheet.open();
+        QTRY_COMPARE(sheet.rows().size(), 1);
+        QVERIFY(!Sheet::button(*sheet.rows().constFirst(), false).isEnabled());
+        const QVariantMap result = sheet.editor->result();
+        QCOMPARE(result.value(SMART_COLLECTION_TITLE).toString(), u"Logos"_s);
+        QCOMPARE(result.value(SMART_COLLECTION_MATCH_CONDITION).toInt(), 0);
+        QVERIFY(isValidSmartCollection(result));
+    }
+
+    /// A fresh rule of each type has its values at once, and a stored one keeps them.
+    void fillsRecords_data()
+    {
+        const QVariantMap stored{{SMART_KEY_CONDITION, 2}, {SMART_KEY_DEFAULT_VALUE, u"12"_s}};
+        QVariantMap size = stored;
+        size.insert(SMART_KEY_OTHER_VALUE, 1000000);
+        const QDateTime day = QDate(2024, 2, 29).startOfDay();
+        QTest::addColumn<QVariantMap>("record");
+        QTest::addColumn<QVariantMap>("values");
+        const QVariantMap text{{SMART_KEY_CONDITION, 0}, {SMART_KEY_DEFAULT_VALUE, QString()}};
+        QTest::newRow("text") << rule(0) << text;
+        QTest::newRow("a reserved type") << rule(14) << text;
+        QTest::newRow("stored text") << rule(7, stored) << stored;
+        QTest::newRow("file type") << rule(2) << QVariantMap{{SMART_KEY_DEFAULT_VALUE, u"gif"_s}};
+        QTest::newRow("stored size") << rule(3, size) << size;
+        QTest::newRow("label") << rule(16) << QVariantMap{{SMART_KEY_DEFAULT_VALUE, 0}};
+        QTest::newRow("yes") << rule(18, {{SMART_KEY_DEFAULT_VALUE, 1}})
+                             << QVariantMap{{SMART_KEY_DEFAULT_VALUE, 1}};
+        QTest::newRow("rating") << rule(21)
+                                << QVariantMap{{SMART_KEY_CONDITION, 0}, {SMART_KEY_DEFAULT_VALUE, 0.0}};
+        QTest::newRow("a tag without tags") << rule(20) << QVariantMap{{SMART_KEY_CONDITION, 1}};
+        QTest::newRow("a day has no end")
+            << rule(4,
+                    {{SMART_KEY_CONDITION, 1}, {SMART_KEY_DEFAULT_VALUE, day}, {SMART_KEY_OTHER_VALUE, day}})
+            << QVariantMap{{SMART_KEY_CONDITION, 1}, {SMART_KEY_DEFAULT_VALUE, day}};
+        QTest::newRow("a range has one")
+            << rule(4,
+                    {{SMART_KEY_CONDITION, 3}, {SMART_KEY_DEFAULT_VALUE, day}, {SMART_KEY_OTHER_VALUE, day}})
+            << QVariantMap{
+                   {SMART_KEY_CONDITION, 3}, {SMART_KEY_DEFAULT_VALUE, day}, {SMART_KEY_OTHER_VALUE, day}};
+    }
+    void fillsRecords()
+    {
+        QFETCH(QVariantMap, record);
+        Sheet sheet;
+        sheet.open({record});
+        QTEST(sheet.values(), "values");
+    }
+
+    void aChangeOfTypeDropsTheValues()
+    {
+        Sheet sheet;
+        const QDateTime day = QDate(2024, 2, 29).startOfDay();
+        sheet.open({rule(4, {{SMART_KEY_CONDITION, 3}, {SMART_KEY_DEFAULT_VALUE, day}})});
+        auto* types = sheet.rows().constFirst()->findChild<QComboBox*>();
+        types->setCurrentIndex(0);
+        Q_EMIT types->activated(0);
+        QCOMPARE(sheet.values(),
+                 (QVariantMap{{SMART_KEY_CONDITION, 0}, {SMART_KEY_DEFAULT_VALUE, QString()}}));
+    }
+
+    void holdsOneToFifteenRules()
+    {
+        Sheet sheet;
+        sheet.open({rule(0)});
+        for (int count = 1; count < MRSmartRuleEditor::kMostRules; ++count) {
+            Sheet::button(*sheet.rows().constFirst(), true).click();
+        }
+        QCOMPARE(sheet.rows().size(), 15);
+        for (const MRSmartRuleItem* row : sheet.rows()) {
+            QVERIFY(!Sheet::button(*row, true).isEnabled());
+        }
+        Sheet::button(*sheet.rows().constFirst(), false).click();
+        QCOMPARE(sheet.rows().size(), 14);
+        QVERIFY(Sheet::button(*sheet.rows().constLast(), true).isEnabled());
+    }
+
+    void numbersOnly()
+    {
+        Sheet sheet;
+        sheet.open({rule(8)});
+        QTest::keyClicks(sheet.rows().constFirst()->findChild<QLineEdit*>(), u"1a2.5"_s);
+        QCOMPARE(sheet.values().value(SMART_KEY_DEFAULT_VALUE).toString(), u"125"_s);
+    }
+
+    void returnSavesUnlessThereIsNoTitle()
+    {
+        Sheet sheet;
+        sheet.open({rule(0)});
+        QSignalSpy closed(sheet.editor.get(), &MRSmartRuleEditor::closeSheet);
+        auto* title = sheet.editor->findChild<QLineEdit*>();
+        title->clear();
+        QTest::keyClick(title, Qt::Key_Return);
+        QVERIFY(closed.isEmpty());
+        title->setText(u"Marks"_s);
+        QTest::keyClick(title, Qt::Key_Return);
+        QCOMPARE(closed.value(0).value(0).toInt(), kSmartSheetSaved);
+        QTest::keyClick(title, Qt::Key_Escape);
+        QCOMPARE(closed.value(1).value(0).toInt(), kSmartSheetCancelled);
+    }
+};
+
+QTEST_MAIN(TestSmartRuleEditor)
+#include "tst_smartruleeditor_ui.moc"

@@ -1,0 +1,397 @@
+#include "base/Notifications.h"
+#include "base/PreferenceKeys.h"
+#include "base/Text.h"
+#include "base/ZNUtilities.h"
+#include "import/MediaDrag.h"
+#include "kit/ColorPanel.h"
+#include "kit/Look.h"
+#include "kit/MarkMenu.h"
+#include "organisation/TagColors.h"
+#include "organisation/ui/MRLibraryTableView.h"
+#include "organisation/ui/MRLibraryView.h"
+#include "organisation/ui/MRTagController.h"
+#include "organisation/ui/TagCheckList.h"
+#include "organisation/ui/TagMenu.h"
+#include "store/MediaTagList.h"
+#include "support/FakeDesktop.h"
+#include "support/TemporaryLibrary.h"
+
+#include <QDragMoveEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+using namespace mosaro;
+using organisation::MRLibraryTableView;
+using organisation::MRTagController;
+using organisation::TagCommand;
+using organisation::TagMenu;
+
+namespace {
+
+/// A library whose sidebar shows its tags, and the panel that assigns them.
+struct World : test::FakeDesktop {
+    test::TemporaryLibrary library;
+    base::ZNUtilities utilities;
+    test::FakeSounds sounds;
+    std::unique_ptr<organisation::MRLibraryView> view;
+    std::unique_ptr<MRTagController> panel;
+    std::vector<store::RowId> items;
+    bool busy = false;
+
+    /// Tags and items "title:1,2|…": the numbers of the items that bear the tag.
+    explicit World(const QString& tags = {}, int count = 0)
+    {
+        library.defaults().initialize();
+        library.defaults().updateUserDefaults(base::PREFS_GLOBAL_LAST_SELECTED_LIBRARY_ITEM, 1);
+        library.defaults().updateUserDefaults(base::PREFS_GENERAL_SOUND_EFFECTS, true);
+        utilities.setPrompts(&library.prompts());
+        utilities.setSoundPlayer(&sounds);
+        const auto collection = library.addCollection(u"Collection"_s);
+        std::vector<std::shared_ptr<store::Media>> media;
+        for (int number = 0; number < count; ++number) {
+            media.push_back(library.addMedia(u"item"_s, collection));
+            items.push_back(media.back()->rowId());
+        }
+        for (const QString& row : tags.split(u'|', Qt::SkipEmptyParts)) {
+            const auto tag = library.addTag(row.section(u':', 0, 0));
+            for (const QString& number : row.section(u':', 1).split(u',', Qt::SkipEmptyParts)) {
+                library.link(media.at(number.toUInt() - 1), tag);
+            }
+        }
+    }
+
+    void open()
+    {
+        view = std::make_unique<organisation::MRLibraryView>(organisation::SidebarEnvironment{
+            library.manager(), library.defaults(), library.prompts(), platform, utilities, classification,
+            [this] { return busy; }, [] { return true; }, [] {}});
+        view->resize(231, 700);
+        view->readLibrary();
+        view->show();
+        view->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(view.get()));
+    }
+
+    void openPanel(std::vector<store::RowId> selected)
+    {
+        panel = std::make_unique<MRTagController>(
+            organisation::TagPanelEnvironment{library.manager(), library.defaults(), utilities});
+        panel->setSelectedItems(std::move(selected));
+        panel->show();
+        QVERIFY(QTest::qWaitForWindowExposed(panel.get()));
+    }
+
+    MRLibraryTableView& list() const { return *view->findChild<MRLibraryTableView*>(); }
+    TagMenu& menu() const { return *view->findChild<TagMenu*>(); }
+    QLineEdit* editor() const { return list().viewport()->findChild<QLineEdit*>(); }
+    QPoint middle(int row) const { return list().visualRect(list().model()->index(row, 0)).center(); }
+
+    void click(int row, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::mouseClick(list().viewport(), Qt::LeftButton, modifiers, middle(row));
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::keyClick(&list(), key, modifiers);
+    }
+
+    /// "title|title" of all rows, those selected in brackets.
+    QString rows() const
+    {
+        QStringList rows;
+        for (int row = 0; row < list().model()->rowCount(); ++row) {
+            const QString title = list().model()->index(row, 0).data().toString();
+            rows.append(list().selectedRows().contains(row) ? u'[' + title + u']' : title);
+        }
+        return rows.join(u'|');
+    }
+    qsizetype shown() const { return qsizetype(view->selectedObjects().ids.size()); }
+
+    /// The boxes of the panel as "+": on, "~": mixed, "-": off.
+    QString boxes() const
+    {
+        QString boxes;
+        const QAbstractItemModel& model = *panel->findChild<organisation::TagCheckList*>()->model();
+        for (int row = 0; row < model.rowCount(); ++row) {
+            boxes += u"-~+"[model.index(row, 0).data(Qt::CheckStateRole).toInt()];
+        }
+        return boxes;
+    }
+    void clickBox(int row) const
+    {
+        auto& boxes = *panel->findChild<organisation::TagCheckList*>();
+        const QRect place = boxes.visualRect(boxes.model()->index(row, 0));
+        QTest::mouseClick(boxes.viewport(), Qt::LeftButton, {}, {place.left() + 18, place.center().y()});
+    }
+};
+
+/// Drags items over a row and drops them there; whether the row took them.
+bool dropItems(const World& world, const QStringList& mediaIDs, const QPoint& position)
+{
+    QMimeData data;
+    importing::writeMediaDrag(data, {mediaIDs, {u"anywhere"_s}});
+    QWidget* viewport = world.list().viewport();
+    QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(viewport, &enter);
+    QDragMoveEvent move(position, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(viewport, &move);
+    QDropEvent drop(position, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(viewport, &drop);
+    return move.isAccepted() && drop.isAccepted();
+}
+
+} // namespace
+
+class TestTagPanes : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        base::installTexts();
+        kit::installLook(*qApp);
+    }
+
+    void newTagOpensItsNameForEditing()
+    {
+        World world;
+        world.open();
+        world.view->addTag();
+        QCOMPARE(world.rows(), u"[Untitled Tag]"_s);
+        QVERIFY(world.editor());
+        QTest::keyClick(world.editor(), Qt::Key_Return); // As it is: no second tag of the name is meant.
+        QTRY_VERIFY(!world.editor());
+        QVERIFY(world.library.prompts().alerts.isEmpty());
+        world.view->addTag();
+        QTest::keyClick(world.editor(), Qt::Key_Escape);
+        QTRY_VERIFY(!world.editor());
+        QCOMPARE(world.rows(), u"Untitled Tag|[Untitled Tag (2)]"_s);
+        QVERIFY(world.list().hasFocus());
+    }
+
+    void renaming_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("rows");
+        QTest::addColumn<bool>("refused");
+        QTest::newRow("sorted anew") << u"Zoo"_s << u"b|[Zoo]"_s << false;
+        QTest::newRow("empty") << u""_s << u"[a]|b"_s << false;
+        QTest::newRow("a blank") << u" "_s << u"[a]|b"_s << false;
+        QTest::newRow("taken") << u"b"_s << u"[a]|b"_s << true;
+        QTest::newRow("taken in another case") << u"B"_s << u"[a]|b"_s << true;
+        QTest::newRow("its own in another case") << u"A"_s << u"[a]|b"_s << true;
+    }
+    void renaming()
+    {
+        QFETCH(QString, title);
+        World world(u"a|b"_s);
+        world.open();
+        world.click(0);
+        world.press(Qt::Key_Return);
+        QVERIFY(world.editor());
+        world.editor()->setText(title);
+        QTest::keyClick(world.editor(), Qt::Key_Return);
+        QFETCH(bool, refused);
+        QTRY_COMPARE(world.library.prompts().alerts.size(), refused ? 1 : 0);
+        QTRY_COMPARE(world.editor() != nullptr, refused); // The refused title can be put right at once.
+        QTEST(world.rows(), "rows");
+    }
+
+    void selectionIsTheUnionAndComesBack()
+    {
+        World world(u"a:1,2|b:2,3|c:4"_s, 4);
+        world.open();
+        world.click(0);
+        QCOMPARE(world.shown(), 2);
+        world.click(1, Qt::ControlModifier);
+        QCOMPARE(world.shown(), 3);
+        QCOMPARE(world.view->selectedCollections().size(), 2U);
+        world.view.reset();
+        QVERIFY(world.library.reopen());
+        world.open();
+        QCOMPARE(world.rows(), u"[a]|[b]|c"_s);
+        world.view->changeCollection(0);
+        world.view->changeCollection(1);
+        QCOMPARE(world.shown(), 3);
+        QTest::mouseClick(world.list().viewport(), Qt::LeftButton, {}, {100, 600});
+        QCOMPARE(world.rows(), u"a|b|c"_s);
+        QCOMPARE(world.shown(), 0);
+    }
+
+    void deleting_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<bool>("command");
+        QTest::addColumn<bool>("agrees");
+        QTest::addColumn<QString>("rows");
+        QTest::newRow("agreed") << int(Qt::Key_Backspace) << true << true << u"b"_s;
+        QTest::newRow("delete key") << int(Qt::Key_Delete) << false << true << u"b"_s;
+        QTest::newRow("refused") << int(Qt::Key_Backspace) << true << false << u"[a]|b|[c]"_s;
+        QTest::newRow("backspace alone") << int(Qt::Key_Backspace) << false << true << u"[a]|b|[c]"_s;
+    }
+    void deleting()
+    {
+        QFETCH(int, key);
+        QFETCH(bool, command);
+        QFETCH(bool, agrees);
+        World world(u"a:1|b:1|c"_s, 1);
+        world.open();
+        world.click(0);
+        world.click(2, Qt::ControlModifier);
+        world.library.prompts().alertAnswers = {agrees ? 1 : 0};
+        QSignalSpy told(world.view.get(), &organisation::MRLibraryView::selectionChanged);
+        world.press(Qt::Key(key), command ? Qt::ControlModifier : Qt::NoModifier);
+        QFETCH(QString, rows);
+        QTRY_COMPARE(world.rows(), rows);
+        QCOMPARE(world.shown(), rows == u"b" ? 0 : 1);
+        QCOMPARE(world.library.context().object<store::Media>(world.items[0])->mediaTagList().size(),
+                 rows == u"b" ? 1U : 2U);
+    }
+
+    void colorsAndTheirMarks()
+    {
+        World world(u"a|b|c"_s);
+        world.open();
+        QSignalSpy told(&world.menu(), &TagMenu::tagColorChosen);
+        auto& colors = *world.menu().findChild<kit::MarkMenu*>();
+        const auto marks = [&] {
+            Q_EMIT colors.aboutToShow();
+            QString shown;
+            for (const QAction* item : colors.actions()) {
+                shown += u"-+~"[int(colors.mark(*item))];
+            }
+            Q_EMIT world.menu().aboutToHide();
+            return shown;
+        };
+        world.click(0);
+        QCOMPARE(marks(), u"+--------"_s);
+        colors.actions().at(1)->trigger();
+        QCOMPARE(marks(), u"-+-------"_s);
+        world.click(1, Qt::ControlModifier);
+        QCOMPARE(marks(), u"~~-------"_s);
+        colors.actions().at(8)->trigger();
+        QVERIFY(kit::ColorPanel::existing());
+        Q_EMIT kit::ColorPanel::existing()->colorDidChange(QColor(10, 20, 30));
+        QCOMPARE(marks(), u"--------+"_s);
+        QCOMPARE(colors.mark(*colors.actions().at(8)), kit::Mark::None);
+        const auto record = world.library.context().first<store::Tags>(
+            store::Predicate::compare("title"_L1, store::Comparison::Equal, u"b"_s));
+        QCOMPARE(record->tagColor(), base::colorAsString(base::ColorValue::fromColor(QColor(10, 20, 30))));
+        world.view->changeCollection(0);
+        Q_EMIT kit::ColorPanel::existing()->colorDidChange(Qt::red);
+        world.view->changeCollection(1);
+        QCOMPARE(marks(), u"--------+"_s);
+        kit::ColorPanel::closeShared();
+    }
+
+    void drops_data()
+    {
+        QTest::addColumn<QString>("selected");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<bool>("busy");
+        QTest::addColumn<bool>("taken");
+        QTest::newRow("one selected, another row") << u"0"_s << 1 << false << true;
+        QTest::newRow("nothing selected") << u""_s << 1 << false << false;
+        QTest::newRow("two selected") << u"01"_s << 1 << false << false;
+        QTest::newRow("outside of all rows") << u"0"_s << -1 << false << false;
+        QTest::newRow("busy") << u"0"_s << 1 << true << false;
+    }
+    void drops()
+    {
+        QFETCH(QString, selected);
+        QFETCH(int, row);
+        QFETCH(bool, busy);
+        QFETCH(bool, taken);
+        World world(u"a:1,2,3|b:2"_s, 3);
+        world.open();
+        for (const QChar number : selected) {
+            world.click(number.digitValue(), Qt::ControlModifier);
+        }
+        QStringList ids;
+        for (const store::RowId item : world.items) {
+            ids.append(world.library.context().object<store::Media>(item)->mediaID());
+        }
+        world.busy = busy;
+        QSignalSpy told(world.view.get(), &organisation::MRLibraryView::selectionChanged);
+        QCOMPARE(dropItems(world, ids, row < 0 ? QPoint(100, 600) : world.middle(row)), taken);
+        QTRY_COMPARE(told.size(), taken ? 1 : 0);
+        const auto links =
+            world.library.context().count(store::MediaTagList::info(), store::Predicate::all());
+        QCOMPARE(links.value(), taken ? 6 : 4);
+    }
+
+    void menuFollowsTheSelection()
+    {
+        World world(u"a|b"_s);
+        world.open();
+        const auto enabled = [&world] {
+            Q_EMIT world.menu().aboutToShow();
+            QString bits;
+            for (const QAction* action : world.menu().actions()) {
+                bits += action->isSeparator() ? u'.' : action->isEnabled() ? u'1' : u'0';
+            }
+            return bits;
+        };
+        QCOMPARE(enabled(), u"1.000"_s);
+        world.click(0);
+        QCOMPARE(enabled(), u"1.111"_s);
+        world.click(1, Qt::ShiftModifier);
+        QCOMPARE(enabled(), u"1.101"_s);
+        world.busy = true;
+        QCOMPARE(enabled(), u"0.000"_s);
+    }
+
+    void boxesActOnTheWholeSelection()
+    {
+        World world(u"a:1|b:1,2|c:2|d:3"_s, 3);
+        world.open();
+        world.click(1);
+        world.openPanel({world.items[0], world.items[1]});
+        QSignalSpy changed(world.panel.get(), &MRTagController::tagDidChanged);
+        QCOMPARE(world.boxes(), u"~+~-"_s);
+        world.clickBox(0);
+        QTRY_COMPARE(world.boxes(), u"++~-"_s);
+        world.clickBox(1);
+        QTRY_COMPARE(world.boxes(), u"+-~-"_s);
+        QCOMPARE(world.shown(), 0); // The list of tags runs its selection again.
+        QCOMPARE(changed.size(), 2);
+        QCOMPARE(world.sounds.played.size(), 1);
+        QTest::keyClick(world.panel->findChild<organisation::TagCheckList*>(), Qt::Key_Down);
+        QTest::keyClick(world.panel->findChild<organisation::TagCheckList*>(), Qt::Key_Space);
+        QTRY_COMPARE(world.boxes(), u"+-+-"_s);
+        world.panel->setSelectedItems({});
+        QCOMPARE(world.boxes(), u"----"_s);
+        world.clickBox(0);
+        QVERIFY(!world.panel->isBusy());
+        QVERIFY(!world.panel->findChild<QLineEdit*>()->isEnabled());
+    }
+
+    void newTagsFromThePanel()
+    {
+        World world(u"Icon"_s, 2);
+        world.open();
+        world.openPanel(world.items);
+        auto& field = *world.panel->findChild<QLineEdit*>();
+        auto& add = *world.panel->findChild<QPushButton*>();
+        QVERIFY(!add.isEnabled());
+        QTest::keyClicks(&field, u"ICON"_s);
+        QVERIFY(add.isEnabled());
+        QTest::keyClick(&field, Qt::Key_Return);
+        QCOMPARE(world.library.prompts().alerts.size(), 1);
+        QVERIFY(field.text().isEmpty() && !add.isEnabled());
+        QTest::keyClicks(&field, u"Poster"_s);
+        add.click();
+        QTRY_COMPARE(world.boxes(), u"-+"_s);
+        QCOMPARE(world.rows(), u"Icon|Poster"_s);
+        world.view->addTag();
+        QTRY_COMPARE(world.boxes(), u"-+-"_s);
+    }
+};
+
+QTEST_MAIN(TestTagPanes)
+
+#include "tst_tagpanes_ui.moc"
