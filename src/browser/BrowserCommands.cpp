@@ -19,7 +19,19 @@ constexpr size_t kBatch = 5000;
 
 bool BrowserCommands::ratingImages(const std::vector<store::RowId>& rows, int rating)
 {
-    if (rating < 0 || rating > 5 || rows.empty() || !m_library.isOpenedDatabase()) {
+    return rating >= 0 && rating <= 5 &&
+           changeImages(rows, [rating](store::Media& media) { media.setMediaRating(rating); });
+}
+
+bool BrowserCommands::labelImages(const std::vector<store::RowId>& rows, int label)
+{
+    return label >= 0 && label <= 7 &&
+           changeImages(rows, [label](store::Media& media) { media.setMediaLabel(label); });
+}
+
+bool BrowserCommands::changeImages(const std::vector<store::RowId>& rows, const Change& change)
+{
+    if (rows.empty() || !m_library.isOpenedDatabase()) {
         return false;
     }
     store::StoreContext& context = *m_library.context();
@@ -28,7 +40,7 @@ bool BrowserCommands::ratingImages(const std::vector<store::RowId>& rows, int ra
         const std::span batch(rows.data() + begin, std::min(kBatch, rows.size() - begin));
         const auto items = context.objects<store::Media>(batch);
         for (const auto& media : items) {
-            media->setMediaRating(rating);
+            change(*media);
         }
         const base::Result<void> outcome = context.save();
         showDatabaseError(outcome);

@@ -1,8 +1,11 @@
 #include "shell/EditCommands.h"
 
+#include "kit/GridView.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
@@ -103,14 +106,26 @@ bool EditCommands::validate(Command command) const
     return slotOf(command) != nullptr;
 }
 
+void EditCommands::select(bool all) const
+{
+    auto* grid = qobject_cast<kit::GridView*>(m_focus.data());
+    auto* list = qobject_cast<QListView*>(m_focus.data());
+    if (grid != nullptr && grid->isVisible()) {
+        all ? grid->selectAll() : grid->selectNone();
+    } else if (list != nullptr && list->isVisible() &&
+               list->selectionMode() == QAbstractItemView::ExtendedSelection) {
+        all ? list->selectAll() : list->clearSelection();
+    } else {
+        all ? m_grid.selectAll() : m_grid.selectNone();
+    }
+}
+
 void EditCommands::perform(Command command)
 {
     if (QWidget* text = field()) {
         QMetaObject::invokeMethod(text, slotOf(command));
-    } else if (command == Command::SelectAll) {
-        m_grid.selectAll();
-    } else if (command == Command::SelectNone) {
-        m_grid.selectNone();
+    } else if (command == Command::SelectAll || command == Command::SelectNone) {
+        select(command == Command::SelectAll);
     } else if (const Pane* target = pane(); command == Command::Paste && target != nullptr) {
         if (const QMimeData* data = QApplication::clipboard()->mimeData()) {
             target->paste(*data);

@@ -13,7 +13,8 @@ class QWidget;
 namespace mosaro::shell {
 
 /// The Edit menu: its commands go to the text field that has the keyboard. When no field has it, selecting
-/// all or nothing goes to the grid, and pasting to the pane that has it.
+/// all or nothing goes to the grid or list that has it, else to the browser's grid, and pasting to the pane
+/// that has it.
 class EditCommands : public QObject {
     Q_OBJECT
 
@@ -34,6 +35,8 @@ public:
 
 private:
     void focusChanged(QWidget* now);
+    /// In the grid or list that has the keyboard, else in the browser's grid.
+    void select(bool all) const;
     /// The text field in charge, or null.
     [[nodiscard]] QWidget* field() const;
 

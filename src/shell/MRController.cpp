@@ -11,8 +11,10 @@
 #include "kit/Sheet.h"
 #include "kit/SpinnerOverlay.h"
 #include "organisation/ui/MRLibraryView.h"
+#include "organisation/ui/MRTagController.h"
 #include "platform/Ports.h"
 #include "shell/Guide.h"
+#include "shell/InspectorPane.h"
 #include "shell/LibraryVersion.h"
 #include "shell/MainWindow.h"
 #include "shell/SplitView.h"
@@ -67,7 +69,8 @@ void MRController::showWindow()
                                              .classification = m_environment.classification,
                                              .isWindowBusy = [this] { return isBusy(); },
                                              .isCopyImageToLib = [this] { return isCopyImageToLib(); },
-                                             .activateApplication = [this] { bringToFront(); }});
+                                             .activateApplication = [this] { bringToFront(); },
+                                             .progress = this});
         m_mrBrowerView = new browser::MRBrowserView(
             {.library = m_environment.library,
              .defaults = m_environment.defaults,
@@ -76,9 +79,10 @@ void MRController::showWindow()
              .selectTabIndex = [this] { return selectTabIndex(); },
              .bus = m_environment.utilities.bus(),
              .allowedMedia = [this] { return m_environment.classification.allowedMedia(); }});
-        m_splitView->setPanes(m_mrLibraryView, m_mrBrowerView);
+        makeInspector();
+        m_splitView->setPanes(m_mrLibraryView, m_inspector);
         m_menus = std::make_unique<WindowMenus>(m_environment.menus, *this, *m_window, *m_mrLibraryView,
-                                                *m_mrBrowerView);
+                                                *m_mrBrowerView, *m_inspector);
         connectPanes();
     }
     if (m_environment.defaults.contains(base::PREFS_GLOBAL_COLLAPSED_SIDEBAR)) {
@@ -86,10 +90,23 @@ void MRController::showWindow()
     }
 }
 
+void MRController::makeInspector()
+{
+    base::ZNUserDefaults& defaults = m_environment.defaults;
+    m_inspector =
+        new InspectorPane(m_mrBrowerView, {m_environment.library, defaults, m_environment.utilities, this});
+    m_inspector->setInspectorOpen(!defaults.boolean(base::PREFS_GLOBAL_COLLAPSED_INSPECTOR_IN_BROWSER, true));
+    connect(m_inspector, &InspectorPane::inspectorToggled, this, [this, &defaults](bool open) {
+        defaults.updateUserDefaults(base::PREFS_GLOBAL_COLLAPSED_INSPECTOR_IN_BROWSER, !open);
+        m_mrBrowerView->sizeToFit();
+    });
+}
+
 void MRController::connectPanes()
 {
     connect(m_mrLibraryView, &organisation::MRLibraryView::selectionChanged, this,
             &MRController::selectLibrary);
+    connect(m_mrBrowerView, &browser::MRBrowserView::itemFound, this, &MRController::findMedia);
     connect(m_window.get(), &MainWindow::becameKey, m_mrBrowerView, [this] { m_mrBrowerView->reload(); });
     connect(m_window.get(), &MainWindow::headDoubleClicked, this,
             [this] { m_environment.utilities.postNotification(base::MOSARO_NOTI_SCROLL_TO_TOP); });
@@ -328,6 +345,7 @@ void MRController::closeLibrary()
     m_splitView = nullptr;
     m_mrLibraryView = nullptr;
     m_mrBrowerView = nullptr;
+    m_inspector = nullptr;
     m_isLoadLibrary = false;
     m_isWorking = false;
     m_environment.library.closeDatabase();

@@ -35,6 +35,7 @@ class ZNDBManager;
 
 namespace mosaro::shell {
 
+class InspectorPane;
 class MainWindow;
 class SplitView;
 class WindowMenus;
@@ -118,6 +119,7 @@ Q_SIGNALS:
 private:
     void setupWindow();
     void connectPanes();
+    void makeInspector();
     void hideSidebar(bool hidden, bool animated);
     void startFirstWork();
     void showGuidePage();
@@ -131,6 +133,7 @@ private:
     SplitView* m_splitView = nullptr;
     organisation::MRLibraryView* m_mrLibraryView = nullptr;
     browser::MRBrowserView* m_mrBrowerView = nullptr;
+    InspectorPane* m_inspector = nullptr;
     std::unique_ptr<WindowMenus> m_menus;
     std::unique_ptr<kit::SpinnerOverlay> m_alertOverlay;
     std::unique_ptr<kit::ModeOverlay> m_modeOverlay;

@@ -47,7 +47,7 @@ constexpr std::array kRows{
     MenuRow{View, 3, Separator, nullptr},
     MenuRow{View, 4, Item, "Basic.Hide.Sidebar", C::ToggleSidebar, O::Browser, -1, "Ctrl+\\"},
     MenuRow{View, 5, Submenu, "View.BrowserView", C::None, O::Browser, -1, nullptr, BrowserView},
-    MenuRow{View, 6, Submenu, "View.Inspector", C::None, O::Inspector, -1, nullptr, Inspector},
+    MenuRow{View, 6, Submenu, "View.Inspector", C::None, O::TagInspector, -1, nullptr, Inspector},
     MenuRow{View, 7, Separator, nullptr},
     MenuRow{View, 8, Item, "View.Actual.Size", C::ActualSize, O::Viewer, -1, "Ctrl+0"},
     MenuRow{View, 9, Item, "View.Zoom.To.Fit", C::ZoomToFit, O::Viewer, -1, "Ctrl+9"},
@@ -94,7 +94,7 @@ constexpr std::array kRows{
     MenuRow{Inspector, 0, Item, "View.Show.Inspector", C::ToggleInspector, O::Inspector, -1, "Ctrl+Alt+I"},
     MenuRow{Inspector, 1, Separator, nullptr},
     MenuRow{Inspector, 2, Item, "View.Show.General.Inspector", C::SelectInspectorTab, O::Inspector, 0},
-    MenuRow{Inspector, 3, Item, "View.Show.Tag.Inspector", C::SelectInspectorTab, O::Inspector, 1},
+    MenuRow{Inspector, 3, Check, "View.Show.Tag.Inspector", C::SelectInspectorTab, O::TagInspector, kTagInspectorTag, "Ctrl+T"},
     MenuRow{Inspector, 4, Item, "View.Show.Filter.Inspector", C::SelectInspectorTab, O::Inspector, 2},
 };
 // clang-format on

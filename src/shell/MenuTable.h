@@ -20,6 +20,7 @@ enum class MenuOwner {
     Tabs,
     Browser,
     Inspector,
+    TagInspector,
     Viewer,
     Export,
     Window,
@@ -91,6 +92,7 @@ inline constexpr int kMiniWindowTag = 1000;
 inline constexpr int kImportTag = 2000;
 inline constexpr int kExportTag = 2001;
 inline constexpr int kFirstSortTag = 23;
+inline constexpr int kTagInspectorTag = 1;
 inline constexpr int kAscendingTag = 33;
 inline constexpr int kDescendingTag = 34;
 

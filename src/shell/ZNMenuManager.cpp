@@ -133,6 +133,11 @@ bool ZNMenuManager::isValid(const MenuRow& row) const
 
 void ZNMenuManager::updateMenu(MenuId menu, bool validated)
 {
+    for (const auto& [owner, target] : m_targets) {
+        if (validated && target.willOpen) {
+            target.willOpen(menu);
+        }
+    }
     for (const Item& item : m_items) {
         if (item.row.menu == menu) {
             updateItem(item, validated);

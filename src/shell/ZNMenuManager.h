@@ -19,6 +19,8 @@ namespace mosaro::shell {
 struct MenuTarget {
     std::function<void(const MenuRow&)> perform;
     std::function<bool(const MenuRow&)> validate;
+    /// Before the items of a menu that opens are asked for; null: nothing is to be done.
+    std::function<void(MenuId)> willOpen = {};
 };
 
 /// The main menu: made once from the table, shown by whatever window carries a menu bar. Items are wired by

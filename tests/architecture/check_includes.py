@@ -33,10 +33,10 @@ WIDGETS = re.compile(
     r'|QFileDialog|QStyle.*|Q(?!StringView|ByteArrayView)\w*View|Q\w*Layout)>')
 allowed_widget_layers = {"kit", "shell", "app"}
 errors = []
-for path in sorted((root / "src").rglob("*")):
+for path in sorted([*(root / "src").rglob("*"), *(root / "fuzz").rglob("*")]):
     if path.suffix not in (".h", ".cpp"):
         continue
-    relative = path.relative_to(root / "src")
+    relative = path.relative_to(root / "src" if root / "src" in path.parents else root)
     layer = layer_of(relative)
     may = closure(layer) | {layer}
     for number, line in enumerate(path.read_text().splitlines(), 1):

@@ -10,7 +10,7 @@ texts = {}
 for message in ET.parse(root / "resources/strings/mosaro_en.ts").getroot().iter("message"):
     texts[message.get("id")] = (message.findtext("translation") or "").strip()
 
-FAMILIES = r'(?:Basic|Error|Message|Menu|File|View|Window|Help|Lib|Document|Label|Tooltip|Guide|CX|MRL|About|Preferences|Failure|Accessible|Hint)'
+FAMILIES = r'(?:Basic|Error|Message|Menu|File|View|Window|Help|Lib|Document|Label|Tooltip|Guide|CX|MRL|About|Preferences|Failure|Accessible|Hint|Smart|Inspector)'
 used = {}
 for path in sorted((root / "src").rglob("*")):
     if path.suffix in (".h", ".cpp"):

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QSignalSpy>
 #include <QtTest>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
@@ -128,6 +129,28 @@ private Q_SLOTS:
             const QColor right = image.pixelColor(image.width() * 7 / 8, image.height() / 2);
             QVERIFY2(left.blue() > 200 && left.red() < 60, row.name);
             QVERIFY2(right.red() > 200 && right.blue() < 60, row.name);
+        }
+    }
+
+    void darkDrawingsAreTold()
+    {
+        using Shape = std::function<void(QPainter&)>;
+        const Shape dot = [](QPainter& painter) { painter.drawEllipse(40, 40, 50, 50); };
+        const Shape bar = [](QPainter& painter) { painter.drawRect(0, 40, 132, 50); };
+        const std::tuple<QColor, Shape, bool> rows[] = {
+            {QColor(0, 0, 60), dot, true}, {QColor(0x38, 0x38, 0x38), dot, true},
+            {Qt::white, dot, false},       {QColor(255, 150, 0), dot, false},
+            {Qt::black, bar, false}, // A photo beside its margins.
+            {Qt::transparent, dot, false}};
+        for (const auto& [color, shape, expected] : rows) {
+            QImage image(132, 132, QImage::Format_ARGB32_Premultiplied);
+            image.fill(Qt::transparent);
+            QPainter painter(&image);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(color);
+            shape(painter);
+            painter.end();
+            QVERIFY2(isDarkDrawing(image) == expected, qPrintable(color.name()));
         }
     }
 

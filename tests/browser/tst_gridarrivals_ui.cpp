@@ -1,12 +1,9 @@
-#include "base/NotificationBus.h"
 #include "base/Notifications.h"
 #include "base/Text.h"
-#include "browser/ui/MRBrowserView.h"
-#include "browser/ui/MRMediaBrowserView.h"
+#include "browser/BrowserBench.h"
 #include "import/ImportItem.h"
 #include "kit/Look.h"
 #include "kit/Sheet.h"
-#include "support/TemporaryLibrary.h"
 
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -20,16 +17,8 @@ using Shape = store::SelectionElement::Shape;
 namespace {
 
 /// The browser alone, and what it says on the bus, as "name: value".
-struct Bench {
-    test::TemporaryLibrary library;
-    base::NotificationBus bus;
-    bool busy = false;
-    int tab = 0;
-    std::shared_ptr<store::Collections> collection = library.addCollection(u"Shop"_s);
+struct Bench : test::BrowserBench {
     QList<std::pair<QString, QVariant>> said;
-    std::unique_ptr<MRBrowserView> view = std::make_unique<MRBrowserView>(
-        BrowserEnvironment{library.manager(), library.defaults(), library.prompts(), [this] { return busy; },
-                           [this] { return tab; }, bus, [] { return QStringList{u"png"_s}; }});
 
     Bench()
     {
@@ -40,23 +29,10 @@ struct Bench {
                 said.append({name, value});
             });
         }
-        view->resize(900, 600);
-        view->show();
-        select({node(Shape::CollectionNode)});
-    }
-    store::SelectionElement node(Shape shape, int type = store::kTypeCollection) const
-    {
-        return {shape, collection->collectionID(), type, collection->title(), collection->rowId()};
-    }
-    void select(const std::vector<store::SelectionElement>& selected) const
-    {
-        view->setSelectedCollections(selected);
-        view->setMedia({});
-        view->sort();
     }
     bool drop(const QMimeData& data) const
     {
-        QWidget* viewport = view->findChild<MRMediaBrowserView*>()->viewport();
+        QWidget* viewport = grid().viewport();
         const QPoint position(100, 100);
         QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(viewport, &enter);

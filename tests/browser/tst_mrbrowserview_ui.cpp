@@ -1,22 +1,16 @@
-#include "base/NotificationBus.h"
 #include "base/Notifications.h"
 #include "base/PreferenceKeys.h"
 #include "base/Text.h"
+#include "browser/BrowserBench.h"
 #include "browser/ui/EmptyPlaces.h"
-#include "browser/ui/MRBrowserView.h"
-#include "browser/ui/MRMediaBrowserView.h"
-#include "browser/ui/StatusRow.h"
 #include "kit/Look.h"
-#include "support/TemporaryLibrary.h"
 
 #include <QAbstractButton>
 #include <QDragEnterEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QSlider>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -26,52 +20,12 @@ using Shape = store::SelectionElement::Shape;
 
 namespace {
 
-/// The browser over a library with one selected collection of items named by number, newest last.
-struct Bench {
-    test::TemporaryLibrary library;
-    base::NotificationBus bus;
-    bool busy = false;
-    std::shared_ptr<store::Collections> collection = library.addCollection(u"Shop"_s);
-    store::MediaSet media;
-    std::unique_ptr<MRBrowserView> view;
+struct Bench : test::BrowserBench {
+    using BrowserBench::BrowserBench;
 
-    explicit Bench(int items)
-    {
-        for (int number = 0; number < items; ++number) {
-            const auto added = library.addMedia(QString::number(number), collection);
-            added->setMediaDateImported(QDateTime(QDate(2024, 1, 1), QTime(0, 0)).addSecs(number * 60));
-            media.ids.push_back(added->rowId());
-            media.totalFileSize += added->mediaFileSize();
-        }
-        (void)library.context().save();
-        view = std::make_unique<MRBrowserView>(BrowserEnvironment{library.manager(), library.defaults(),
-                                                                  library.prompts(), [this] { return busy; },
-                                                                  [] { return 0; }, bus});
-        view->resize(900, 600);
-        view->show();
-        view->activateWindow();
-        grid().setFocus();
-        selectShop();
-    }
-    MRMediaBrowserView& grid() { return *view->findChild<MRMediaBrowserView*>(); }
     EmptyPlaces& places() { return *view->findChild<EmptyPlaces*>(); }
     QString countLine() { return view->findChild<StatusRow*>()->findChild<QLabel*>()->text(); }
     QSlider& slider() { return *view->findChild<QSlider*>(); }
-
-    store::SelectionElement collectionNode() const
-    {
-        return {Shape::CollectionNode, collection->collectionID(), 10000, collection->title(),
-                collection->rowId()};
-    }
-    /// As the window does when the sidebar's selection changed.
-    void select(const SelectedCollections& selected, const store::MediaSet& set)
-    {
-        view->setSelectedCollections(selected);
-        view->setMedia(set);
-        view->setTotalFileSize(set.totalFileSize);
-        view->sort();
-    }
-    void selectShop() { select({collectionNode()}, media); }
     QString titleAt(int index) { return grid().model()->title(index); }
     QString firstSelected() { return titleAt(grid().selectionIndexes().first()); }
     void selectRange(int first, int last) { grid().setSelectionIndexes(kit::GridSelection({first, last})); }
@@ -174,7 +128,7 @@ private Q_SLOTS:
         int requests = 0;
         bench.bus.observe(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX, this,
                           [&requests](const QVariant&) { ++requests; });
-        bench.select({bench.collectionNode()}, {});
+        bench.select({bench.node()}, {});
         QVERIFY(bench.places().showsDropZone());
         QVERIFY(bench.countLine().isEmpty());
         QVERIFY(!bench.slider().isVisible());
@@ -209,7 +163,7 @@ private Q_SLOTS:
         bench.selectShop();
         QVERIFY(drop(data));
         QCOMPARE(imported, QStringList{u"/tmp/a b.png"_s});
-        bench.select({bench.collectionNode()}, {}); // an empty one takes them as well
+        bench.select({bench.node()}, {}); // an empty one takes them as well
         QVERIFY(drop(data));
         bench.busy = true;
         QVERIFY(!drop(data));
@@ -217,7 +171,7 @@ private Q_SLOTS:
         QMimeData text;
         text.setText(u"no files"_s);
         QVERIFY(!drop(text));
-        store::SelectionElement folder = bench.collectionNode();
+        store::SelectionElement folder = bench.node();
         folder.type = store::kTypeFolder;
         bench.select({folder}, bench.media);
         QVERIFY(!drop(data));

@@ -11,6 +11,7 @@ namespace mosaro::browser {
 namespace {
 
 const QColor kFrameColor{0x3A, 0x3A, 0x3C};
+const QColor kGroundOfDarkDrawings{0xCC, 0xCC, 0xCF};
 const QColor kInactiveSelection{0x77, 0x78, 0x7C};
 const QColor kTitleColor = QColor::fromRgbF(0.722F, 0.722F, 0.722F);
 const QColor kSubtitleColor = QColor::fromRgbF(0.4F, 0.4F, 0.4F);
@@ -66,6 +67,12 @@ void CellPainter::addRequest(std::vector<PreviewRequest>& requests, int index)
     if (request.wantsImage || !m_previews.isFileStateFresh(request.path)) {
         requests.push_back(std::move(request));
     }
+}
+
+QImage CellPainter::picture(int index)
+{
+    const PreviewLoader::Picture* picture = m_previews.anyPicture(requestFor(m_items.contentAt(index)));
+    return picture != nullptr ? picture->image : QImage();
 }
 
 /// Visible cells first, then those that scrolling will show next.
@@ -131,9 +138,13 @@ void CellPainter::paintPicture(QPainter& painter, const Cell& cell) const
     const QTransform place = QTransform::fromTranslate(target.x(), target.y())
                                  .scale(target.width() / image.width(), target.height() / image.height());
     brush.setTransform(place);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(brush);
     const qreal radius = tile ? 0 : kRadius - 1;
+    painter.setPen(Qt::NoPen);
+    if (cell.picture->isDarkDrawing && !cell.content.background) {
+        painter.setBrush(kGroundOfDarkDrawings);
+        painter.drawRoundedRect(target, radius, radius);
+    }
+    painter.setBrush(brush);
     painter.drawRoundedRect(target, radius, radius);
 }
 

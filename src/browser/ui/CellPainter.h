@@ -26,6 +26,9 @@ public:
     /// While the zoom moves, pictures of the former size will do.
     void setZoomMoves(bool moves) { m_zoomMoves = moves; }
 
+    /// The picture of an item that is on show; null when it is not there yet.
+    [[nodiscard]] QImage picture(int index);
+
     void prepare(int first, int last) override;
     void paint(QPainter& painter, const QRect& cell, int index, const kit::GridCellState& state) override;
 

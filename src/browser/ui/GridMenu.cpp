@@ -78,6 +78,9 @@ QMenu* makeGridMenu(QWidget* parent, const GridMenuState& state, const GridMenuA
         QObject::connect(import, &QAction::triggered, menu, actions.import);
         menu->addSeparator();
     }
+    QAction* tags = menu->addAction(base::text("CX.Tags"));
+    tags->setEnabled(state.hasSelection && !state.isBusy);
+    QObject::connect(tags, &QAction::triggered, menu, actions.showTags);
     addRatings(*menu, state, actions);
     menu->addSeparator();
     addOrders(*menu, state, actions);

@@ -25,6 +25,7 @@ struct GridMenuActions {
     std::function<void(int tag)> sort;
     std::function<void(int tag)> direct;
     std::function<void()> selectAll;
+    std::function<void()> showTags;
 };
 
 /// The menu, to be deleted after use.

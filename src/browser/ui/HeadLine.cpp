@@ -3,6 +3,7 @@
 #include "kit/Look.h"
 #include "kit/Paint.h"
 
+#include <QHBoxLayout>
 #include <QPainter>
 #include <algorithm>
 
@@ -18,6 +19,15 @@ constexpr int kBetween = 10;
 HeadLine::HeadLine(QWidget* parent) : QWidget(parent)
 {
     setFixedHeight(kit::metric::toolRowHeight);
+}
+
+void HeadLine::setTrailing(QWidget& control)
+{
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(kSide, 0, kSide, 0);
+    row->addStretch();
+    row->addWidget(&control);
+    m_trailing = &control;
 }
 
 void HeadLine::setTitle(const QString& title)
@@ -43,7 +53,8 @@ void HeadLine::paintEvent(QPaintEvent*)
     const QFont pathFont = kit::font(13);
     const QFontMetrics titleMetrics(titleFont);
     const int baseLine = (height() + titleMetrics.ascent() - titleMetrics.descent()) / 2;
-    const int room = width() - 2 * kSide;
+    const int right = m_trailing != nullptr ? m_trailing->x() - kBetween : width() - kSide;
+    const int room = std::max(0, right - kSide);
 
     const QString title = titleMetrics.elidedText(m_title, Qt::ElideMiddle, room);
     painter.setFont(titleFont);
@@ -53,7 +64,7 @@ void HeadLine::paintEvent(QPaintEvent*)
     const int pathLeft = kSide + titleMetrics.horizontalAdvance(title) + (title.isEmpty() ? 0 : kBetween);
     painter.setFont(pathFont);
     painter.setPen(kit::color::text3);
-    const int pathRoom = std::max(0, width() - kSide - pathLeft);
+    const int pathRoom = std::max(0, right - pathLeft);
     painter.drawText(pathLeft, baseLine,
                      QFontMetrics(pathFont).elidedText(m_path, Qt::ElideMiddle, pathRoom));
     kit::paint::horizontalHairline(painter, 0, width(), height() - 1, kit::color::line);

@@ -13,6 +13,8 @@ public:
     void setTitle(const QString& title);
     /// Outermost first.
     void setPath(const QStringList& folders);
+    /// A control at the right end; taken as a child.
+    void setTrailing(QWidget& control);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -20,6 +22,7 @@ protected:
 private:
     QString m_title;
     QString m_path;
+    QWidget* m_trailing = nullptr;
 };
 
 } // namespace mosaro::browser

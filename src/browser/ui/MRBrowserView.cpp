@@ -97,6 +97,11 @@ void MRBrowserView::activeFocus()
     d->updateSelectedMediaCount();
 }
 
+void MRBrowserView::findMedia()
+{
+    d->search.findMedia();
+}
+
 void MRBrowserView::findMediaItem(const QString& mediaID)
 {
     d->grid->setFocus();
@@ -178,6 +183,23 @@ int MRBrowserView::itemCount() const
 int MRBrowserView::selectedCount() const
 {
     return d->grid->selectionIndexes().count();
+}
+
+std::vector<store::RowId> MRBrowserView::selectedRows() const
+{
+    return d->grid->selectedRows();
+}
+
+void MRBrowserView::selectRows(const std::vector<store::RowId>& rows)
+{
+    const QSet<store::RowId> wanted(rows.begin(), rows.end());
+    kit::GridSelection selection;
+    for (int index = 0; index < d->items.count(); ++index) {
+        if (wanted.contains(d->items.ids()[size_t(index)])) {
+            selection.add({index, index});
+        }
+    }
+    d->grid->setSelectionIndexes(selection);
 }
 
 void MRBrowserView::adjustViewsInFullscreen(bool fullscreen)

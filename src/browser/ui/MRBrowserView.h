@@ -48,6 +48,8 @@ public:
     void reload();
     void keepSelection();
     void activeFocus();
+    /// The Find command.
+    void findMedia();
     void findMediaItem(const QString& mediaID);
     [[nodiscard]] QString currentCollectionID() const;
     [[nodiscard]] bool isUserCollection() const;
@@ -70,12 +72,20 @@ public:
     [[nodiscard]] bool currentAscending() const;
     [[nodiscard]] int itemCount() const;
     [[nodiscard]] int selectedCount() const;
+    /// Rows of the selected items, in display order.
+    [[nodiscard]] std::vector<store::RowId> selectedRows() const;
+    /// Selects those that are in the list.
+    void selectRows(const std::vector<store::RowId>& rows);
     /// Hides or shows the head line, as full screen does.
     void adjustViewsInFullscreen(bool fullscreen);
 
 Q_SIGNALS:
     void sortChanged();
     void selectionChanged();
+    /// The tags of the selected items are to be shown.
+    void tagViewRequested();
+    /// A search led to an item.
+    void itemFound(const QString& mediaID, const QString& collectionID);
 
 private:
     class Private;

@@ -23,7 +23,8 @@ constexpr int kMostMarkedItems = 500;
 MRBrowserView::Private::Private(MRBrowserView& owner, BrowserEnvironment surroundings)
     : view(owner), environment(std::move(surroundings)), items(environment.library),
       memory(environment.library), commands(environment.library), arrivals(environment, owner),
-      head(new HeadLine(&owner)), grid(new MRMediaBrowserView(items, &owner)), status(new StatusRow(&owner)),
+      head(new HeadLine(&owner)), search(environment, selectedCollections, owner),
+      grid(new MRMediaBrowserView(items, &owner)), status(new StatusRow(&owner)),
       places(new EmptyPlaces(*grid->viewport()))
 {
     auto* column = new QVBoxLayout(&owner);
@@ -33,6 +34,9 @@ MRBrowserView::Private::Private(MRBrowserView& owner, BrowserEnvironment surroun
     column->addWidget(grid, 1);
     column->addWidget(status);
     status->setControlsVisible(false);
+    head->setTrailing(search.field());
+    connect(&search, &BrowserSearch::cancelled, grid, [this] { grid->setFocus(); });
+    connect(&search, &BrowserSearch::chosen, &owner, &MRBrowserView::itemFound);
 
     connect(grid, &kit::GridView::selectionChanged, &owner, [this] { selectionDidChange(); });
     connect(grid, &MRMediaBrowserView::zoomValueChanged, &owner, [this](double zoom) { zoomAction(zoom); });
@@ -43,6 +47,11 @@ MRBrowserView::Private::Private(MRBrowserView& owner, BrowserEnvironment surroun
             [this] { environment.bus.post(base::MOSARO_NOTI_REQUEST_SHOW_IMPORT_BOX); });
     grid->setDropFilter(
         [this](const QMimeData& data, const QObject* source) { return acceptsDrop(data, source); });
+    grid->setDragSource([this] {
+        return environment.isBusy()
+                   ? ItemDrag()
+                   : itemDrag(environment.library, grid->selectedRows(), selectedCollections);
+    });
     connect(grid, &kit::GridView::dropped, &owner, [this](const QMimeData& data) { arrivals.drop(data); });
     observeNotifications();
     readCellOptions();
@@ -89,6 +98,7 @@ void MRBrowserView::Private::sort()
     }
     checkBrowserViewStatusWithSelection();
     view.sizeToFit();
+    search.initializeSearchTemplate();
 }
 
 /// False when the key names no order; the list stays as it is then.
@@ -238,6 +248,7 @@ void MRBrowserView::Private::showMenu(const QPoint& position)
         [this](int tag) { view.sortMedia(tag); },
         [this](int tag) { view.ascendOrDescendMedia(tag); },
         [this] { view.selectAll(); },
+        [this] { Q_EMIT view.tagViewRequested(); },
     };
     makeGridMenu(&view, state, actions)->popup(position);
 }

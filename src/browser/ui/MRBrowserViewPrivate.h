@@ -1,6 +1,7 @@
 #pragma once
 
 #include "browser/BrowserCommands.h"
+#include "browser/ui/BrowserSearch.h"
 #include "browser/ui/EmptyPlaces.h"
 #include "browser/ui/GridArrivals.h"
 #include "browser/ui/HeadLine.h"
@@ -54,6 +55,7 @@ public:
     BrowserCommands commands;
     GridArrivals arrivals;
     HeadLine* head;
+    BrowserSearch search;
     MRMediaBrowserView* grid;
     StatusRow* status;
     EmptyPlaces* places;

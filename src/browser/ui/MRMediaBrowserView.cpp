@@ -1,7 +1,10 @@
 #include "browser/ui/MRMediaBrowserView.h"
 
 #include "base/Text.h"
+#include "kit/DragPicture.h"
 
+#include <QDrag>
+#include <QMimeData>
 #include <algorithm>
 
 namespace mosaro::browser {
@@ -11,6 +14,7 @@ namespace {
 constexpr int kFrame = 16;
 constexpr int kMargin = 12; ///< Lets five of the smallest and three of the largest cells into a new window.
 constexpr int kZoomSettles = 120;
+constexpr size_t kDragPictures = 3;
 
 } // namespace
 
@@ -94,6 +98,49 @@ void MRMediaBrowserView::paintEvent(QPaintEvent* event)
 {
     m_painter.setRatio(devicePixelRatioF());
     kit::GridView::paintEvent(event);
+}
+
+/// Nothing but a copy is offered: a file manager that moved the files would take them out of the library.
+/// Places of this program move the items all the same.
+void MRMediaBrowserView::startDrag(int index)
+{
+    const ItemDrag items = m_dragSource ? m_dragSource() : ItemDrag();
+    if (items.files.isEmpty()) {
+        return;
+    }
+    auto* carried = new QMimeData;
+    QList<QUrl> urls;
+    for (const QString& file : items.files) {
+        urls.append(QUrl::fromLocalFile(file));
+    }
+    carried->setUrls(urls);
+    if (!items.record.dragItems.isEmpty()) {
+        importing::writeMediaDrag(*carried, items.record);
+    }
+    auto* drag = new QDrag(this);
+    drag->setMimeData(carried);
+    drag->setPixmap(dragPicture(index, int(items.files.size())));
+    drag->setHotSpot(kit::dragHotSpot());
+    drag->exec(Qt::CopyAction);
+}
+
+/// The picture under the mouse, and beneath it other selected ones that are on show.
+QPixmap MRMediaBrowserView::dragPicture(int index, int count)
+{
+    std::vector<QImage> pictures;
+    const auto add = [this, &pictures](int shown) {
+        if (QImage image = m_painter.picture(shown); !image.isNull()) {
+            pictures.push_back(std::move(image));
+        }
+    };
+    add(index);
+    const kit::GridInterval visible = visibleItemIndexes();
+    for (int other = visible.first; other <= visible.last && pictures.size() < kDragPictures; ++other) {
+        if (other != index && selectionIndexes().contains(other)) {
+            add(other);
+        }
+    }
+    return kit::stackDragPicture(pictures, count, devicePixelRatioF());
 }
 
 int MRMediaBrowserView::count() const

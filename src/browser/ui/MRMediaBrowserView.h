@@ -1,9 +1,11 @@
 #pragma once
 
+#include "browser/ItemDrag.h"
 #include "browser/ui/CellPainter.h"
 #include "kit/GridView.h"
 
 #include <QTimer>
+#include <functional>
 
 namespace mosaro::browser {
 
@@ -21,6 +23,9 @@ public:
     /// The items are read anew; the files behind them are looked at again.
     void reloadItems();
 
+    /// What is handed out when the selected items are dragged; the grid refuses the drag when that is
+    /// nothing.
+    void setDragSource(std::function<ItemDrag()> source) { m_dragSource = std::move(source); }
     /// Rows of the selected items, in display order.
     [[nodiscard]] std::vector<store::RowId> selectedRows() const;
 
@@ -30,8 +35,11 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void startDrag(int index) override;
 
 private:
+    [[nodiscard]] QPixmap dragPicture(int index, int count);
+
     // What kit::GridView asks.
     [[nodiscard]] int count() const override;
     [[nodiscard]] QString title(int index) const override;
@@ -43,6 +51,7 @@ private:
     void magnify(double magnification);
 
     ItemList& m_items;
+    std::function<ItemDrag()> m_dragSource;
     PreviewLoader m_previews;
     CellPainter m_painter;
     QTimer m_repaint; ///< At most one repaint of a frame, however many pictures arrive.

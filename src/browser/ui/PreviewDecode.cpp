@@ -1,6 +1,7 @@
 #include "browser/ui/PreviewDecode.h"
 
 #include <QImageReader>
+#include <algorithm>
 
 namespace mosaro::browser {
 
@@ -8,6 +9,48 @@ namespace {
 
 /// A preview is small; a file that claims to be larger than this is not one.
 constexpr qint64 kMaximumPixels = 64LL * 1024 * 1024;
+
+constexpr int kSamplesAcross = 160;
+constexpr int kVisibleAlpha = 32;
+constexpr int kDarkGray = 80;
+constexpr int kLightGray = 190;
+
+/// What is seen in a picture, by samples that are evenly spread.
+struct Visible {
+    int step = 1;
+    qint64 dark = 0;
+    qint64 light = 0;
+    qint64 all = 0;
+    QRect bounds; ///< In steps.
+
+    explicit Visible(const QImage& image)
+        : step(std::max(1, std::max(image.width(), image.height()) / kSamplesAcross))
+    {
+        for (int y = 0; y < image.height(); y += step) {
+            const auto* row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+            for (int x = 0; x < image.width(); x += step) {
+                if (qAlpha(row[x]) >= kVisibleAlpha) {
+                    add(qUnpremultiply(row[x]), QPoint(x, y) / step);
+                }
+            }
+        }
+    }
+
+    /// Hardly anything within the bounds is seen through.
+    [[nodiscard]] bool isRectangle() const
+    {
+        return all * 100 >= qint64(bounds.width()) * bounds.height() * 97;
+    }
+
+private:
+    void add(QRgb pixel, QPoint at)
+    {
+        bounds |= QRect(at, QSize(1, 1));
+        ++all;
+        dark += qGray(pixel) < kDarkGray ? 1 : 0;
+        light += qGray(pixel) > kLightGray ? 1 : 0;
+    }
+};
 
 QSize pixelsFor(const QSize& original, const PreviewRequest& request)
 {
@@ -51,6 +94,16 @@ QSize fittedSize(const QSize& original, const QSize& box)
     return original.scaled(box, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
+bool isDarkDrawing(const QImage& image)
+{
+    if (image.format() != QImage::Format_ARGB32_Premultiplied) {
+        return false;
+    }
+    const Visible visible(image);
+    return visible.all > 0 && !visible.isRectangle() && visible.dark * 4 >= visible.all &&
+           visible.dark > visible.light;
+}
+
 PreviewResult loadPreview(const PreviewRequest& request)
 {
     PreviewResult result;
@@ -63,6 +116,7 @@ PreviewResult loadPreview(const PreviewRequest& request)
         const auto format =
             image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
         result.image = image.isNull() ? image : image.convertToFormat(format);
+        result.isDarkDrawing = isDarkDrawing(result.image);
     }
     return result;
 }

@@ -93,7 +93,8 @@ void PreviewLoader::accept(const PreviewRequest& request, const PreviewResult& r
     m_running.remove(key);
     if (request.wantsImage) {
         const int cost = std::max(1, int(result.image.sizeInBytes() / 1024));
-        m_pictures.insert(key, new Picture{result.image, result.originalSize}, cost); // the cache owns it
+        m_pictures.insert(key, new Picture{result.image, result.originalSize, result.isDarkDrawing},
+                          cost); // the cache owns it
         m_lastKeys.insert(request.path, key);
     }
     if (m_fileStates.size() > kRememberedFiles) {

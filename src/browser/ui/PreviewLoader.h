@@ -24,6 +24,7 @@ public:
     struct Picture {
         QImage image; ///< Null: could not be read.
         QSize originalSize;
+        bool isDarkDrawing = false;
     };
 
     /// In just this size; null when it is not there yet.

@@ -1,0 +1,178 @@
+#include "base/PreferenceKeys.h"
+#include "base/Text.h"
+#include "base/ZNUserDefaults.h"
+#include "browser/BrowserBench.h"
+#include "browser/ui/MRSearchMedia.h"
+#include "browser/ui/SearchField.h"
+#include "kit/Look.h"
+#include "kit/Popover.h"
+
+#include <QLineEdit>
+#include <QListView>
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace Qt::StringLiterals;
+using namespace mosaro;
+using namespace mosaro::browser;
+
+namespace {
+
+struct Bench : test::BrowserBench {
+    Bench() : BrowserBench(3)
+    {
+        // Titles by day of import, the newest last.
+        const auto other = library.addCollection(u"Other"_s);
+        const std::pair<QString, std::shared_ptr<store::Collections>> items[] = {
+            {u"Café 100%"_s, collection}, {u"cafeteria"_s, other}, {u"Straße"_s, other}};
+        int day = 1;
+        for (const auto& [title, owner] : items) {
+            const auto item = library.addMedia(title, owner);
+            item->setMediaDateImported(QDateTime(QDate(2025, 1, day++), QTime(0, 0)));
+            item->setMediaNotes(u"note of "_s + title);
+        }
+        (void)library.context().save();
+        view->sort();
+    }
+    SearchField& field() const { return *view->findChild<SearchField*>(); }
+    QLineEdit& edit() const { return *field().findChild<QLineEdit*>(); }
+    QListView& table() const { return *view->window()->findChild<QListView*>(); }
+    bool isOpen() const { return view->findChild<kit::Popover*>() != nullptr; }
+    QAction& choice(int tag) const
+    {
+        for (QAction* action : field().findChild<QMenu*>()->actions()) {
+            if (!action->isSeparator() && action->data().toInt() == tag) {
+                return *action;
+            }
+        }
+        qFatal("no such choice");
+    }
+    void press(Qt::Key key) const { QTest::keyClick(&edit(), key); }
+    /// Types, presses Return and waits for the hits, as "a|b".
+    QString search(const QString& text) const
+    {
+        QSignalSpy results(table().model(), &QAbstractItemModel::modelReset);
+        edit().setText(text);
+        press(Qt::Key_Return);
+        if (results.isEmpty() && !results.wait()) {
+            return u"no results"_s;
+        }
+        return hits();
+    }
+    QString hits() const
+    {
+        const auto& model = static_cast<const SearchResultModel&>(*table().model());
+        QStringList titles;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            titles.append(model.hit(row).title);
+        }
+        return titles.join(u'|');
+    }
+    int selectedRow() const { return table().selectionModel()->selectedRows().value(0).row(); }
+};
+
+} // namespace
+
+class TestSearch : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        base::installTexts();
+        kit::installLook(*qApp);
+    }
+
+    void finds_data()
+    {
+        QTest::addColumn<int>("where");
+        QTest::addColumn<int>("what");
+        QTest::addColumn<QString>("keyword");
+        QTest::addColumn<QString>("hits");
+        QTest::newRow("accents aside, newest first") << 0 << 100 << u"CAFE"_s << u"cafeteria|Café 100%"_s;
+        QTest::newRow("an accent finds none, too") << 0 << 100 << u"càfé"_s << u"cafeteria|Café 100%"_s;
+        QTest::newRow("no wildcards") << 0 << 100 << u"%"_s << u"Café 100%"_s;
+        QTest::newRow("a quote is only a quote") << 0 << 100 << u"' OR 1=1 --"_s << QString();
+        QTest::newRow("this collection") << 1 << 100 << u"cafe"_s << u"Café 100%"_s;
+        QTest::newRow("notes") << 0 << 102 << u"of stra"_s << u"Straße"_s;
+        QTest::newRow("addresses") << 0 << 103 << u"cafe"_s << QString();
+    }
+    void finds()
+    {
+        QFETCH(int, where);
+        QFETCH(int, what);
+        QFETCH(QString, keyword);
+        Bench bench;
+        bench.choice(where).trigger();
+        bench.choice(what).trigger();
+        QTEST(bench.search(keyword), "hits");
+        QVERIFY(bench.isOpen());
+    }
+
+    void jumpsToAHit()
+    {
+        Bench bench;
+        QSignalSpy found(bench.view.get(), &MRBrowserView::itemFound);
+        QCOMPARE(bench.search(u"cafe"_s), u"cafeteria|Café 100%"_s);
+        bench.press(Qt::Key_Up); // from no selection: the last
+        QCOMPARE(bench.selectedRow(), 1);
+        bench.press(Qt::Key_Down);
+        QCOMPARE(bench.selectedRow(), 1);
+        bench.press(Qt::Key_Up);
+        bench.press(Qt::Key_Up);
+        QCOMPARE(bench.selectedRow(), 0);
+        QVERIFY(found.isEmpty()); // moving does not jump
+        bench.press(Qt::Key_Return);
+        QCOMPARE(found.size(), 1);
+        QTRY_VERIFY(!bench.isOpen());
+        QCOMPARE(bench.edit().text(), QString());
+    }
+
+    void returnSearchesAgainOnlyForAnotherText()
+    {
+        Bench bench;
+        (void)bench.search(u"cafe"_s);
+        QSignalSpy results(bench.table().model(), &QAbstractItemModel::modelReset);
+        bench.press(Qt::Key_Return);
+        QVERIFY(results.isEmpty());
+        QCOMPARE(bench.search(u"stra"_s), u"Straße"_s);
+    }
+
+    void endsInThreeWays_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("Escape") << 0;
+        QTest::newRow("emptied") << 1;
+        QTest::newRow("a press elsewhere") << 2;
+    }
+    void endsInThreeWays()
+    {
+        QFETCH(int, way);
+        Bench bench;
+        (void)bench.search(u"cafe"_s);
+        if (way == 0) {
+            bench.press(Qt::Key_Escape);
+        } else if (way == 1) {
+            bench.edit().clear();
+        } else {
+            QTest::mouseClick(bench.grid().viewport(), Qt::LeftButton, {}, QPoint(5, 300));
+        }
+        QTRY_VERIFY(!bench.isOpen());
+        QCOMPARE(bench.hits(), QString());
+        QCOMPARE(bench.edit().text(), QString());
+    }
+
+    void fallsBackOnTheWholeLibrary()
+    {
+        Bench bench;
+        bench.choice(1).trigger();
+        bench.select({{store::SelectionElement::Shape::SystemNode, u"1"_s, 1, u"All"_s}}, bench.media);
+        QVERIFY(!bench.choice(1).isEnabled());
+        QVERIFY(bench.choice(0).isChecked());
+        QCOMPARE(bench.library.defaults().integer(base::PREFS_GLOBAL_SEARCH_TYPE), 1); // kept for later
+        QCOMPARE(bench.search(u"cafe"_s), u"cafeteria|Café 100%"_s);
+    }
+};
+
+QTEST_MAIN(TestSearch)
+#include "tst_search_ui.moc"
