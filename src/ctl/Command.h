@@ -23,6 +23,8 @@ struct Command {
     const char* textKey;
     std::vector<OptionRow> options;
     int (*perform)(Session& session, const QCommandLineParser& line);
+    /// More of the help, below the options; null for none.
+    QString (*details)() = nullptr;
 };
 
 int create(Session& session, const QCommandLineParser& line);
@@ -33,6 +35,12 @@ int search(Session& session, const QCommandLineParser& line);
 int collections(Session& session, const QCommandLineParser& line);
 int tags(Session& session, const QCommandLineParser& line);
 int colors(Session& session, const QCommandLineParser& line);
+int tag(Session& session, const QCommandLineParser& line);
+int smart(Session& session, const QCommandLineParser& line);
+int collection(Session& session, const QCommandLineParser& line);
+int move(Session& session, const QCommandLineParser& line);
+int rate(Session& session, const QCommandLineParser& line);
+int label(Session& session, const QCommandLineParser& line);
 int verify(Session& session, const QCommandLineParser& line);
 
 /// All commands, in the order of the help.

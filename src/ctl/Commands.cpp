@@ -1,4 +1,5 @@
 #include "ctl/Command.h"
+#include "ctl/SmartRulesJson.h"
 
 #include <algorithm>
 
@@ -24,7 +25,9 @@ const std::vector<Command>& commands()
          "Hint.Ctl.List",
          {{"collection", "TITLE", "Hint.Ctl.List.Collection"},
           {"tag", "TITLE", "Hint.Ctl.List.Tag"},
+          {"color", "HEX", "Hint.Ctl.List.Color"},
           {"kind", "N", "Hint.Ctl.List.Kind"},
+          {"smart", "TITLE", "Hint.Ctl.List.Smart"},
           {"recent", nullptr, "Hint.Ctl.List.Recent"},
           {"sort", "KEY", "Hint.Ctl.List.Sort"},
           {"descending", nullptr, "Hint.Ctl.List.Descending"}},
@@ -40,6 +43,33 @@ const std::vector<Command>& commands()
         {"collections", "", 0, 0, "Hint.Ctl.Collections", {}, collections},
         {"tags", "", 0, 0, "Hint.Ctl.Tags", {}, tags},
         {"colors", "", 0, 0, "Hint.Ctl.Colors", {}, colors},
+        {"tag",
+         "add|remove TITLE MEDIAID...",
+         2,
+         -1,
+         "Hint.Ctl.Tag",
+         {{"collection", "TITLE", "Hint.Ctl.Tag.Collection"}},
+         tag},
+        {"smart",
+         "add TITLE",
+         2,
+         2,
+         "Hint.Ctl.Smart",
+         {{"rules", "JSON", "Hint.Ctl.Smart.Rules"},
+          {"all", nullptr, "Hint.Ctl.Smart.All"},
+          {"any", nullptr, "Hint.Ctl.Smart.Any"}},
+         smart,
+         smartRulesHelp},
+        {"collection",
+         "add|rename|delete ...",
+         2,
+         -1,
+         "Hint.Ctl.Collection",
+         {{"folder", nullptr, "Hint.Ctl.Collection.Folder"}, {"in", "FOLDER", "Hint.Ctl.Collection.In"}},
+         collection},
+        {"move", "MEDIAID...", 1, -1, "Hint.Ctl.Move", {{"to", "COLLECTION", "Hint.Ctl.Move.To"}}, move},
+        {"rate", "N MEDIAID...", 2, -1, "Hint.Ctl.Rate", {}, rate},
+        {"label", "LABEL MEDIAID...", 2, -1, "Hint.Ctl.Label", {}, label},
         {"verify", "", 0, 0, "Hint.Ctl.Verify", {{"repair", nullptr, "Hint.Ctl.Verify.Repair"}}, verify},
     };
     return kCommands;

@@ -111,12 +111,21 @@ int run(const QStringList& arguments, const Environment& environment)
     if (position < 0) {
         return runWithoutCommand(arguments, environment);
     }
-    const Command* command = findCommand(arguments[position]);
-    if (!command) {
-        return complain(environment, text("Failure.Ctl.UnknownCommand", arguments[position]));
-    }
     QStringList rest = arguments;
-    rest.removeAt(position);
+    QString name = rest.takeAt(position);
+    // "help COMMAND" is "COMMAND --help", and "help" alone the list of commands.
+    if (name == QLatin1String("help")) {
+        const bool isAlone = position >= rest.size();
+        name = isAlone ? QString() : rest.takeAt(position);
+        rest = {QStringLiteral("--help")};
+        if (isAlone) {
+            return runWithoutCommand(rest, environment);
+        }
+    }
+    const Command* command = findCommand(name);
+    if (!command) {
+        return complain(environment, text("Failure.Ctl.UnknownCommand", name));
+    }
     return runCommand(*command, rest, environment);
 }
 

@@ -63,7 +63,7 @@ QString commandHelp(const Command& command)
                          (*command.operands ? u' ' + QLatin1String(command.operands) : QString());
     QString help = text("Hint.Ctl.Usage", form) + QStringLiteral("\n\n") + text(command.textKey) + u'\n';
     return help + u'\n' + text("Hint.Ctl.Options") + u'\n' + optionRows(command.options) +
-           optionRows(generalOptions());
+           optionRows(generalOptions()) + (command.details ? u'\n' + command.details() : QString());
 }
 
 } // namespace mosaro::ctl

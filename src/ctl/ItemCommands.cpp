@@ -1,12 +1,16 @@
 // list, show and search: the items.
 #include "base/Text.h"
+#include "ctl/ColorSelection.h"
 #include "ctl/Command.h"
 #include "ctl/ItemSelection.h"
 #include "ctl/RecordJson.h"
 #include "import/MRBrowserItem.h"
+#include "organisation/MediaSearch.h"
 #include "organisation/RecentPredicate.h"
 #include "store/MediaSet.h"
 
+#include <QHash>
+#include <optional>
 #include <span>
 
 namespace mosaro::ctl {
@@ -56,8 +60,14 @@ Result<Predicate> listPredicate(Session& session, const QCommandLineParser& line
     if (line.isSet(QStringLiteral("collection"))) {
         return inCollection(session.context(), line.value(QStringLiteral("collection")));
     }
+    if (line.isSet(QStringLiteral("smart"))) {
+        return inSmartCollection(session.context(), line.value(QStringLiteral("smart")));
+    }
     if (line.isSet(QStringLiteral("tag"))) {
         return withTag(session.context(), line.value(QStringLiteral("tag")));
+    }
+    if (line.isSet(QStringLiteral("color"))) {
+        return withColor(session.library(), line.value(QStringLiteral("color")));
     }
     if (line.isSet(QStringLiteral("kind"))) {
         const int kind = *kindFromText(line.value(QStringLiteral("kind")));
@@ -73,7 +83,7 @@ Result<Predicate> listPredicate(Session& session, const QCommandLineParser& line
 QString listUsageFault(const QCommandLineParser& line)
 {
     int selections = 0;
-    for (const char* name : {"collection", "tag", "kind", "recent"}) {
+    for (const char* name : {"collection", "smart", "tag", "color", "kind", "recent"}) {
         selections += line.isSet(QLatin1String(name)) ? 1 : 0;
     }
     if (selections > 1) {
@@ -88,19 +98,15 @@ QString listUsageFault(const QCommandLineParser& line)
     return {};
 }
 
-/// The attribute that a search looks at; empty for an unknown name.
-QLatin1String searchAttribute(const QString& name)
+/// What a search looks at; nothing for an unknown name.
+std::optional<int> searchTarget(const QString& name)
 {
-    if (name == QLatin1String("title")) {
-        return QLatin1String("mediaTitle");
-    }
-    if (name == QLatin1String("copyright")) {
-        return QLatin1String("mediaCopyright");
-    }
-    if (name == QLatin1String("notes")) {
-        return QLatin1String("mediaNotes");
-    }
-    return name == QLatin1String("url") ? QLatin1String("mediaWeburl") : QLatin1String();
+    static const QHash<QString, int> kTargets{{QStringLiteral("title"), organisation::kSearchTitle},
+                                              {QStringLiteral("copyright"), organisation::kSearchCopyright},
+                                              {QStringLiteral("notes"), organisation::kSearchNote},
+                                              {QStringLiteral("url"), organisation::kSearchURL}};
+    const auto found = kTargets.constFind(name);
+    return found == kTargets.constEnd() ? std::nullopt : std::optional(*found);
 }
 
 } // namespace
@@ -153,17 +159,16 @@ int search(Session& session, const QCommandLineParser& line)
 {
     const QString field =
         line.isSet(QStringLiteral("in")) ? line.value(QStringLiteral("in")) : QStringLiteral("title");
-    const QLatin1String attribute = searchAttribute(field);
+    const std::optional<int> target = searchTarget(field);
     const QString keyword = line.positionalArguments().constFirst();
-    if (attribute.isEmpty() || keyword.isEmpty()) {
+    if (!target || keyword.isEmpty()) {
         return session.wrongUsage(
             keyword.isEmpty() ? text("Failure.Ctl.NoKeyword") : text("Failure.Ctl.SearchField"), "search");
     }
     if (const auto opened = session.open(); !opened) {
         return session.fail(opened.reason());
     }
-    auto predicate =
-        Predicate::compare(attribute, Comparison::Contains, keyword, store::Fold::CaseAndDiacritics);
+    auto predicate = organisation::searchPredicate(*target, keyword);
     if (line.isSet(QStringLiteral("collection"))) {
         const auto scope = inCollection(session.context(), line.value(QStringLiteral("collection")));
         if (!scope) {

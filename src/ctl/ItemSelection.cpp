@@ -2,8 +2,8 @@
 
 #include "base/Text.h"
 #include "import/MediaClassification.h"
+#include "organisation/SmartRuleQuery.h"
 #include "store/MediaTagList.h"
-#include "store/SelectionElement.h"
 #include "store/Tags.h"
 
 namespace mosaro::ctl {
@@ -39,11 +39,11 @@ const QStringList& sortFieldNames()
 } // namespace
 
 Result<std::vector<std::shared_ptr<store::Collections>>> collectionsOfTitle(store::StoreContext& context,
-                                                                            const QString& title)
+                                                                            const QString& title, int type)
 {
-    const auto isWanted = Predicate::allOf(
-        {Predicate::compare(QLatin1String("title"), Comparison::Equal, title),
-         Predicate::compare(QLatin1String("type"), Comparison::Equal, store::kTypeCollection)});
+    const auto isWanted =
+        Predicate::allOf({Predicate::compare(QLatin1String("title"), Comparison::Equal, title),
+                          Predicate::compare(QLatin1String("type"), Comparison::Equal, type)});
     auto found = context.fetch<store::Collections>({isWanted, {}, -1});
     if (found && found.value().empty()) {
         return Failure{text("Failure.Ctl.NoCollection", title)};
@@ -62,6 +62,21 @@ Result<Predicate> inCollection(store::StoreContext& context, const QString& titl
         ids.append(collection->collectionID());
     }
     return Predicate::compare(QLatin1String("mediaPID"), Comparison::In, ids);
+}
+
+Result<Predicate> inSmartCollection(store::StoreContext& context, const QString& title)
+{
+    const auto found = collectionsOfTitle(context, title, store::kTypeSmartCollection);
+    if (!found) {
+        return found.failure();
+    }
+    std::vector<Predicate> queries;
+    for (const auto& collection : found.value()) {
+        if (auto query = organisation::smartQueryOf(*collection)) {
+            queries.push_back(std::move(*query));
+        }
+    }
+    return Predicate::anyOf(std::move(queries));
 }
 
 Result<Predicate> withTag(store::StoreContext& context, const QString& title)

@@ -4,6 +4,7 @@
 #include "ctl/Session.h"
 #include "store/Collections.h"
 #include "store/Query.h"
+#include "store/SelectionElement.h"
 
 #include <QCommandLineParser>
 #include <memory>
@@ -11,12 +12,15 @@
 
 namespace mosaro::ctl {
 
-/// The user collections of a title; more than one may have it. None is a failure.
+/// The collections of a title, of a type; more than one may have it. None is a failure.
 [[nodiscard]] base::Result<std::vector<std::shared_ptr<store::Collections>>>
-collectionsOfTitle(store::StoreContext& context, const QString& title);
+collectionsOfTitle(store::StoreContext& context, const QString& title, int type = store::kTypeCollection);
 
 /// The items of the collections of a title.
 [[nodiscard]] base::Result<store::Predicate> inCollection(store::StoreContext& context, const QString& title);
+/// The items that the rules of the smart collections of a title find.
+[[nodiscard]] base::Result<store::Predicate> inSmartCollection(store::StoreContext& context,
+                                                               const QString& title);
 /// The items that carry a tag.
 [[nodiscard]] base::Result<store::Predicate> withTag(store::StoreContext& context, const QString& title);
 

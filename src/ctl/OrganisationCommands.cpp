@@ -1,6 +1,7 @@
 // collections, tags and colors: what items are ordered by.
 #include "ctl/Command.h"
 #include "ctl/RecordJson.h"
+#include "organisation/MRColorTagItem.h"
 #include "store/Collections.h"
 #include "store/Colors.h"
 #include "store/Tags.h"
@@ -57,8 +58,11 @@ int colors(Session& session, const QCommandLineParser&)
 {
     return printAll<store::Colors>(
         session, {{QLatin1String("colorType"), true, false}, {QLatin1String("colorID"), true, false}},
-        [](const store::Colors& record) {
-            return record.colorID() + u'\t' + QString::number(record.colorType());
+        [&session](const store::Colors& record) {
+            const organisation::MRColorTagItem item(
+                session.library(),
+                {record.rowId(), record.colorID(), record.colorType(), record.isLike(), 0});
+            return record.colorID() + u'\t' + QString::number(record.colorType()) + u'\t' + item.colorAsHex();
         });
 }
 

@@ -146,7 +146,16 @@ private Q_SLOTS:
             "|frobnicate|--frob list|list --frob|list extra|create|create a b|import|show|search|"
             "list --kind 99|list --kind 3|list --kind x|list --sort colour|"
             "list --recent --kind 4|list --collection a --tag b|search --in tags x|"
-            "import --kind 3 a.png|verify now|--library"_ba;
+            "import --kind 3 a.png|verify now|--library|list --smart a --recent|"
+            "smart|smart list|smart add|smart add X|smart add X --rules|smart make X --rules [{}]|"
+            "smart add X --all --any --rules [{}]|smart add X --rules nonsense|smart add X --rules {}|"
+            "smart add X --rules []|smart add X --rules [1]|smart add X --rules [{}]|"
+            "smart add X --rules [{\"SMART_KEY_RULE_TYPE\":\"0\"}]|"
+            "smart add X --rules [{\"SMART_KEY_RULE_TYPE\":0,\"VALUE\":\"x\"}]|"
+            "smart add X --rules [{\"SMART_KEY_RULE_TYPE\":0,\"SMART_KEY_DEFAULT_VALUE\":5}]|"
+            "smart add X --rules [{\"SMART_KEY_RULE_TYPE\":21,\"SMART_KEY_DEFAULT_VALUE\":\"5\"}]|"
+            "smart add X --rules [{\"SMART_KEY_RULE_TYPE\":4,\"SMART_KEY_DEFAULT_VALUE\":\"soon\"}]|"
+            "smart add X --rules [{\"SMART_KEY_RULE_TYPE\":4,\"SMART_KEY_DEFAULT_VALUE\":\"2100-01-01\"}]"_ba;
         for (const QByteArray& line : lines.split('|'))
             QTest::newRow(line.constData()) << words(line.constData());
     }
@@ -167,6 +176,8 @@ private Q_SLOTS:
                                                  {"import --help", u"--reference"_s},
                                                  {"list --help", u"--descending"_s},
                                                  {"--json search --help", u"copyright"_s},
+                                                 {"help smart", u"5 Date Modified"_s},
+                                                 {"help", u"smart add TITLE"_s},
                                                  {"--version", u"mosaroctl "_s}}) {
             const Outcome outcome = m_home->call(words(arguments));
             QCOMPARE(outcome.status, int(ctl::kAllWell));
@@ -177,8 +188,8 @@ private Q_SLOTS:
 
     void namesWhatIsMissing()
     {
-        for (const char* line : {"list --collection Nowhere", "list --tag Nothing", "show NOBODY",
-                                 "search x --collection Nowhere"}) {
+        for (const char* line : {"list --collection Nowhere", "list --tag Nothing", "list --smart None",
+                                 "show NOBODY", "search x --collection Nowhere"}) {
             const Outcome outcome = m_home->json(words(line));
             QCOMPARE(outcome.status, int(ctl::kFailed));
             QCOMPARE(outcome.out, QString());
@@ -247,6 +258,8 @@ private Q_SLOTS:
         QCOMPARE(m_home->json({u"colors"_s}).all("colorType"), words("0"));
         QCOMPARE(m_home->json({u"collections"_s}).all("title"), words("Sky"));
         QCOMPARE(titlesOf("list --tag warm"), words("sun"));
+        QCOMPARE(titlesOf("list --color #808080"), words("sun"));
+        QVERIFY(titlesOf("list --color 8080").value(0).contains(u"mosaroctl colors"_s));
         QVERIFY(m_home->plain({u"show"_s, mediaID}).out.contains(u"mediaTitle: sun\n"_s));
     }
 
@@ -306,27 +319,88 @@ private Q_SLOTS:
             QVERIFY2(titlesOf(arguments).join(u' ') == titles, arguments);
     }
 
-    void asksForOneCollection()
+    void smartCollections()
     {
-        store::ZNDBManager manager;
-        test::FakeBookmarks bookmarks;
-        manager.setUp(m_home->defaults(), bookmarks, m_home->at(u"support"_s));
-        manager.setRemembersLibrary(false);
-        QVERIFY(manager.openDatabaseAtPath(m_home->library()));
-        for (const char* id : {"one", "two"}) {
-            auto collection = manager.context()->insert<store::Collections>();
-            collection->setCollectionID(QLatin1String(id));
-            collection->setTitle(u"Twice"_s);
-            collection->setType(10000);
+        const QString sun = m_home->file(u"sun.png"_s, 20);
+        m_home->setTags(sun, words("warm"));
+        import(sun);
+        import(m_home->file(u"sunset.png"_s, 5));
+        import(m_home->file(u"moon.png"_s, 5));
+        // Rules as "type condition value [other]"; then the titles, and how many rules are idle.
+        const std::tuple<const char*, const char*, const char*, int> rows[] = {
+            {"--all", "0 2 \"SUN\"|8 2 5", "sunset", 0},
+            {"--any", "0 4 \"moon\"|20 1 \"warm\"", "sun moon", 0},
+            {"--all", "20 0 \"warm\"|3 1 \"0\" 1000", "sunset moon", 0},
+            {"--all", "6 3 \"2001-09-09\" \"2001-09-10T12:00:00Z\"", "", 0},
+            {"--any", "0 9 \"x\"|0 1 \"moo\"|14 1 \"x\"", "moon", 2},
+            {"--all", "20 1 \"cold\"", nullptr, 1},
+        };
+        const char* const keys[] = {"RULE_TYPE", "CONDITION", "DEFAULT_VALUE", "OTHER_VALUE"};
+        for (const auto& [option, rules, titles, complaints] : rows) {
+            QStringList json;
+            for (const QString& rule : QString::fromLatin1(rules).split(u'|')) {
+                QStringList members;
+                for (const QString& value : rule.split(u' ')) {
+                    members.append(u"\"SMART_KEY_%1\":%2"_s.arg(QLatin1String(keys[members.size()]), value));
+                }
+                json.append(u'{' + members.join(u',') + u'}');
+            }
+            const QString text = u'[' + json.join(u',') + u']';
+            const Outcome made =
+                m_home->json({u"smart"_s, u"add"_s, text, QLatin1String(option), u"--rules"_s, text});
+            QCOMPARE(made.status, int(titles ? ctl::kAllWell : ctl::kFailed));
+            QCOMPARE(made.err.count(u'\n'), complaints);
+            QCOMPARE(m_home->json({u"list"_s, u"--smart"_s, text}).all("mediaTitle"), words(titles));
         }
-        QVERIFY(manager.context()->save().ok());
-        const QString path = m_home->file(u"sun.png"_s);
-        QCOMPARE(import(path, "--collection Twice").status, int(ctl::kFailed)); // Still held.
-        manager.closeDatabase();
-        const Outcome outcome = import(path, "--collection Twice");
-        QCOMPARE(outcome.status, int(ctl::kFailed));
-        QVERIFY2(outcome.err.contains(u"Twice"_s), qUtf8Printable(outcome.err));
-        QCOMPARE(titlesOf("list --collection Twice"), QStringList());
+    }
+
+    void organises()
+    {
+        const auto id = [this](const char* call, const char* attribute) {
+            return m_home->json(words(call)).array()[0].toObject()[QLatin1String(attribute)].toString();
+        };
+        QVERIFY(!id("collection add --folder Box", "collectionID").isEmpty());
+        const QString inBox = id("collection add --in Box Twin", "collectionID");
+        QVERIFY(!id("collection add Twin", "collectionID").isEmpty());
+        for (const char* name : {"a.png", "b.png", "c.png"}) {
+            QCOMPARE(import(m_home->file(QLatin1String(name)), "--collection Start").status, 0);
+        }
+        const QStringList items = m_home->json({u"list"_s}).all("mediaID");
+        const auto call = [this](const QString& line) { return m_home->plain(line.split(u' ')); };
+
+        QCOMPARE(call(u"rate 4 %1 %2"_s.arg(items[0], items[1].toLower())).status, int(ctl::kAllWell));
+        QCOMPARE(call(u"rate 6 "_s + items[0]).status, int(ctl::kWrongUsage));
+        QCOMPARE(call(u"label Blue "_s + items[0]).status, int(ctl::kAllWell));
+        QCOMPARE(call(u"label 8 "_s + items[0]).status, int(ctl::kWrongUsage));
+        QCOMPARE(call(u"label 0 nobody "_s + items[1]).status, int(ctl::kSomeItemsFailed));
+        QCOMPARE(call(u"label 0 nobody"_s).status, int(ctl::kFailed));
+        QCOMPARE(m_home->json({u"list"_s}).all("mediaRating").join(u' '), u"4 4 0"_s);
+        QCOMPARE(m_home->json({u"show"_s, items[0]}).all("mediaLabel"), QStringList(u"5"_s));
+
+        QCOMPARE(call(u"tag add New --collection Start"_s).status, int(ctl::kAllWell));
+        QCOMPARE(call(u"tag remove NEW %1 nobody"_s.arg(items[1])).status, int(ctl::kSomeItemsFailed));
+        QCOMPARE(call(u"tag add Old "_s + items[1]).status, int(ctl::kAllWell));
+        QCOMPARE(call(u"tag remove Other "_s + items[1]).status, int(ctl::kFailed));
+        QCOMPARE(call(u"tag add New"_s).status, int(ctl::kWrongUsage));
+        QCOMPARE(m_home->json({u"tags"_s}).all("title").join(u' '), u"New Old"_s);
+        QCOMPARE(m_home->json({u"list"_s, u"--tag"_s, u"New"_s}).all("mediaID").size(), 2);
+
+        QCOMPARE(call(u"move --to Twin "_s + items[0]).status, int(ctl::kFailed)); // two of that title
+        QCOMPARE(call(u"move --to Box "_s + items[0]).status, int(ctl::kFailed));
+        QCOMPARE(call(u"move "_s + items[0]).status, int(ctl::kWrongUsage));
+        QCOMPARE(call(u"move --to %1 %2 %3"_s.arg(inBox, items[0], items[1])).status, int(ctl::kAllWell));
+        QCOMPARE(call(u"collection rename %1 Inner"_s.arg(inBox)).status, int(ctl::kAllWell));
+        QCOMPARE(titlesOf("list --collection Inner").size(), 2);
+
+        const QString preview = m_home->json({u"show"_s, items[0]}).all("preview").first();
+        QVERIFY(QFileInfo::exists(preview));
+        QCOMPARE(call(u"collection delete Start nothing"_s).status, int(ctl::kFailed)); // all or none
+        QCOMPARE(call(u"collection delete Box Inner"_s).status, int(ctl::kAllWell));
+        QVERIFY(!QFileInfo::exists(preview));
+        QCOMPARE(m_home->json({u"list"_s}).all("mediaID"), items.mid(2));
+        QCOMPARE(m_home->plain({u"verify"_s}).status, int(ctl::kAllWell));
+        QCOMPARE(call(u"collection drop Start"_s).status, int(ctl::kWrongUsage));
+        QCOMPARE(m_home->plain({u"collection"_s, u"add"_s, u" "_s}).status, int(ctl::kWrongUsage));
     }
 
     void findsAndRepairsWhatHasNoRecord()
