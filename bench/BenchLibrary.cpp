@@ -45,6 +45,15 @@ QString generatedLibrary(int items)
     return made.value(items);
 }
 
+void librarySizes(benchmark::internal::Benchmark* benchmark)
+{
+    for (const int items : {1'000, 10'000, 100'000})
+        benchmark->Arg(items);
+    if (qEnvironmentVariableIsSet("MOSARO_BENCH_MILLION"))
+        benchmark->Arg(1'000'000);
+    benchmark->Unit(benchmark::kMillisecond);
+}
+
 double peakMemoryMegabytes()
 {
     QFile status(QStringLiteral("/proc/self/status"));

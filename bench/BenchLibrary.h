@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <benchmark/benchmark.h>
 #include <memory>
 
 namespace mosaro::bench {
@@ -34,6 +35,10 @@ private:
 
 /// A generated library of that many items, made once per process and kept in a temporary folder.
 [[nodiscard]] QString generatedLibrary(int items);
+
+/// The sizes of generated libraries that a benchmark runs on: 1,000 to 100,000 items, and 1,000,000 with
+/// MOSARO_BENCH_MILLION set.
+void librarySizes(benchmark::internal::Benchmark* benchmark);
 
 /// Peak resident memory of this process since the last reset, in megabytes.
 [[nodiscard]] double peakMemoryMegabytes();

@@ -16,7 +16,8 @@ namespace {
 constexpr int kItemsPerTransaction = 50000;
 constexpr int kItemsPerCollection = 400;
 constexpr int kTags = 60;
-constexpr int kColorsPerRole = 300;
+constexpr int kLeastColorsPerRole = 300;
+constexpr int kItemsPerColor = 20; ///< Of one role, in a large library.
 
 /// What an item is linked with: rows and keys of what was made before it.
 struct Keyed {
@@ -63,7 +64,7 @@ public:
             WriteTransaction transaction(m_file);
             addCollections(std::max(1, items / kItemsPerCollection));
             addTags();
-            addColors();
+            addColors(std::max(kLeastColorsPerRole, items / kItemsPerColor));
             transaction.commit();
         }
         for (int done = 0; done < items; done += kItemsPerTransaction) {
@@ -118,10 +119,10 @@ private:
         }
     }
 
-    void addColors()
+    void addColors(int colorsPerRole)
     {
         for (int role = 0; role < 4; ++role) {
-            for (int i = 0; i < kColorsPerRole; ++i) {
+            for (int i = 0; i < colorsPerRole; ++i) {
                 const QString id = m_contents.colorID();
                 const qint64 row =
                     insert("INSERT INTO Colors (colorID, colorType, isLike, isAscending, sortKey, "

@@ -1,6 +1,6 @@
 // Import of a folder of pictures by the whole road, in copy mode, against vipsthumbnail over the same files
-// with the same box and as many processes as there are cores. MOSARO_BENCH_PHOTOS and MOSARO_BENCH_SMALL name
-// the folders.
+// with the same box and as many processes as there are cores. MOSARO_BENCH_PHOTOS, MOSARO_BENCH_SMALL
+// and MOSARO_BENCH_SVG name the folders.
 #include "bench/BenchLibrary.h"
 #include "import/ImportRun.h"
 #include "store/Collections.h"
@@ -13,6 +13,7 @@
 #include <QThread>
 #include <QUuid>
 #include <benchmark/benchmark.h>
+#include <optional>
 
 namespace {
 
@@ -82,16 +83,15 @@ RunFigures import(const QStringList& files)
 }
 
 /// Files per second of the reference tool; 0 when it is not installed.
-double vipsthumbnailRate(const QStringList& files)
+double vipsthumbnailRate(const QStringList& files, const char* size, const char* output)
 {
-    QTemporaryDir output;
+    QTemporaryDir folder;
     QProcess process;
     process.setProgram(QStringLiteral("xargs"));
     process.setArguments({QStringLiteral("-0"), QStringLiteral("-P"),
                           QString::number(QThread::idealThreadCount()), QStringLiteral("-n"),
                           QStringLiteral("16"), QStringLiteral("vipsthumbnail"), QStringLiteral("--size"),
-                          QStringLiteral("460x360"), QStringLiteral("-o"),
-                          output.filePath(QStringLiteral("%s.jpg[Q=60,interlace]"))});
+                          QLatin1String(size), QStringLiteral("-o"), folder.filePath(QLatin1String(output))});
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("VIPS_CONCURRENCY"), QStringLiteral("1"));
     process.setProcessEnvironment(environment);
@@ -104,7 +104,12 @@ double vipsthumbnailRate(const QStringList& files)
     return process.exitCode() == 127 ? 0 : double(files.size()) / (double(clock.nsecsElapsed()) / 1e9);
 }
 
-void importFolder(benchmark::State& state, const char* variable, bool compare)
+struct Comparison {
+    const char* size; ///< With ">" nothing is made larger.
+    const char* output;
+};
+
+void importFolder(benchmark::State& state, const char* variable, std::optional<Comparison> comparison)
 {
     const QStringList files = filesIn(variable);
     if (files.isEmpty()) {
@@ -124,8 +129,8 @@ void importFolder(benchmark::State& state, const char* variable, bool compare)
     state.counters["failed"] = figures.failed;
     state.counters["peak_MB"] = bench::peakMemoryMegabytes();
     state.counters["longest_turn_ms"] = figures.longestTurn;
-    if (compare) {
-        const double reference = vipsthumbnailRate(files);
+    if (comparison) {
+        const double reference = vipsthumbnailRate(files, comparison->size, comparison->output);
         state.counters["vipsthumbnail_per_second"] = reference;
         state.counters["ratio"] = reference > 0 ? rate / reference : 0;
     }
@@ -133,14 +138,19 @@ void importFolder(benchmark::State& state, const char* variable, bool compare)
 
 void importPhotos(benchmark::State& state)
 {
-    importFolder(state, "MOSARO_BENCH_PHOTOS", true);
+    importFolder(state, "MOSARO_BENCH_PHOTOS", Comparison{"460x360", "%s.jpg[Q=60,interlace]"});
 }
 void importSmall(benchmark::State& state)
 {
-    importFolder(state, "MOSARO_BENCH_SMALL", false);
+    importFolder(state, "MOSARO_BENCH_SMALL", {});
+}
+void importSvg(benchmark::State& state)
+{
+    importFolder(state, "MOSARO_BENCH_SVG", Comparison{"460x360>", "%s.png[interlace]"});
 }
 
 BENCHMARK(importPhotos)->UseManualTime()->Iterations(1)->Unit(benchmark::kSecond);
 BENCHMARK(importSmall)->UseManualTime()->Iterations(1)->Unit(benchmark::kSecond);
+BENCHMARK(importSvg)->UseManualTime()->Iterations(1)->Unit(benchmark::kSecond);
 
 } // namespace

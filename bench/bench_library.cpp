@@ -10,15 +10,6 @@ namespace {
 
 using namespace mosaro;
 
-void sizes(benchmark::internal::Benchmark* benchmark)
-{
-    for (const int items : {1'000, 10'000, 100'000})
-        benchmark->Arg(items);
-    if (qEnvironmentVariableIsSet("MOSARO_BENCH_MILLION"))
-        benchmark->Arg(1'000'000);
-    benchmark->Unit(benchmark::kMillisecond);
-}
-
 void sizesByKey(benchmark::internal::Benchmark* benchmark)
 {
     for (const int items : {1'000, 10'000, 100'000}) {
@@ -85,8 +76,8 @@ void selectKindSorted(benchmark::State& state)
     }
 }
 
-BENCHMARK(openLibrary)->Apply(sizes);
+BENCHMARK(openLibrary)->Apply(bench::librarySizes);
 BENCHMARK(selectAllSorted)->Apply(sizesByKey);
-BENCHMARK(selectKindSorted)->Apply(sizes);
+BENCHMARK(selectKindSorted)->Apply(bench::librarySizes);
 
 } // namespace

@@ -1,0 +1,63 @@
+// The colours of generated libraries: 20,000 in 100,000 items (200,000 in 1,000,000 with MOSARO_BENCH_MILLION
+// set).
+#include "bench/BenchLibrary.h"
+#include "organisation/ColorGroups.h"
+#include "store/ColorRows.h"
+#include "store/MediaSet.h"
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace mosaro;
+
+void sizes(benchmark::internal::Benchmark* benchmark)
+{
+    for (const int items : {1'000, 10'000, 100'000})
+        benchmark->Arg(items);
+    if (qEnvironmentVariableIsSet("MOSARO_BENCH_MILLION"))
+        benchmark->Arg(1'000'000);
+    benchmark->Unit(benchmark::kMillisecond);
+}
+
+/// The whole list of the colours tab with its counts, grouped and sorted.
+void reloadColors(benchmark::State& state)
+{
+    bench::BenchLibrary library;
+    if (!library.open(bench::generatedLibrary(int(state.range(0))))) {
+        state.SkipWithError("the library does not open");
+        return;
+    }
+    organisation::ColorGroups groups;
+    for (auto _ : state)
+        groups.reload(library.manager(), {});
+    state.counters["colors"] = double(groups.colors().size());
+}
+
+/// From selected swatches to the set of items; `most` is how many are selected.
+void selectColors(benchmark::State& state, size_t most)
+{
+    bench::BenchLibrary library;
+    if (!library.open(bench::generatedLibrary(int(state.range(0))))) {
+        state.SkipWithError("the library does not open");
+        return;
+    }
+    organisation::ColorGroups groups;
+    groups.reload(library.manager(), {});
+    std::vector<store::RowId> rows;
+    for (const organisation::MRColorTagItem& item : groups.colors()) {
+        if (rows.size() < most)
+            rows.push_back(item.row());
+    }
+    store::MediaSet items;
+    for (auto _ : state)
+        items = store::itemsOfColors(*library.manager().context(), rows);
+    state.counters["items"] = double(items.ids.size());
+}
+
+BENCHMARK(reloadColors)->Apply(sizes);
+BENCHMARK_CAPTURE(selectColors, one, 1)->Apply(sizes);
+BENCHMARK_CAPTURE(selectColors, hundred, 100)->Apply(sizes);
+BENCHMARK_CAPTURE(selectColors, all, 1'000'000)->Apply(sizes);
+
+} // namespace
