@@ -48,55 +48,59 @@ int moveItems(store::StoreContext& context, const std::shared_ptr<store::Collect
     return moved;
 }
 
-void moveTenThousand(benchmark::State& state)
+using Collection = std::shared_ptr<store::Collections>;
+
+/// Times `work` on a new collection in a copy of a library; `prepare` comes before it, untimed. Each returns
+/// how many items it changed.
+template <class Prepare, class Work>
+void timeOnCopy(benchmark::State& state, const Prepare& prepare, const Work& work)
 {
     bench::BenchLibrary library;
     if (!openCopy(library, int(state.range(0)))) {
         state.SkipWithError("the library does not open");
         return;
     }
-    store::StoreContext& context = *library.manager().context();
     double longest = 0;
-    int moved = 0;
+    int items = 0;
     for (auto _ : state) {
         state.PauseTiming();
-        const auto target = newCollection(context);
+        const Collection target = newCollection(*library.manager().context());
+        items = prepare(library, target);
         bench::LongestTurn turns;
         state.ResumeTiming();
-        moved = moveItems(context, target);
+        items += work(library, target);
         longest = std::max(longest, turns.milliseconds());
     }
-    state.counters["moved"] = moved;
+    state.counters["items"] = items;
     state.counters["longest_turn_ms"] = longest;
+}
+
+int moveInto(bench::BenchLibrary& library, const Collection& target)
+{
+    return moveItems(*library.manager().context(), target);
+}
+
+int deleteWithItems(bench::BenchLibrary& library, const Collection& target)
+{
+    store::ZNDBManager& manager = library.manager();
+    organisation::SlicedRun run;
+    organisation::CollectionRemoval removal(run, *manager.context(), manager.state(),
+                                            manager.masterDirPath());
+    QEventLoop loop;
+    removal.start({target->collectionID()}, {}, [&loop](const QString&) { loop.quit(); });
+    loop.exec();
+    return 0;
+}
+
+void moveTenThousand(benchmark::State& state)
+{
+    timeOnCopy(
+        state, [](bench::BenchLibrary&, const Collection&) { return 0; }, moveInto);
 }
 
 void deleteTenThousand(benchmark::State& state)
 {
-    bench::BenchLibrary library;
-    if (!openCopy(library, int(state.range(0)))) {
-        state.SkipWithError("the library does not open");
-        return;
-    }
-    store::StoreContext& context = *library.manager().context();
-    double longest = 0;
-    qsizetype items = 0;
-    for (auto _ : state) {
-        state.PauseTiming();
-        const auto target = newCollection(context);
-        items = moveItems(context, target);
-        const QString id = target->collectionID();
-        organisation::SlicedRun run;
-        organisation::CollectionRemoval removal(run, context, library.manager().state(),
-                                                library.manager().masterDirPath());
-        QEventLoop loop;
-        bench::LongestTurn turns;
-        state.ResumeTiming();
-        removal.start({id}, {}, [&loop](const QString&) { loop.quit(); });
-        loop.exec();
-        longest = std::max(longest, turns.milliseconds());
-    }
-    state.counters["items"] = double(items);
-    state.counters["longest_turn_ms"] = longest;
+    timeOnCopy(state, moveInto, deleteWithItems);
 }
 
 BENCHMARK(moveTenThousand)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);

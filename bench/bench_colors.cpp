@@ -11,15 +11,6 @@ namespace {
 
 using namespace mosaro;
 
-void sizes(benchmark::internal::Benchmark* benchmark)
-{
-    for (const int items : {1'000, 10'000, 100'000})
-        benchmark->Arg(items);
-    if (qEnvironmentVariableIsSet("MOSARO_BENCH_MILLION"))
-        benchmark->Arg(1'000'000);
-    benchmark->Unit(benchmark::kMillisecond);
-}
-
 /// The whole list of the colours tab with its counts, grouped and sorted.
 void reloadColors(benchmark::State& state)
 {
@@ -55,9 +46,9 @@ void selectColors(benchmark::State& state, size_t most)
     state.counters["items"] = double(items.ids.size());
 }
 
-BENCHMARK(reloadColors)->Apply(sizes);
-BENCHMARK_CAPTURE(selectColors, one, 1)->Apply(sizes);
-BENCHMARK_CAPTURE(selectColors, hundred, 100)->Apply(sizes);
-BENCHMARK_CAPTURE(selectColors, all, 1'000'000)->Apply(sizes);
+BENCHMARK(reloadColors)->Apply(bench::librarySizes);
+BENCHMARK_CAPTURE(selectColors, one, 1)->Apply(bench::librarySizes);
+BENCHMARK_CAPTURE(selectColors, hundred, 100)->Apply(bench::librarySizes);
+BENCHMARK_CAPTURE(selectColors, all, 1'000'000)->Apply(bench::librarySizes);
 
 } // namespace
