@@ -1,7 +1,6 @@
 #include "base/FinderStyleCompare.h"
 
-#include <QStringList>
-#include <QTest>
+#include <QtTest>
 #include <future>
 
 using namespace mosaro::base;
@@ -14,49 +13,46 @@ int sign(int value)
     return (value > 0) - (value < 0);
 }
 
+} // namespace
+
 class FinderStyleCompareTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void compares_data()
-    {
-        QTest::addColumn<QString>("left");
-        QTest::addColumn<QString>("right");
-        QTest::addColumn<int>("expected");
-        const auto add = [](const char* name, const QString& left, const QString& right, int expected) {
-            QTest::newRow(name) << left << right << expected;
-        };
-        add("equal", u"icon"_s, u"icon"_s, 0);
-        add("empty first", QString(), u"a"_s, -1);
-        add("both empty", QString(), u""_s, 0);
-        add("numbers by value", u"a2"_s, u"a10"_s, -1);
-        add("numbers within", u"IMG_9 final"_s, u"IMG_10"_s, -1);
-        add("leading zeros", u"a007"_s, u"a7"_s, 0);
-        add("very long numbers", u"a123456789012345678901234567890"_s, u"a123456789012345678901234567891"_s,
-            -1);
-        add("case folded", u"LOGO"_s, u"logo"_s, 0);
-        add("case does not outweigh", u"apple"_s, u"Banana"_s, -1);
-        add("width folded", u"ＡＢＣ１"_s, u"abc1"_s, 0);
-        add("composition folded", u"\u00E9"_s, u"e\u0301"_s, 0);
-        add("diacritics differ", u"resume"_s, u"résumé"_s, -1);
-        add("diacritics after letters", u"résumé"_s, u"resumf"_s, -1);
-        add("punctuation counts", u"ab"_s, u"a-b"_s, 1);
-        add("kinds of punctuation", u"a-b"_s, u"a_b"_s, 1);
-        add("blank before letters", u"a b"_s, u"ab"_s, -1);
-        add("digits before letters", u"1"_s, u"a"_s, -1);
-        add("beyond the first plane", u"\U0001F3A8"_s, u"\U0001F3A8"_s, 0);
-    }
     void compares()
     {
-        QFETCH(const QString, left);
-        QFETCH(const QString, right);
-        QFETCH(const int, expected);
-        QCOMPARE(sign(finderStyleCompare(left, right)), expected);
-        QCOMPARE(sign(finderStyleCompare(right, left)), -expected);
-        const QByteArray a = left.toUtf8();
-        const QByteArray b = right.toUtf8();
-        QCOMPARE(sign(finderStyleCompareUtf8(a.constData(), int(a.size()), b.constData(), int(b.size()))),
-                 expected);
+        const struct {
+            const char* name;
+            QString left, right;
+            int expected;
+        } rows[] = {{"equal", u"icon"_s, u"icon"_s, 0},
+                    {"empty first", {}, u"a"_s, -1},
+                    {"both empty", {}, u""_s, 0},
+                    {"numbers by value", u"a2"_s, u"a10"_s, -1},
+                    {"numbers within", u"IMG_9 final"_s, u"IMG_10"_s, -1},
+                    {"leading zeros", u"a007"_s, u"a7"_s, 0},
+                    {"very long numbers", u"a123456789012345678901234567890"_s,
+                     u"a123456789012345678901234567891"_s, -1},
+                    {"case folded", u"LOGO"_s, u"logo"_s, 0},
+                    {"case does not outweigh", u"apple"_s, u"Banana"_s, -1},
+                    {"width folded", u"ＡＢＣ１"_s, u"abc1"_s, 0},
+                    {"composition folded", u"\u00E9"_s, u"e\u0301"_s, 0},
+                    {"diacritics differ", u"resume"_s, u"résumé"_s, -1},
+                    {"diacritics after letters", u"résumé"_s, u"resumf"_s, -1},
+                    {"punctuation counts", u"ab"_s, u"a-b"_s, 1},
+                    {"kinds of punctuation", u"a-b"_s, u"a_b"_s, 1},
+                    {"blank before letters", u"a b"_s, u"ab"_s, -1},
+                    {"digits before letters", u"1"_s, u"a"_s, -1},
+                    {"beyond the first plane", u"\U0001F3A8"_s, u"\U0001F3A8"_s, 0}};
+        for (const auto& [name, left, right, expected] : rows) {
+            QVERIFY2(sign(finderStyleCompare(left, right)) == expected, name);
+            QVERIFY2(sign(finderStyleCompare(right, left)) == -expected, name);
+            const QByteArray a = left.toUtf8();
+            const QByteArray b = right.toUtf8();
+            const int bytes =
+                finderStyleCompareUtf8(a.constData(), int(a.size()), b.constData(), int(b.size()));
+            QVERIFY2(sign(bytes) == expected, name);
+        }
     }
 
     /// SQLite hands over what stands in the file: not all of it need be UTF-8.
@@ -90,8 +86,6 @@ private Q_SLOTS:
             QCOMPARE(thread.get(), 0);
     }
 };
-
-} // namespace
 
 QTEST_GUILESS_MAIN(FinderStyleCompareTest)
 #include "tst_finderstylecompare.moc"

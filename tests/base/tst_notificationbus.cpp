@@ -1,6 +1,6 @@
 #include "base/NotificationBus.h"
 
-#include <QTest>
+#include <QtTest>
 
 using namespace mosaro::base;
 using namespace Qt::StringLiterals;
@@ -9,6 +9,8 @@ namespace {
 
 constexpr QLatin1String kName{"NAME"};
 constexpr QLatin1String kOther{"OTHER"};
+
+} // namespace
 
 class NotificationBusTest : public QObject {
     Q_OBJECT
@@ -94,8 +96,6 @@ private Q_SLOTS:
         QCOMPARE(stayed, 2);
     }
 };
-
-} // namespace
 
 QTEST_GUILESS_MAIN(NotificationBusTest)
 #include "tst_notificationbus.moc"

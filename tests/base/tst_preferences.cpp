@@ -4,14 +4,10 @@
 #include "base/PropertyList.h"
 #include "base/ZNUserDefaults.h"
 
-#include <QStandardPaths>
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
 
 using namespace mosaro::base;
 using namespace Qt::StringLiterals;
-
-namespace {
 
 class PreferencesTest : public QObject {
     Q_OBJECT
@@ -20,7 +16,7 @@ private Q_SLOTS:
     void init()
     {
         m_folder = std::make_unique<QTemporaryDir>();
-        m_file = m_folder->filePath(u"test.ini"_s);
+        m_file = at("test.ini");
     }
 
     /// What stands in a fresh store after a way through the file: each type, and what must not be there.
@@ -63,24 +59,17 @@ private Q_SLOTS:
         QVERIFY(!store.contains(PREFS_GENERAL_REMEMBER_SELECTED_IMAGE_IN_BROWSER));
     }
 
-    void keepsTypes_data()
-    {
-        QTest::addColumn<QVariant>("value");
-        QTest::newRow("data") << QVariant("bplist00\0\xFF\"\\\n;,"_ba);
-        QTest::newRow("text with marks") << QVariant(u"/home/ü/My, \"Pictures\" @ 100%; x\\y"_s);
-        QTest::newRow("text of @") << QVariant(u"@Invalid()"_s);
-        QTest::newRow("empty text") << QVariant(u""_s);
-    }
     void keepsTypes()
     {
-        QFETCH(const QVariant, value);
-        QVERIFY(ZNUserDefaults(m_file).updateUserDefaults(MOSARO_LIBRARY_LOCATION, value));
-        const ZNUserDefaults store(m_file);
-        QVERIFY(store.contains(MOSARO_LIBRARY_LOCATION));
-        if (value.metaType().id() == QMetaType::QByteArray)
-            QCOMPARE(store.data(MOSARO_LIBRARY_LOCATION), value.toByteArray());
-        else
-            QCOMPARE(store.string(MOSARO_LIBRARY_LOCATION), value.toString());
+        const auto data = "bplist00\0\xFF\"\\\n;,"_ba;
+        QVERIFY(ZNUserDefaults(m_file).updateUserDefaults(MOSARO_LIBRARY_LOCATION, data));
+        QCOMPARE(ZNUserDefaults(m_file).data(MOSARO_LIBRARY_LOCATION), data);
+        for (const QString& text : {u"/home/ü/My, \"Pictures\" @ 100%; x\\y"_s, u"@Invalid()"_s, u""_s}) {
+            QVERIFY(ZNUserDefaults(m_file).updateUserDefaults(MOSARO_LIBRARY_LOCATION, text));
+            const ZNUserDefaults store(m_file);
+            QVERIFY(store.contains(MOSARO_LIBRARY_LOCATION));
+            QCOMPARE(store.string(MOSARO_LIBRARY_LOCATION), text);
+        }
     }
 
     /// Panes write a control's state, as a truth value or as a number, and others read it the other way.
@@ -100,40 +89,34 @@ private Q_SLOTS:
         QCOMPARE(store.integer(PREFS_GENERAL_SHOW_RECENT_DAYS, 7), 7); // Mangled counts as missing.
     }
 
-    void updatesPostOnlyWhenWritten_data()
-    {
-        QTest::addColumn<QByteArray>("key");
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QByteArray>("notification");
-        QTest::addColumn<bool>("isWritable");
-        QTest::addColumn<bool>("written");
-        QTest::addColumn<int>("posts");
-        const QByteArray key(PREFS_GENERAL_SHOW_RECENT_DAYS.data());
-        const QByteArray name(MOSARO_NOTI_RECENT_DAYS_CHANGED.data());
-        QTest::newRow("all given") << key << QVariant(14) << name << true << true << 1;
-        QTest::newRow("no notification") << key << QVariant(14) << ""_ba << true << true << 0;
-        QTest::newRow("no value") << key << QVariant() << name << true << false << 0;
-        QTest::newRow("no key") << ""_ba << QVariant(14) << name << true << false << 0;
-        QTest::newRow("no room") << key << QVariant(14) << name << false << false << 0;
-    }
     void updatesPostOnlyWhenWritten()
     {
-        QFETCH(const QByteArray, key);
-        QFETCH(const QVariant, value);
-        QFETCH(const QByteArray, notification);
-        QFETCH(const bool, isWritable);
-        QFETCH(const bool, written);
-        NotificationBus bus;
-        QVariantList posts;
-        bus.observe(MOSARO_NOTI_RECENT_DAYS_CHANGED, this,
-                    [&](const QVariant& object) { posts.append(object); });
-        ZNUserDefaults store(isWritable ? m_file : u"/proc/no/such/place.ini"_s);
-        QCOMPARE(store.updateUserDefaultsWithValue(QLatin1String(key), value, QLatin1String(notification), 14,
-                                                   bus),
-                 written);
-        QTEST(int(posts.size()), "posts");
-        if (isWritable)
-            QCOMPARE(store.userDefaults().allKeys().size(), written ? 1 : 0);
+        constexpr QLatin1String kKey = PREFS_GENERAL_SHOW_RECENT_DAYS;
+        constexpr QLatin1String kName = MOSARO_NOTI_RECENT_DAYS_CHANGED;
+        const QString nowhere = u"/proc/no/such/place.ini"_s;
+        const struct {
+            QString file;
+            QLatin1String key;
+            QVariant value;
+            QLatin1String notification;
+            bool written;
+            int posts;
+        } rows[] = {{at("1"), kKey, 14, kName, true, 1},
+                    {at("2"), kKey, 14, {}, true, 0},
+                    {at("3"), kKey, {}, kName, false, 0},
+                    {at("4"), {}, 14, kName, false, 0},
+                    {nowhere, kKey, 14, kName, false, 0}};
+        for (const auto& row : rows) {
+            NotificationBus bus;
+            QVariantList posts;
+            bus.observe(kName, this, [&posts](const QVariant& object) { posts.append(object); });
+            ZNUserDefaults store(row.file);
+            QVERIFY2(store.updateUserDefaultsWithValue(row.key, row.value, row.notification, 14, bus) ==
+                         row.written,
+                     qPrintable(row.file));
+            QCOMPARE(posts.size(), row.posts);
+            QVERIFY(row.file == nowhere || store.userDefaults().allKeys().size() == int(row.written));
+        }
     }
 
     void releaseNote()
@@ -150,11 +133,10 @@ private Q_SLOTS:
     }
 
 private:
+    [[nodiscard]] QString at(const char* name) const { return m_folder->filePath(QLatin1String(name)); }
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
 };
-
-} // namespace
 
 QTEST_GUILESS_MAIN(PreferencesTest)
 #include "tst_preferences.moc"

@@ -5,16 +5,11 @@
 #include "base/ZNUtilities.h"
 #include "support/FakePlatform.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QThreadPool>
+#include <QtTest>
 
 using namespace mosaro::base;
 using namespace mosaro::test;
 using namespace Qt::StringLiterals;
-
-namespace {
 
 class UtilitiesTest : public QObject {
     Q_OBJECT
@@ -31,36 +26,32 @@ private Q_SLOTS:
         QCOMPARE(text("Failure.PropertyList.File", path, u"why"_s), u"“50%1 %2.png”: why"_s);
     }
 
-    void soundsAreGated_data()
-    {
-        QTest::addColumn<QVariant>("preference");
-        QTest::addColumn<int>("effect");
-        QTest::addColumn<QString>("played");
-        QTest::newRow("first") << QVariant(true) << 0 << u":/sounds/MoveItem.wav"_s;
-        QTest::newRow("last") << QVariant(true) << 3 << u":/sounds/Snap.wav"_s;
-        QTest::newRow("beyond") << QVariant(true) << 4 << QString();
-        QTest::newRow("below") << QVariant(true) << -1 << QString();
-        QTest::newRow("off") << QVariant(false) << 0 << QString();
-        QTest::newRow("never chosen") << QVariant() << 1 << u":/sounds/DeleteItem.wav"_s;
-    }
     void soundsAreGated()
     {
-        QFETCH(const QVariant, preference);
-        QFETCH(const int, effect);
-        const QTemporaryDir folder;
-        ZNUserDefaults defaults(folder.filePath(u"test.ini"_s));
-        defaults.updateUserDefaults(PREFS_GENERAL_SOUND_EFFECTS, preference);
-        ZNUtilities utilities;
-        utilities.playSoundEffect(effect, defaults); // To nobody.
-        FakeSounds sounds;
-        utilities.setSoundPlayer(&sounds);
-        utilities.playSoundEffect(effect, defaults);
-        QTEST(sounds.played.join(u' '), "played");
-        QCOMPARE(defaults.boolean(PREFS_GENERAL_SOUND_EFFECTS), preference.isNull() || preference.toBool());
+        const std::tuple<QVariant, int, QString> rows[] = {
+            {true, 0, u":/sounds/MoveItem.wav"_s},
+            {true, 3, u":/sounds/Snap.wav"_s},
+            {true, 4, {}},
+            {true, -1, {}},
+            {false, 0, {}},
+            {QVariant(), 1, u":/sounds/DeleteItem.wav"_s}}; // the last: never chosen
+        for (const auto& [preference, effect, played] : rows) {
+            const QTemporaryDir folder;
+            ZNUserDefaults defaults(folder.filePath(u"test.ini"_s));
+            defaults.updateUserDefaults(PREFS_GENERAL_SOUND_EFFECTS, preference);
+            ZNUtilities utilities;
+            utilities.playSoundEffect(effect, defaults); // To nobody.
+            FakeSounds sounds;
+            utilities.setSoundPlayer(&sounds);
+            utilities.playSoundEffect(effect, defaults);
+            QCOMPARE(sounds.played.join(u' '), played);
+            QCOMPARE(defaults.boolean(PREFS_GENERAL_SOUND_EFFECTS),
+                     preference.isNull() || preference.toBool());
+        }
     }
 
-    /// RIFF with linear samples, mono, 44.1 kHz, 16 bit, within a fraction of a second, and not silent.
-    void soundsAreShortWaves()
+    /// RIFF with linear samples, mono, 44.1 kHz, 16 bit: what the low-latency player reads.
+    void soundsArePlainWaves()
     {
         for (const char* name : {"MoveItem", "DeleteItem", "RemoveTags", "Snap"}) {
             QFile file(u":/sounds/%1.wav"_s.arg(QLatin1String(name)));
@@ -71,9 +62,6 @@ private Q_SLOTS:
             QCOMPARE(bytes.mid(34, 2), "\x10\x00"_ba);
             const double seconds = double(bytes.size() - 44) / 2 / 44100;
             QVERIFY2(seconds >= 0.15 && seconds <= 0.6, name);
-            const auto* samples = reinterpret_cast<const qint16*>(bytes.constData() + 44);
-            const auto loudest = *std::max_element(samples, samples + (bytes.size() - 44) / 2);
-            QVERIFY2(loudest > 8000 && loudest < 30000, name);
         }
     }
 
@@ -126,8 +114,6 @@ private Q_SLOTS:
         QVERIFY(onWorker && !backToTheDead);
     }
 };
-
-} // namespace
 
 QTEST_GUILESS_MAIN(UtilitiesTest)
 #include "tst_utilities.moc"
