@@ -9,6 +9,14 @@
 
 namespace mosaro::importing {
 
+/// What became of a document that must be drawn.
+struct Drawn : AnalysisResult {
+    QImage shown, side; ///< Preview and side file.
+    QSize size;         ///< As the metadata say.
+
+    [[nodiscard]] QColor centre() const { return shown.pixelColor(shown.rect().center()); }
+};
+
 /// A test that puts files together and has them analysed.
 class RendererTest : public QObject {
 protected:
@@ -28,6 +36,18 @@ protected:
     {
         test::writeBytes(file(), bytes);
         return analyse({file(), type, kind});
+    }
+
+    /// The file must be drawn, into pictures of that format.
+    [[nodiscard]] Drawn drawn(DocumentType type, const QByteArray& bytes, const char* format = "png") const
+    {
+        Drawn drawn{analysed(type, bytes), {}, {}, {}};
+        if (!drawn.outcome.ok())
+            QTest::qFail(qPrintable(drawn.outcome.reason()), __FILE__, __LINE__);
+        drawn.shown = QImage::fromData(drawn.preview, format);
+        drawn.side = QImage::fromData(drawn.sideFile, format);
+        drawn.size = {drawn.metadata.width, drawn.metadata.height};
+        return drawn;
     }
 
     /// That the file fails, with a reason.

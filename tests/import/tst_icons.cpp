@@ -43,14 +43,7 @@ QByteArray square(int side, const QColor& color)
     return test::encoded(test::plain({side, side}, color), "png");
 }
 
-struct IconRow {
-    DocumentType type;
-    QByteArray file;
-    QSize preview;
-    QRgb centre;
-    int firstSide;
-    bool frames;
-};
+} // namespace
 
 class tst_Icons : public RendererTest {
     Q_OBJECT
@@ -58,37 +51,34 @@ class tst_Icons : public RendererTest {
 private Q_SLOTS:
     void drawsTheLargest()
     {
+        using enum DocumentType;
         const QByteArray red = square(32, Qt::red);
         const QByteArray blue = square(256, Qt::blue);
-        const QByteArray tiny = test::encoded(test::plain({48, 48}, Qt::green), "ico");
-        const IconRow rows[] = {
-            {DocumentType::Ico, tiny, {132, 132}, qRgb(0, 255, 0), 48, false},
-            {DocumentType::Ico, ico({red, blue}), {460, 360}, qRgb(0, 0, 255), 32, true},
-            {DocumentType::Ico, ico({blue, red}), {460, 360}, qRgb(0, 0, 255), 256, true},
-            {DocumentType::Icns, icns({{"ic08", blue}}), {460, 360}, qRgb(0, 0, 255), 256, false},
-            {DocumentType::Icns,
-             icns({{"icp5", red}, {"ic08", blue}}),
-             {460, 360},
-             qRgb(0, 0, 255),
-             32,
-             true},
-            // By what is in there, not by the name.
-            {DocumentType::Ico, blue, {460, 360}, qRgb(0, 0, 255), 256, false},
-            {DocumentType::Icns, ico({red, blue}), {460, 360}, qRgb(0, 0, 255), 32, true},
+        const QByteArray green = test::encoded(test::plain({48, 48}, Qt::green), "ico");
+        struct Row {
+            DocumentType type;
+            QByteArray bytes;
+            int firstSide;
+            bool frames;
+            QColor centre = Qt::blue;
+            QSize preview{460, 360};
         };
-        for (const IconRow& row : rows) {
-            const AnalysisResult result = analysed(row.type, row.file);
-            QVERIFY2(result.outcome.ok(),
-                     qPrintable(result.outcome.ok() ? QString() : result.outcome.reason()));
-            const QImage preview = QImage::fromData(result.preview, "png");
-            QCOMPARE(preview.size(), row.preview);
-            QCOMPARE(preview.pixel(preview.rect().center()), row.centre);
-            QCOMPARE(qAlpha(preview.pixel(0, 0)), 0);
-            QCOMPARE(QSize(result.metadata.width, result.metadata.height),
-                     QSize(row.firstSide, row.firstSide));
-            QCOMPARE(result.hasFrames, row.frames);
-            QCOMPARE(result.kind, MediaKind::Icon);
-            QVERIFY(result.sideFile.isEmpty());
+        for (const Row& row : {Row{Ico, green, 48, false, Qt::green, {132, 132}},
+                               {Ico, ico({red, blue}), 32, true},
+                               {Ico, ico({blue, red}), 256, true},
+                               {Icns, icns({{"ic08", blue}}), 256, false},
+                               {Icns, icns({{"icp5", red}, {"ic08", blue}}), 32, true},
+                               // By what is in there, not by the name.
+                               {Ico, blue, 256, false},
+                               {Icns, ico({red, blue}), 32, true}}) {
+            const Drawn icon = drawn(row.type, row.bytes);
+            QCOMPARE(icon.shown.size(), row.preview);
+            QCOMPARE(icon.centre(), row.centre);
+            QCOMPARE(qAlpha(icon.shown.pixel(0, 0)), 0);
+            QCOMPARE(icon.size, QSize(row.firstSide, row.firstSide));
+            QCOMPARE(icon.hasFrames, row.frames);
+            QCOMPARE(icon.kind, MediaKind::Icon);
+            QVERIFY(icon.sideFile.isEmpty());
         }
     }
 
@@ -96,26 +86,15 @@ private Q_SLOTS:
     {
         const QByteArray good = ico({square(32, Qt::red), square(64, Qt::red)});
         const QByteArray apple = icns({{"icp5", square(32, Qt::red)}});
-        const std::pair<DocumentType, QByteArray> rows[] = {
-            {DocumentType::Ico, ""},
-            {DocumentType::Ico, "a text"},
-            {DocumentType::Ico, good.left(30)},
-            {DocumentType::Ico, good.left(good.size() - 60)},
-            {DocumentType::Ico, ico({test::pngThatClaims(30'000, 30'000)})},
-            {DocumentType::Ico, ico({})},
-            {DocumentType::Icns, apple.left(60)},
-            {DocumentType::Icns, icns({{"ic10", test::pngThatClaims(30'000, 30'000)}})},
-            {DocumentType::Icns, icns({})},
-            {DocumentType::Ico, square(2100, Qt::red)},
-            {DocumentType::Ico, square(20, Qt::red).left(60)},
-            {DocumentType::Ico, "%PDF-1.4"},
-        };
-        for (const auto& [type, bytes] : rows)
-            expectRefusal(type, bytes);
+        const QByteArray giant = test::pngThatClaims(30'000, 30'000);
+        for (const QByteArray& bytes :
+             {""_ba, "a text"_ba, "%PDF-1.4"_ba, good.left(30), good.chopped(60), ico({giant}), ico({}),
+              square(2100, Qt::red), square(20, Qt::red).left(60)})
+            expectRefusal(DocumentType::Ico, bytes);
+        for (const QByteArray& bytes : {apple.left(60), icns({{"ic10", giant}}), icns({})})
+            expectRefusal(DocumentType::Icns, bytes);
     }
 };
-
-} // namespace
 
 QTEST_MAIN(tst_Icons)
 #include "tst_icons.moc"

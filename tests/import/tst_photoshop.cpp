@@ -103,17 +103,7 @@ int distance(const QColor& a, const QColor& b)
     return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue());
 }
 
-struct ColorRow {
-    Psd psd;
-    QString model;
-    QColor color;
-};
-
-struct SizeRow {
-    QSize size;
-    int dpi;
-    QSize preview, drawn;
-};
+} // namespace
 
 class tst_Photoshop : public RendererTest {
     Q_OBJECT
@@ -122,7 +112,7 @@ private Q_SLOTS:
     void colors()
     {
         const QByteArray p3 = QColorSpace(QColorSpace::DisplayP3).iccProfile();
-        const ColorRow rows[] = {
+        const std::tuple<Psd, QString, QColor> rows[] = {
             {{}, u"RGB"_s, QColor(255, 0, 0)},
             {{.depth = 16, .samples = {255, 255, 0}}, u"RGB"_s, QColor(255, 255, 0)},
             {{.mode = 1, .samples = {128}}, u"Gray"_s, QColor(128, 128, 128)},
@@ -131,29 +121,26 @@ private Q_SLOTS:
             {{.mode = 9, .samples = {136, 208, 195}}, u"Lab"_s, QColor(252, 0, 5)},
             {{.samples = {128, 64, 64}, .profile = p3}, u"RGB"_s, QColor(138, 60, 62)},
         };
-        for (const ColorRow& row : rows) {
-            const AnalysisResult result = analysed(DocumentType::Photoshop, written(row.psd));
-            QVERIFY2(result.outcome.ok(), qPrintable(result.outcome.reason()));
-            const QImage preview = QImage::fromData(result.preview, "png");
-            QCOMPARE(preview.size(), QSize(460, 360));
-            const QColor seen = preview.pixelColor(230, 180);
-            QVERIFY2(distance(seen, row.color) <= 24, qPrintable(row.model + u' ' + seen.name()));
-            QCOMPARE(result.metadata.colorModel, row.model);
-            QCOMPARE(result.metadata.depth, row.psd.depth);
-            QCOMPARE(result.metadata.profileName.isEmpty(), row.psd.profile.isEmpty());
-            QVERIFY(!result.metadata.hasAlpha);
+        for (const auto& [psd, model, color] : rows) {
+            const Drawn document = drawn(psd);
+            QCOMPARE(document.shown.size(), QSize(460, 360));
+            const QColor seen = document.centre();
+            QVERIFY2(distance(seen, color) <= 24, qPrintable(model + u' ' + seen.name()));
+            QCOMPARE(document.metadata.colorModel, model);
+            QCOMPARE(document.metadata.depth, psd.depth);
+            QCOMPARE(document.metadata.profileName.isEmpty(), psd.profile.isEmpty());
+            QVERIFY(!document.metadata.hasAlpha);
         }
     }
 
     void transparency()
     {
-        const Psd clear{.samples = {255, 0, 0, 0},
-                        .isTransparent = true,
-                        .xmp = "<xmp:CreatorTool>A program 1.0</xmp:CreatorTool>"};
-        const AnalysisResult result = analysed(DocumentType::Photoshop, written(clear));
-        QVERIFY(result.outcome.ok() && result.metadata.hasAlpha);
-        QCOMPARE(result.metadata.software, u"A program 1.0"_s);
-        QCOMPARE(QImage::fromData(result.preview).pixelColor(230, 180).alpha(), 0);
+        const Drawn clear = drawn({.samples = {255, 0, 0, 0},
+                                   .isTransparent = true,
+                                   .xmp = "<xmp:CreatorTool>A program 1.0</xmp:CreatorTool>"});
+        QVERIFY(clear.metadata.hasAlpha);
+        QCOMPARE(clear.metadata.software, u"A program 1.0"_s);
+        QCOMPARE(clear.centre().alpha(), 0);
         // Half there, merged onto white, in each model; stored numbers, and what they are without the white.
         const std::tuple<Psd, QColor> rows[] = {
             {{.samples = {255, 127, 127, 128}, .isTransparent = true}, QColor(255, 0, 0)},
@@ -163,98 +150,94 @@ private Q_SLOTS:
             {{.mode = 4, .samples = {255, 127, 127, 255, 128}, .isTransparent = true}, QColor(232, 0, 17)},
         };
         for (const auto& [psd, color] : rows) {
-            const AnalysisResult half = analysed(DocumentType::Photoshop, written(psd));
-            QVERIFY(half.outcome.ok() && half.metadata.hasAlpha);
-            const QColor seen = QImage::fromData(half.preview).pixelColor(230, 180);
+            const Drawn half = drawn(psd);
+            QVERIFY(half.metadata.hasAlpha);
+            const QColor seen = half.centre();
             QVERIFY2(seen.alpha() >= 127 && seen.alpha() <= 129, qPrintable(seen.name(QColor::HexArgb)));
             QVERIFY2(distance(seen, color) <= 45, qPrintable(seen.name()));
         }
         // A channel for something else hides nothing, and many of them harm nothing.
         Psd many{.samples = std::vector<int>(57, 0)};
         many.samples[1] = 255;
-        const AnalysisResult spots = analysed(DocumentType::Photoshop, written(many));
-        QCOMPARE(QImage::fromData(spots.preview).pixelColor(230, 180), QColor(0, 255, 0));
-        const AnalysisResult mask = analysed(DocumentType::Photoshop, written({.samples = {255, 0, 0, 0}}));
-        QVERIFY(mask.outcome.ok() && !mask.metadata.hasAlpha);
-        QCOMPARE(QImage::fromData(mask.preview).pixelColor(230, 180), QColor(255, 0, 0));
+        QCOMPARE(drawn(many).centre(), QColor(0, 255, 0));
+        const Drawn mask = drawn({.samples = {255, 0, 0, 0}});
+        QVERIFY(!mask.metadata.hasAlpha);
+        QCOMPARE(mask.centre(), QColor(255, 0, 0));
     }
 
     void palettes()
     {
         const Psd plain{.mode = 2, .samples = {1}, .palette = redAndBlue()};
-        const Psd packed{.mode = 2,
-                         .size = {300, 400},
-                         .samples = {0},
-                         .palette = redAndBlue(),
-                         .pixels = packedRows(400)};
-        Psd clear = packed;
+        Psd clear = packed();
         clear.transparentColor = 2;
         Psd large = plain;
         large.size = {5000, 3000};
         const std::tuple<Psd, QColor, int> rows[] = {
-            {plain, Qt::red, 255}, {large, Qt::red, 255}, {packed, Qt::blue, 255}, {clear, Qt::blue, 0}};
+            {plain, Qt::red, 255}, {large, Qt::red, 255}, {packed(), Qt::blue, 255}, {clear, Qt::blue, 0}};
         for (const auto& [psd, right, alpha] : rows) {
-            const AnalysisResult result = analysed(DocumentType::Photoshop, written(psd));
-            QVERIFY2(result.outcome.ok(), qPrintable(result.outcome.reason()));
-            const QImage preview = QImage::fromData(result.preview, "png");
-            QCOMPARE(preview.pixelColor(100, 180), QColor(Qt::red));
-            QCOMPARE(preview.pixelColor(360, 180).alpha(), alpha);
-            QVERIFY(alpha == 0 || preview.pixelColor(360, 180) == right);
-            QCOMPARE(result.metadata.hasAlpha, alpha == 0);
+            const Drawn document = drawn(psd);
+            QCOMPARE(document.shown.pixelColor(100, 180), QColor(Qt::red));
+            QCOMPARE(document.shown.pixelColor(360, 180).alpha(), alpha);
+            QVERIFY(alpha == 0 || document.shown.pixelColor(360, 180) == right);
+            QCOMPARE(document.metadata.hasAlpha, alpha == 0);
         }
     }
 
     /// The preview goes by the size in points.
     void sizes()
     {
-        const SizeRow rows[] = {
-            {{100, 80}, 0, {132, 132}, {100, 80}},
-            {{600, 400}, 300, {460, 360}, {144, 96}},
-            {{400, 300}, 300, {132, 132}, {96, 72}},
-            {{2000, 1500}, 300, {460, 360}, {460, 360}},
-        };
-        for (const SizeRow& row : rows) {
-            const AnalysisResult result =
-                analysed(DocumentType::Photoshop, written({.size = row.size, .dpi = row.dpi}));
-            QVERIFY2(result.outcome.ok(), qPrintable(result.outcome.reason()));
-            QCOMPARE(QSize(result.metadata.width, result.metadata.height), row.size);
-            QCOMPARE(result.metadata.dpi, row.dpi > 0 ? row.dpi : 72.0);
-            const QImage preview = QImage::fromData(result.preview, "png");
-            QCOMPARE(preview.size(), row.preview);
+        const std::tuple<QSize, int, QSize, int> rows[] = {{{100, 80}, 0, {132, 132}, 100},
+                                                           {{600, 400}, 300, {460, 360}, 144},
+                                                           {{400, 300}, 300, {132, 132}, 96},
+                                                           {{2000, 1500}, 300, {460, 360}, 460}};
+        for (const auto& [size, dpi, preview, drawnWidth] : rows) {
+            const Drawn document = drawn({.size = size, .dpi = dpi});
+            QCOMPARE(document.size, size);
+            QCOMPARE(document.metadata.dpi, dpi > 0 ? dpi : 72.0);
+            QCOMPARE(document.shown.size(), preview);
             int across = 0;
             for (int x = 0; x < preview.width(); ++x)
-                across += qAlpha(preview.pixel(x, preview.height() / 2)) > 127;
-            QCOMPARE(across, row.drawn.width());
-            QVERIFY(result.sideFile.isEmpty());
+                across += qAlpha(document.shown.pixel(x, preview.height() / 2)) > 127;
+            QCOMPARE(across, drawnWidth);
+            QVERIFY(document.sideFile.isEmpty());
         }
     }
 
     void refused()
     {
         const QByteArray good = written({});
-        QByteArray longSection = good;
-        longSection.replace(26, 4, "\x7f\xff\xff\xff");
-        QByteArray giant = good;
-        giant.replace(14, 8, QByteArray("\0\1\0\0\0\1\0\0", 8));
-        const Psd indexed{.mode = 2,
-                          .size = {300, 400},
-                          .samples = {0},
-                          .palette = redAndBlue(),
-                          .pixels = packedRows(400)};
-        const QByteArray packed = written(indexed);
-        QByteArray longRow = packed;
-        longRow.replace(packed.size() - 400 * 13, 2, "\xff\xff");
-        QByteArray unknown = packed;
-        unknown.replace(packed.size() - 400 * 13 - 2, 2, QByteArray("\0\2", 2));
+        const auto with = [](QByteArray bytes, qsizetype at, const QByteArray& other) {
+            return bytes.replace(at, other.size(), other);
+        };
+        const QByteArray rows = written(packed());
+        const qsizetype firstRow = rows.size() - 400 * 13;
         for (const QByteArray& bytes :
-             {QByteArray(), QByteArray("8BPS"), good.left(28), good.left(50), longSection, giant,
-              packed.chopped(3), packed.chopped(5000), longRow, unknown, written({.mode = 2, .samples = {1}}),
+             {QByteArray(), "8BPS"_ba, good.left(28), good.left(50),
+              with(good, 26, "\x7f\xff\xff\xff"),    // a section longer than the file
+              with(good, 14, "\0\1\0\0\0\1\0\0"_ba), // a giant
+              rows.chopped(3), rows.chopped(5000),
+              with(rows, firstRow, "\xff\xff"),    // a row longer than the file
+              with(rows, firstRow - 2, "\0\2"_ba), // packed in no known way
+              written({.mode = 2, .samples = {1}}),
               written({.mode = 2, .samples = {1}, .palette = redAndBlue()}).chopped(1)})
             expectRefusal(DocumentType::Photoshop, bytes);
     }
-};
 
-} // namespace
+private:
+    /// A palette's rows, packed.
+    static Psd packed()
+    {
+        return {.mode = 2,
+                .size = {300, 400},
+                .samples = {0},
+                .palette = redAndBlue(),
+                .pixels = packedRows(400)};
+    }
+    [[nodiscard]] Drawn drawn(const Psd& psd) const
+    {
+        return RendererTest::drawn(DocumentType::Photoshop, written(psd));
+    }
+};
 
 QTEST_MAIN(tst_Photoshop)
 #include "tst_photoshop.moc"

@@ -88,71 +88,66 @@ QByteArray bmp(int bits, int compression, quint32 used, const QByteArray& table,
     return bytes + table + row;
 }
 
-struct PictureRow {
-    DocumentType type;
-    QByteArray file;
-    QSize size;
-    double dpi;
-    int depth = 8;
-};
+} // namespace
 
 class tst_RareBitmaps : public RendererTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void drawn()
+    void formats()
     {
+        using enum DocumentType;
         const QImage large = test::quarters({1401, 1001});
         const QImage small = test::quarters({101, 81});
-        const auto tiff = [&](QStringList how) { return converted(large, how << u"tiff:-"_s); };
-        const PictureRow rows[] = {
-            {DocumentType::Jpeg2000, jpeg2000(large), large.size(), 72},
-            {DocumentType::Jpeg2000, jpeg2000(small), small.size(), 72},
-            {DocumentType::Tiff, tiff({u"-depth"_s, u"12"_s}), large.size(), 96, 12},
-            {DocumentType::Tiff, tiff({u"-colorspace"_s, u"Lab"_s, u"-depth"_s, u"8"_s}), large.size(), 96},
-            {DocumentType::Tiff,
-             tiff({u"-alpha"_s, u"set"_s, u"-colorspace"_s, u"Lab"_s, u"-depth"_s, u"16"_s}), large.size(),
-             96, 16},
-            {DocumentType::Pict, pict(large), large.size(), 96},
-            {DocumentType::QuickTimeImage,
-             quickTimeImage(large.size(), "jpeg", 24, test::encoded(large, "jpg")), large.size(), 144},
-            {DocumentType::QuickTimeImage,
-             quickTimeImage(large.size(), "png ", 32, test::encoded(large, "png")), large.size(), 144},
-            {DocumentType::QuickTimeImage, quickTimeImage(small.size(), "raw ", 24, plainPixels(small)),
-             small.size(), 144},
+        const auto tiff = [&](const char* how) {
+            return converted(large, QString::fromLatin1(how).split(u' ') << u"tiff:-"_s);
         };
-        for (const PictureRow& row : rows) {
-            const AnalysisResult result = analysed(row.type, row.file);
-            QVERIFY2(result.outcome.ok(), qPrintable(result.outcome.reason()));
-            const bool isJpeg = row.type == DocumentType::Jpeg2000;
-            const QImage preview = QImage::fromData(result.preview, isJpeg ? "jpg" : "png");
-            const bool isTiny = row.size.width() <= 132;
-            QCOMPARE(preview.size(), isTiny ? QSize(132, 132) : QSize(460, 360));
-            const QPoint centre = preview.rect().center();
-            QVERIFY(preview.pixelColor(centre - QPoint(30, 30)).red() > 200);
-            QVERIFY(preview.pixelColor(centre + QPoint(30, -30)).green() > 100);
-            QVERIFY(preview.pixelColor(centre - QPoint(30, -30)).blue() > 200);
-            QCOMPARE(QSize(result.metadata.width, result.metadata.height), row.size);
-            QCOMPARE(result.metadata.dpi, row.dpi);
-            QCOMPARE(result.metadata.depth, row.depth);
-            QVERIFY(!result.hasFrames && result.sideFile.isEmpty());
+        const auto quickTime = [](const char* codec, const QImage& image, int bits, const QByteArray& data) {
+            return quickTimeImage(image.size(), codec, bits, data);
+        };
+        struct Row {
+            DocumentType type;
+            QByteArray bytes;
+            const QImage& image;
+            double dpi;
+            int depth = 8;
+        };
+        for (const Row& row :
+             {Row{Jpeg2000, jpeg2000(large), large, 72},
+              {Jpeg2000, jpeg2000(small), small, 72},
+              {Tiff, tiff("-depth 12"), large, 96, 12},
+              {Tiff, tiff("-colorspace Lab -depth 8"), large, 96},
+              {Tiff, tiff("-alpha set -colorspace Lab -depth 16"), large, 96, 16},
+              {Pict, pict(large), large, 96},
+              {QuickTimeImage, quickTime("jpeg", large, 24, test::encoded(large, "jpg")), large, 144},
+              {QuickTimeImage, quickTime("png ", large, 32, test::encoded(large, "png")), large, 144},
+              {QuickTimeImage, quickTime("raw ", small, 24, plainPixels(small)), small, 144}}) {
+            const Drawn picture = drawn(row.type, row.bytes, row.type == Jpeg2000 ? "jpg" : "png");
+            QCOMPARE(picture.shown.size(), row.image.width() <= 132 ? QSize(132, 132) : QSize(460, 360));
+            const QPoint centre = picture.shown.rect().center();
+            QVERIFY(picture.shown.pixelColor(centre - QPoint(30, 30)).red() > 200);
+            QVERIFY(picture.shown.pixelColor(centre + QPoint(30, -30)).green() > 100);
+            QVERIFY(picture.shown.pixelColor(centre - QPoint(30, -30)).blue() > 200);
+            QCOMPARE(picture.size, row.image.size());
+            QCOMPARE(picture.metadata.dpi, row.dpi);
+            QCOMPARE(picture.metadata.depth, row.depth);
+            QVERIFY(!picture.hasFrames && picture.sideFile.isEmpty());
         }
     }
 
     void grayWithOpacity()
     {
+        const QColor color(255, 255, 255, 128);
         QImage white({20, 10}, QImage::Format_ARGB32);
-        white.fill(QColor(255, 255, 255, 128));
+        white.fill(color);
         const QByteArray planes =
             converted(white, {u"-colorspace"_s, u"Gray"_s, u"-interlace"_s, u"plane"_s, u"tiff:-"_s});
         for (const auto& [type, bytes] : {std::pair(DocumentType::Tga, grayTga({20, 10}, 255, 128)),
                                           std::pair(DocumentType::Tiff, planes)}) {
-            const AnalysisResult result = analysed(type, bytes);
-            QVERIFY(result.outcome.ok());
-            QVERIFY(result.metadata.hasAlpha);
-            QCOMPARE(result.metadata.colorModel, u"Gray"_s);
-            const QImage preview = QImage::fromData(result.preview, "png");
-            QCOMPARE(preview.pixelColor(preview.rect().center()), QColor(255, 255, 255, 128));
+            const Drawn picture = drawn(type, bytes);
+            QVERIFY(picture.metadata.hasAlpha);
+            QCOMPARE(picture.metadata.colorModel, u"Gray"_s);
+            QCOMPARE(picture.centre(), color);
         }
     }
 
@@ -171,11 +166,9 @@ private Q_SLOTS:
             for (std::size_t at = 0; at < words.size(); at += 2)
                 stream << words[at] << quint16(3) << quint32(1) << words[at + 1] << quint16(0);
             stream << quint32(0);
-            const AnalysisResult result = analysed(DocumentType::Tiff, bytes);
-            QVERIFY2(result.outcome.ok(), qPrintable(result.outcome.reason()));
-            const QImage preview = QImage::fromData(result.preview, "png");
-            QCOMPARE(preview.pixelColor(65, 65), QColor(200, 200, 200));
-            QCOMPARE(preview.pixelColor(66, 65), QColor(90, 90, 90));
+            const QImage shown = drawn(DocumentType::Tiff, bytes).shown;
+            QCOMPARE(shown.pixelColor(65, 65), QColor(200, 200, 200));
+            QCOMPARE(shown.pixelColor(66, 65), QColor(90, 90, 90));
         }
     }
 
@@ -193,41 +186,38 @@ private Q_SLOTS:
             {bmp(8, 0, 0x7fffffff, palette, QByteArray("\0\1\0\0", 4)), Qt::blue},
         };
         for (const auto& [bytes, left] : rows) {
-            const AnalysisResult result = analysed(DocumentType::Bmp, bytes);
-            QVERIFY2(result.outcome.ok(), qPrintable(result.outcome.reason()));
-            QCOMPARE(result.metadata.hasAlpha, left.alpha() < 255);
-            const QImage preview = QImage::fromData(result.preview, "png");
-            QCOMPARE(preview.pixelColor(65, 65), left);
-            QCOMPARE(preview.pixelColor(66, 65), QColor(Qt::green));
+            const Drawn picture = drawn(DocumentType::Bmp, bytes);
+            QCOMPARE(picture.metadata.hasAlpha, left.alpha() < 255);
+            QCOMPARE(picture.shown.pixelColor(65, 65), left);
+            QCOMPARE(picture.shown.pixelColor(66, 65), QColor(Qt::green));
             expectRefusal(DocumentType::Bmp, bytes.chopped(2));
         }
     }
 
     void refused()
     {
+        using enum DocumentType;
         const QByteArray wavelets = jpeg2000(test::noise({600, 500}));
         const QByteArray coded =
             quickTimeImage({50, 40}, "png ", 32, test::encoded(test::noise({50, 40}), "png"));
         const std::pair<DocumentType, QByteArray> rows[] = {
-            {DocumentType::Jpeg2000, wavelets.left(60)},
-            {DocumentType::Jpeg2000, wavelets.left(wavelets.size() / 2)},
-            {DocumentType::Jpeg2000, "no picture"},
-            {DocumentType::Pict, pict(test::noise({50, 40})).left(545)},
-            {DocumentType::Pict, QByteArray(600, '\0')},
-            {DocumentType::QuickTimeImage, coded.left(coded.size() - 20)},
-            {DocumentType::QuickTimeImage, quickTimeImage({5, 5}, "cvid", 24, "data")},
-            {DocumentType::QuickTimeImage, quickTimeImage({500, 500}, "raw ", 24, "data")},
+            {Jpeg2000, wavelets.left(60)},
+            {Jpeg2000, wavelets.left(wavelets.size() / 2)},
+            {Jpeg2000, "no picture"},
+            {Pict, pict(test::noise({50, 40})).left(545)},
+            {Pict, QByteArray(600, '\0')},
+            {QuickTimeImage, coded.left(coded.size() - 20)},
+            {QuickTimeImage, quickTimeImage({5, 5}, "cvid", 24, "data")},
+            {QuickTimeImage, quickTimeImage({500, 500}, "raw ", 24, "data")},
+            {QuickTimeImage, quickTimeImage({65535, 65535}, "raw ", 24, "data")},
             // By another name.
-            {DocumentType::Svg, coded},
-            {DocumentType::Png, "<?xml version='1.0'?><!-- A drawing -->\n<svg/>"},
-            {DocumentType::QuickTimeImage, quickTimeImage({65535, 65535}, "raw ", 24, "data")},
+            {Svg, coded},
+            {Png, "<?xml version='1.0'?><!-- A drawing -->\n<svg/>"},
         };
         for (const auto& [type, bytes] : rows)
             expectRefusal(type, bytes);
     }
 };
-
-} // namespace
 
 QTEST_MAIN(tst_RareBitmaps)
 #include "tst_rarebitmaps.moc"
