@@ -12,20 +12,6 @@ namespace mosaro::organisation {
 using store::Comparison;
 using store::Predicate;
 
-namespace {
-
-Predicate predicateOf(int colorType, bool likedOnly)
-{
-    Predicate ofType = Predicate::compare(QLatin1String("colorType"), Comparison::Equal, colorType);
-    if (!likedOnly) {
-        return ofType;
-    }
-    return Predicate::allOf(
-        {std::move(ofType), Predicate::compare(QLatin1String("isLike"), Comparison::Equal, true)});
-}
-
-} // namespace
-
 const std::array<ColorOption, kColorTypes + 1>& colorOptions()
 {
     static const std::array<ColorOption, kColorTypes + 1> kOptions{
@@ -47,6 +33,22 @@ ColorViewOptions ColorViewOptions::read(const base::ZNUserDefaults& defaults)
     }
     options.likedOnly = defaults.boolean(base::PREFS_SHOW_LIKE_COLORS_ONLY);
     return options;
+}
+
+Predicate colorsOnShow(const ColorViewOptions& options)
+{
+    QVariantList types;
+    for (int type = 0; type < kColorTypes; ++type) {
+        if (options.shownTypes[size_t(type)]) {
+            types.append(type);
+        }
+    }
+    Predicate ofTypes = Predicate::compare(QLatin1String("colorType"), Comparison::In, types);
+    if (!options.likedOnly) {
+        return ofTypes;
+    }
+    return Predicate::allOf(
+        {std::move(ofTypes), Predicate::compare(QLatin1String("isLike"), Comparison::Equal, true)});
 }
 
 QString ColorGroup::headerText() const
@@ -78,32 +80,18 @@ std::vector<store::RowId> colorsNamed(store::ZNDBManager& library, const QString
     return found;
 }
 
-void ColorGroups::clear()
+ColorGroups::ColorGroups(store::ZNDBManager& library, const std::vector<store::ColorRow>& rows)
 {
-    m_colors.clear();
-    m_group.clear();
-    m_orphans.clear();
-}
-
-void ColorGroups::reload(store::ZNDBManager& library, const ColorViewOptions& options)
-{
-    clear();
+    std::array<std::vector<MRColorTagItem>, kColorTypes> lists;
+    for (const store::ColorRow& row : rows) {
+        if (row.uses > 0) {
+            lists.at(size_t(row.colorType)).emplace_back(library, row);
+        } else {
+            m_orphans.push_back(row.row);
+        }
+    }
     for (int type = 0; type < kColorTypes; ++type) {
-        if (!options.shownTypes[size_t(type)]) {
-            continue;
-        }
-        const auto rows = store::colorRows(*library.context(), predicateOf(type, options.likedOnly));
-        if (!rows) {
-            continue;
-        }
-        std::vector<MRColorTagItem> list;
-        for (const store::ColorRow& row : rows.value()) {
-            if (row.uses > 0) {
-                list.emplace_back(library, row);
-            } else {
-                m_orphans.push_back(row.row);
-            }
-        }
+        std::vector<MRColorTagItem>& list = lists[size_t(type)];
         if (!list.empty()) {
             m_group.push_back({type, int(m_colors.size()), int(list.size())});
         }

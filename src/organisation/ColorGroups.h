@@ -36,12 +36,15 @@ struct ColorGroup {
     [[nodiscard]] QString headerText() const;
 };
 
-/// The colours of a library in display order: up to four groups, each by hue, saturation and brightness.
+/// Which colours belong into the groups on show.
+[[nodiscard]] store::Predicate colorsOnShow(const ColorViewOptions& options);
+
+/// The colours of a library in display order: up to four groups, each by hue, saturation and brightness. May
+/// be made on a worker.
 class ColorGroups {
 public:
-    /// A group whose query fails is empty.
-    void reload(store::ZNDBManager& library, const ColorViewOptions& options);
-    void clear();
+    ColorGroups() = default;
+    ColorGroups(store::ZNDBManager& library, const std::vector<store::ColorRow>& rows);
 
     [[nodiscard]] const std::vector<MRColorTagItem>& colors() const { return m_colors; }
     [[nodiscard]] MRColorTagItem& color(int position) { return m_colors[size_t(position)]; }

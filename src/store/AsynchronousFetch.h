@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Result.h"
+#include "store/RowReader.h"
 #include "store/StoreContext.h"
 
 #include <QObject>
@@ -31,12 +32,28 @@ public:
     /// The rows alone, under the same terms.
     void fetchIds(const EntityInfo& entity, const Query& query, std::function<void(const Ids&)> completion);
 
+    /// The same for whatever `work` makes of rows on the worker.
+    template <class Value>
+    void read(std::function<Value(RowReader&)> work, std::function<void(Value)> completion);
+
 private:
+    /// `work` gives what is to be done on the main thread.
+    void runOnReader(std::function<std::function<void()>(RowReader&)> work);
+
     StoreContext& m_context;
     QObject m_receiver;
     std::atomic<bool> m_stop = false;
     QThreadPool m_pool;
 };
+
+template <class Value>
+void AsynchronousFetch::read(std::function<Value(RowReader&)> work, std::function<void(Value)> completion)
+{
+    runOnReader([work = std::move(work), completion = std::move(completion)](RowReader& reader) {
+        const auto value = std::make_shared<Value>(work(reader)); // Never copied, however large.
+        return [value, completion] { completion(std::move(*value)); };
+    });
+}
 
 template <class T>
 void AsynchronousFetch::executeFetchRequest(const Query& query, Completion<T> completion)

@@ -8,10 +8,14 @@
 
 namespace mosaro::store {
 
-base::Result<std::vector<ColorRow>> colorRows(StoreContext& context, const Predicate& predicate)
+namespace {
+
+/// From a context or a reader.
+template <class Source>
+base::Result<std::vector<ColorRow>> rowsFrom(Source& source, const Predicate& predicate)
 {
     std::vector<ColorRow> rows;
-    const auto read = context.forEachRow(
+    const auto read = source.forEachRow(
         Colors::info(),
         "id, colorID, colorType, isLike, (SELECT count(*) FROM ColorList WHERE ColorList.colors = Colors.id)",
         {predicate, {}, -1}, [&rows](SQLite::Statement& row) {
@@ -22,6 +26,18 @@ base::Result<std::vector<ColorRow>> colorRows(StoreContext& context, const Predi
     if (!read)
         return read.failure();
     return rows;
+}
+
+} // namespace
+
+base::Result<std::vector<ColorRow>> colorRows(StoreContext& context, const Predicate& predicate)
+{
+    return rowsFrom(context, predicate);
+}
+
+base::Result<std::vector<ColorRow>> colorRows(RowReader& reader, const Predicate& predicate)
+{
+    return rowsFrom(reader, predicate);
 }
 
 MediaSet itemsOfColors(StoreContext& context, std::span<const RowId> colors)

@@ -3,6 +3,7 @@
 #include "base/Result.h"
 #include "store/MediaSet.h"
 #include "store/Query.h"
+#include "store/RowReader.h"
 #include "store/StoreContext.h"
 
 #include <vector>
@@ -21,6 +22,7 @@ struct ColorRow {
 /// The colours that fulfil a condition, by row; in one go, without their records.
 [[nodiscard]] base::Result<std::vector<ColorRow>> colorRows(StoreContext& context,
                                                             const Predicate& predicate);
+[[nodiscard]] base::Result<std::vector<ColorRow>> colorRows(RowReader& reader, const Predicate& predicate);
 
 /// The items that have any of the colours of these rows.
 [[nodiscard]] MediaSet itemsOfColors(StoreContext& context, std::span<const RowId> colors);

@@ -1,6 +1,6 @@
 #include "base/Text.h"
 #include "organisation/ColorCommands.h"
-#include "organisation/ColorGroups.h"
+#include "organisation/ColorReader.h"
 #include "store/ColorList.h"
 #include "support/TemporaryLibrary.h"
 
@@ -37,7 +37,8 @@ struct World {
     /// The groups as "type:first+count:hex hex …|…".
     QString shown(const ColorViewOptions& options = {})
     {
-        groups.reload(library.manager(), options);
+        const auto rows = store::colorRows(library.context(), organisation::colorsOnShow(options));
+        groups = ColorGroups(library.manager(), rows.value());
         QStringList parts;
         for (const auto& [type, first, count] : groups.group()) {
             QStringList hex;
@@ -120,6 +121,29 @@ private Q_SLOTS:
         QCOMPARE(organisation::colorsNamed(world.library.manager(), u"#ff0000"_s).size(), size_t(2));
         QCOMPARE(organisation::colorsNamed(world.library.manager(), kGrey).size(), size_t(2));
         QVERIFY(organisation::colorsNamed(world.library.manager(), u"#"_s).empty());
+    }
+
+    void readingsFollowEachOther()
+    {
+        World world;
+        world.add(kRed, 0, 1);
+        world.add(kGrey, 1, 1);
+        std::vector<size_t> read;
+        organisation::ColorReader reader(world.library.manager(), [&read](const ColorGroups& groups) {
+            read.push_back(groups.colors().size());
+        });
+        reader.start({});
+        reader.start({{false, false, true, false}, false});
+        reader.start({{true, false, false, false}, false});
+        QVERIFY(read.empty() && reader.isRunning());
+        QTRY_VERIFY(!reader.isRunning());
+        QCOMPARE(read, std::vector<size_t>{1}); // Only the last one is told.
+        reader.start({});
+        QTRY_COMPARE(read, (std::vector<size_t>{1, 2}));
+        reader.start({});
+        world.library.manager().closeDatabase();
+        QTRY_VERIFY(!reader.isRunning());
+        QCOMPARE(read.size(), size_t(2));
     }
 
     void itemsOfSeveralColorsOnce()

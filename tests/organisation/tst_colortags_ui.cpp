@@ -64,7 +64,9 @@ struct World : test::FakeDesktop {
         sidebar->show();
         sidebar->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(sidebar.get()));
+        const int before = announced;
         source->reload();
+        QTRY_COMPARE(announced, before + 1);
         source->contentView().setFocus();
     }
 
@@ -148,12 +150,12 @@ private Q_SLOTS:
                 box->click();
             }
         }
-        QCOMPARE(world.grid().selectionIndexes().count(), 0);
+        QTRY_COMPARE(world.grid().selectionIndexes().count(), 0);
         QCOMPARE(world.items(), size_t(0));
         QVERIFY(world.grid().guideString().isEmpty());
         world.library.defaults().updateUserDefaults(base::PREFS_SHOW_LIKE_COLORS_ONLY, true);
         world.utilities.postNotification(base::MSARO_NOTI_RELOAD_ALL_COLORS);
-        QCOMPARE(world.grid().guideString(), base::text("Message.No.Colors"));
+        QTRY_COMPARE(world.grid().guideString(), base::text("Message.No.Colors"));
     }
 
     void marksFollowTheMenu()

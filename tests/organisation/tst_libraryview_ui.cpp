@@ -5,6 +5,7 @@
 #include "kit/Sheet.h"
 #include "organisation/SidebarWorld.h"
 #include "organisation/ui/CollectionTreeModel.h"
+#include "organisation/ui/MRColorBrowserView.h"
 
 #include <QDragMoveEvent>
 #include <QLineEdit>
@@ -46,6 +47,38 @@ private Q_SLOTS:
         QVERIFY(!world.row(base::text("Lib.Screen")).isValid());
         QCOMPARE(world.selected(), QString());
         QCOMPARE(world.library.state().expandedCollections(), QStringList(u"0"_s));
+    }
+
+    void colorsFollowADeletionOfItems()
+    {
+        World world;
+        const auto collection = world.add(u"C"_s);
+        const auto red = world.library.addColor(u"1+0+0+1"_s, 0);
+        const auto blue = world.library.addColor(u"0+0+1+1"_s, 0);
+        std::vector<std::shared_ptr<store::Media>> items;
+        for (const auto& color : {red, red, blue}) {
+            items.push_back(world.library.addMedia(u"m"_s, collection));
+            world.library.link(items.back(), color);
+        }
+        world.library.defaults().updateUserDefaults(base::PREFS_GLOBAL_LAST_SELECTED_LIBRARY_ITEM, 2);
+        world.open();
+        auto& grid = *world.view->findChild<organisation::MRColorBrowserView*>();
+        const auto uses = [&grid] {
+            QStringList texts;
+            for (int index = 0; index < grid.model()->count(); ++index) {
+                texts.append(grid.model()->accessibleText(index).section(u", "_s, 1));
+            }
+            return texts.join(u'|');
+        };
+        QTRY_COMPARE(uses(), u"In 2 items|In 1 item"_s);
+        grid.setSelectionIndexes(kit::GridSelection({0, 0}));
+        QCOMPARE(world.view->selectedObjects().ids.size(), size_t(2));
+        world.library.context().remove(*items[0]);
+        world.library.context().remove(*items[2]);
+        QVERIFY(world.library.context().save());
+        world.post(base::MOSARO_NOTI_COMPLETED_MEDIA_DELETED);
+        QTRY_COMPARE(uses(), u"In 1 item"_s);
+        QCOMPARE(world.view->selectedObjects().ids.size(), size_t(1));
     }
 
     void newCollectionOpensItsNameForEditing()

@@ -29,8 +29,9 @@ QIcon menuIcon(const QImage& color)
 
 MRLibraryColorTagsSource::MRLibraryColorTagsSource(const SidebarEnvironment& environment, QWidget& sidebar,
                                                    std::function<void()> selectLibrary)
-    : m_environment(environment), m_selectLibrary(std::move(selectLibrary)), m_orphans(environment.library),
-      m_browserView(new MRColorBrowserView(m_groups)),
+    : m_environment(environment), m_selectLibrary(std::move(selectLibrary)),
+      m_reader(environment.library, [this](ColorGroups groups) { show(std::move(groups)); }),
+      m_orphans(environment.library), m_browserView(new MRColorBrowserView(m_groups)),
       m_view(new ColorSourceView(*m_browserView, environment.defaults, &sidebar)),
       m_menu(new ColorMenu({[this](ColorCommand command) { return validate(command); },
                             [this] { return selectedLikeMarks(); },
@@ -104,10 +105,14 @@ void MRLibraryColorTagsSource::reload()
         return;
     }
     m_isStale = !isInstalled();
-    if (m_isStale) {
-        return;
+    if (!m_isStale) {
+        m_reader.start(ColorViewOptions::read(m_environment.defaults));
     }
-    m_groups.reload(m_environment.library, ColorViewOptions::read(m_environment.defaults));
+}
+
+void MRLibraryColorTagsSource::show(ColorGroups groups)
+{
+    m_groups = std::move(groups);
     m_orphans.collect(m_groups.orphans());
     updateImageBrowserViewTitle();
     m_browserView->reloadColors();
@@ -135,6 +140,9 @@ void MRLibraryColorTagsSource::updateSelection()
 {
     if (m_isStale) {
         reload();
+        return;
+    }
+    if (m_reader.isRunning()) {
         return;
     }
     const kit::GridSelection selection = m_browserView->selectionIndexes();
@@ -273,9 +281,13 @@ void MRLibraryColorTagsSource::markSelected(bool isLike)
             m_groups.color(position) = item;
         }
     };
-    m_marking.start({.count = qsizetype(marked->size()), .step = step, .sliceEnded = [this](qsizetype) {
-                         m_browserView->viewport()->update();
-                     }});
+    const auto sliceEnded = [this](qsizetype) {
+        m_browserView->viewport()->update();
+        if (m_reader.isRunning()) { // What is being read may be older than the marks.
+            reload();
+        }
+    };
+    m_marking.start({.count = qsizetype(marked->size()), .step = step, .sliceEnded = sliceEnded});
 }
 
 void MRLibraryColorTagsSource::updateImageBrowserViewTitle()

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "organisation/ColorCommands.h"
-#include "organisation/ColorGroups.h"
+#include "organisation/ColorReader.h"
 #include "organisation/ui/MRLibraryView.h"
 #include "organisation/ui/SidebarSource.h"
 
@@ -24,8 +24,9 @@ public:
                              std::function<void()> selectLibrary);
     ~MRLibraryColorTagsSource() override;
 
-    /// Reads the colours; while the tab is not on show, as soon as it is.
+    /// Reads the colours, which are shown a moment later; while the tab is not on show, as soon as it is.
     void reload() override;
+    /// While the colours are being read this waits for them.
     void updateSelection() override;
     [[nodiscard]] std::vector<store::SelectionElement> selectedCollection() const override;
     [[nodiscard]] QMenu& contextualMenu() override;
@@ -44,6 +45,7 @@ private:
     void observeBus();
     void connectView();
     void run(ColorCommand command);
+    void show(ColorGroups groups);
     void browserSelectionDidChange();
     void restoreSelection();
     void selectNothing();
@@ -57,6 +59,7 @@ private:
     SidebarEnvironment m_environment;
     std::function<void()> m_selectLibrary;
     ColorGroups m_groups;
+    ColorReader m_reader;
     OrphanedColors m_orphans;
     SlicedRun m_marking;
     MRColorBrowserView* m_browserView; ///< Child of the content view.
