@@ -37,27 +37,12 @@ QByteArray pdf(const QByteArray& page, const QByteArray& trailer = {})
            trailer + ">>\n%%EOF\n";
 }
 
-QImage picture(const QByteArray& bytes)
-{
-    return QImage::fromData(bytes);
-}
-
 QColor at(const QImage& image, double across, double down)
 {
     return image.pixelColor(int(image.width() * across), int(image.height() * down));
 }
 
-struct PdfRow {
-    QByteArray page;
-    QSizeF size;
-    QSize preview;
-};
-
-struct EpsRow {
-    QByteArray box;
-    QSizeF size;
-    QSize sideFile, preview;
-};
+} // namespace
 
 class tst_Pages : public RendererTest {
     Q_OBJECT
@@ -65,7 +50,7 @@ class tst_Pages : public RendererTest {
 private Q_SLOTS:
     void pdfPages()
     {
-        const PdfRow rows[] = {
+        const std::tuple<QByteArray, QSizeF, QSize> rows[] = {
             {"/MediaBox[0 0 595.276 841.89]", {595.276, 841.89}, {255, 360}},
             {"/MediaBox[-10 0 590 300]", {600, 300}, {460, 230}},
             {"/MediaBox[0 0 2000 100]", {2000, 100}, {460, 360}}, // Too flat for the box, so it fills it.
@@ -73,52 +58,48 @@ private Q_SLOTS:
             {"/MediaBox[0 0 90 60]", {90, 60}, {460, 307}},
             {"/MediaBox[0 0 600 400]/CropBox[0 0 200 400]/Rotate 90", {600, 400}, {460, 230}},
         };
-        for (const PdfRow& row : rows) {
-            const AnalysisResult result = analysed(DocumentType::Pdf, pdf(row.page));
-            QVERIFY2(result.outcome.ok(),
-                     qPrintable(result.outcome.ok() ? QString() : result.outcome.reason()));
-            const QImage preview = picture(result.preview);
-            QCOMPARE(preview.size(), row.preview);
-            QCOMPARE(at(preview, 0.5, 0.5), QColor(Qt::red));
-            QCOMPARE(result.documentSize, row.size);
-            QVERIFY(result.sideFile.isEmpty() && !result.metadata.hasAlpha);
-            QCOMPARE(result.kind, MediaKind::Pdf);
-            QCOMPARE(result.pdf->pageCount, 1);
-            QCOMPARE(result.pdf->version, u"1.6"_s);
-            QCOMPARE(result.pdf->title, u"One\nPages:          99"_s);
-            QCOMPARE(result.pdf->author, u"A\nB"_s);
-            QCOMPARE(result.pdf->producer, QString());
-            QCOMPARE(result.pdf->created.toUTC(), QDateTime({2020, 1, 2}, {2, 4, 5}, Qt::UTC));
-            QVERIFY(!result.pdf->modified.isValid());
+        for (const auto& [page, size, preview] : rows) {
+            const Drawn document = drawn(DocumentType::Pdf, pdf(page), nullptr);
+            QCOMPARE(document.shown.size(), preview);
+            QCOMPARE(document.centre(), QColor(Qt::red));
+            QCOMPARE(document.documentSize, size);
+            QVERIFY(document.sideFile.isEmpty() && !document.metadata.hasAlpha);
+            QCOMPARE(document.kind, MediaKind::Pdf);
+            QCOMPARE(document.pdf->pageCount, 1);
+            QCOMPARE(document.pdf->version, u"1.6"_s);
+            QCOMPARE(document.pdf->title, u"One\nPages:          99"_s);
+            QCOMPARE(document.pdf->author, u"A\nB"_s);
+            QCOMPARE(document.pdf->producer, QString());
+            QCOMPARE(document.pdf->created.toUTC(), QDateTime({2020, 1, 2}, {2, 4, 5}, Qt::UTC));
+            QVERIFY(!document.pdf->modified.isValid());
         }
         QCOMPARE(analysed(DocumentType::Pdf, pdf("/MediaBox[0 0 9 9]"), MediaKind::Web).kind, MediaKind::Web);
     }
 
     void illustratorPages()
     {
-        const AnalysisResult result = analysed(DocumentType::Illustrator, pdf("/MediaBox[-500 0 500 700]"));
-        QVERIFY(result.outcome.ok());
-        QCOMPARE(picture(result.sideFile).size(), QSize(1000, 700));
-        QCOMPARE(at(picture(result.sideFile), 0.9, 0.5), QColor(Qt::red));
-        QCOMPARE(at(picture(result.sideFile), 0.1, 0.5).alpha(), 0);
-        QCOMPARE(picture(result.preview).size(), kPreviewBox);
-        QCOMPARE(result.sideFileSuffix, u"_ai.png"_s);
-        QCOMPARE(result.documentSize, QSizeF(1000, 700));
-        QCOMPARE(result.kind, MediaKind::Other);
-        QCOMPARE(result.pdf->pageCount, 1);
+        const Drawn page = drawn(DocumentType::Illustrator, pdf("/MediaBox[-500 0 500 700]"));
+        QCOMPARE(page.side.size(), QSize(1000, 700));
+        QCOMPARE(at(page.side, 0.9, 0.5), QColor(Qt::red));
+        QCOMPARE(at(page.side, 0.1, 0.5).alpha(), 0);
+        QCOMPARE(page.shown.size(), kPreviewBox);
+        QCOMPARE(page.sideFileSuffix, u"_ai.png"_s);
+        QCOMPARE(page.documentSize, QSizeF(1000, 700));
+        QCOMPARE(page.kind, MediaKind::Other);
+        QCOMPARE(page.pdf->pageCount, 1);
         // Drawn larger in parts, not by pixels; the lengths are no whole numbers.
         QVERIFY(analysed(DocumentType::Illustrator, pdf("/MediaBox[0 0 399.005 399.005]")).outcome.ok());
 
-        const AnalysisResult old = analysed(DocumentType::Illustrator,
-                                            postScript("0 0 90 80", QByteArray(kRed) + "0 0 45 80 rectfill"));
-        QVERIFY(old.outcome.ok() && !old.pdf && old.documentSize.isEmpty());
-        QCOMPARE(picture(old.sideFile).size(), QSize(90, 80));
-        QCOMPARE(picture(old.preview).size(), QSize(132, 132));
+        const Drawn old = drawn(DocumentType::Illustrator,
+                                postScript("0 0 90 80", QByteArray(kRed) + "0 0 45 80 rectfill"));
+        QVERIFY(!old.pdf && old.documentSize.isEmpty());
+        QCOMPARE(old.side.size(), QSize(90, 80));
+        QCOMPARE(old.shown.size(), QSize(132, 132));
     }
 
     void epsPictures()
     {
-        const EpsRow rows[] = {
+        const std::tuple<QByteArray, QSizeF, QSize, QSize> rows[] = {
             {"0 0 1000 800", {1000, 800}, {1000, 800}, {460, 360}},
             {"-100 -200 361 -190", {461, 10}, {461, 10}, {460, 360}},
             {"10 20 210 120", {200, 100}, {200, 100}, {460, 360}},
@@ -127,26 +108,23 @@ private Q_SLOTS:
             {"0 0 60000 10", {60000, 10}, {30000, 5}, {460, 360}},
             {"0 0 20000 20000", {20000, 20000}, {4000, 4000}, {460, 360}},
         };
-        for (const EpsRow& row : rows) {
-            const QList<QByteArray> edge = row.box.split(' ');
-            const QByteArray half = QByteArray::number(row.size.width() / 2);
-            const QByteArray height = QByteArray::number(row.size.height());
-            const AnalysisResult result =
-                analysed(DocumentType::Eps, postScript(row.box, kRed + edge[0] + ' ' + edge[1] + ' ' + half +
-                                                                    ' ' + height + " rectfill"));
-            QVERIFY2(result.outcome.ok(), row.box.constData());
-            const QImage sideFile = picture(result.sideFile);
-            QCOMPARE(sideFile.size(), row.sideFile);
-            QVERIFY2(at(sideFile, 0.25, 0.1) == QColor(Qt::red), row.box.constData());
-            QCOMPARE(at(sideFile, 0.25, 0.9), QColor(Qt::red));
-            QCOMPARE(at(sideFile, 0.75, 0.5).alpha(), 0);
-            const QImage preview = picture(result.preview);
-            QCOMPARE(preview.size(), row.preview);
-            QCOMPARE(at(preview, 0.49, 0.5), QColor(Qt::red));
-            QCOMPARE(at(preview, 0.9, 0.5).alpha(), 0);
-            QCOMPARE(result.documentSize, row.size);
-            QCOMPARE(result.kind, MediaKind::Other);
-            QVERIFY(result.metadata.hasAlpha);
+        for (const auto& [box, size, side, preview] : rows) {
+            // Red on the left half.
+            const QByteArray corner = box.left(box.indexOf(' ', box.indexOf(' ') + 1));
+            const QByteArray half =
+                QByteArray::number(size.width() / 2) + ' ' + QByteArray::number(size.height());
+            const Drawn picture =
+                drawn(DocumentType::Eps, postScript(box, kRed + corner + ' ' + half + " rectfill"));
+            QCOMPARE(picture.side.size(), side);
+            QVERIFY2(at(picture.side, 0.25, 0.1) == QColor(Qt::red), box.constData());
+            QCOMPARE(at(picture.side, 0.25, 0.9), QColor(Qt::red));
+            QCOMPARE(at(picture.side, 0.75, 0.5).alpha(), 0);
+            QCOMPARE(picture.shown.size(), preview);
+            QCOMPARE(at(picture.shown, 0.49, 0.5), QColor(Qt::red));
+            QCOMPARE(at(picture.shown, 0.9, 0.5).alpha(), 0);
+            QCOMPARE(picture.documentSize, size);
+            QCOMPARE(picture.kind, MediaKind::Other);
+            QVERIFY(picture.metadata.hasAlpha);
         }
     }
 
@@ -180,6 +158,7 @@ private Q_SLOTS:
 
     void hostileDocuments()
     {
+        using enum DocumentType;
         const QString secret = m_folder.filePath(u"secret"_s);
         test::writeFile(secret, "1 0 0 setrgbcolor 0 0 9 9 rectfill");
         const auto eps = [](const QByteArray& program) { return postScript("0 0 9 9", program); };
@@ -187,26 +166,24 @@ private Q_SLOTS:
         const QByteArray encrypted =
             pdf("/MediaBox[0 0 9 9]",
                 "/ID[<00><00>]/Encrypt<</Filter/Standard/V 1/R 2/P -4/O" + key + "/U" + key + ">>");
-        const QString locked = base::text("Failure.Document.Encrypted");
         const QString noPage = base::text("Failure.PostScript.NoPage");
+        const QString tooLarge = base::text("Failure.Image.TooLarge", u"900000"_s, u"9"_s);
         const QString died = base::text("Failure.Child.Died", u"gs"_s);
         const std::tuple<DocumentType, QByteArray, QString> rows[] = {
-            {DocumentType::Pdf, encrypted, locked},
-            {DocumentType::Pdf, pdf("/MediaBox[0 0 900000 9]/CropBox[0 0 9 9]"),
-             base::text("Failure.Image.TooLarge", u"900000"_s, u"9"_s)},
-            {DocumentType::Pdf, pdf("/MediaBox[0 0 90000 0.01]"),
+            {Pdf, encrypted, base::text("Failure.Document.Encrypted")},
+            {Pdf, pdf("/MediaBox[0 0 900000 9]/CropBox[0 0 9 9]"), tooLarge},
+            {Pdf, pdf("/MediaBox[0 0 90000 0.01]"),
              base::text("Failure.Document.TooThin", u"90000"_s, u"0.01"_s)},
-            {DocumentType::Pdf, "%PDF-1.4\nnothing", base::text("Failure.Child.Died", u"pdfinfo"_s)},
-            {DocumentType::Pdf, {}, base::text("Failure.Image.Empty")},
-            {DocumentType::Eps, eps("(" + secret.toUtf8() + ") run"), died},
-            {DocumentType::Eps, eps("(%pipe%touch " + secret.toUtf8() + "2) (w) file"), died},
-            {DocumentType::Eps, eps("[ { 1000000 string } loop"), died},
-            {DocumentType::Eps, eps("quit"), noPage},
-            {DocumentType::Eps, "%!PS\n/procedure { } def", noPage},
-            {DocumentType::Eps, "%!PS\n/ProcSet defineresource", noPage},
-            {DocumentType::Eps, "text", base::text("Failure.Image.NotAPicture")},
-            {DocumentType::Eps, postScript("0 0 900000 9", {}),
-             base::text("Failure.Image.TooLarge", u"900000"_s, u"9"_s)},
+            {Pdf, "%PDF-1.4\nnothing", base::text("Failure.Child.Died", u"pdfinfo"_s)},
+            {Pdf, {}, base::text("Failure.Image.Empty")},
+            {Eps, eps("(" + secret.toUtf8() + ") run"), died},
+            {Eps, eps("(%pipe%touch " + secret.toUtf8() + "2) (w) file"), died},
+            {Eps, eps("[ { 1000000 string } loop"), died},
+            {Eps, eps("quit"), noPage},
+            {Eps, "%!PS\n/procedure { } def", noPage},
+            {Eps, "%!PS\n/ProcSet defineresource", noPage},
+            {Eps, "text", base::text("Failure.Image.NotAPicture")},
+            {Eps, postScript("0 0 900000 9", {}), tooLarge},
         };
         for (const auto& [type, bytes, reason] : rows) {
             const AnalysisResult result = analysed(type, bytes);
@@ -215,11 +192,9 @@ private Q_SLOTS:
         }
         QVERIFY(!QFileInfo::exists(secret + u'2'));
         // Of endless pages only the first is asked for.
-        QVERIFY(analysed(DocumentType::Eps, eps("0 0 9 9 rectfill { showpage } loop")).outcome.ok());
+        QVERIFY(analysed(Eps, eps("0 0 9 9 rectfill { showpage } loop")).outcome.ok());
     }
 };
-
-} // namespace
 
 QTEST_MAIN(tst_Pages)
 #include "tst_pages.moc"
