@@ -1,4 +1,5 @@
 #include "import/FileHeaders.h"
+#include "import/PageDrawing.h"
 #include "import/VipsSupport.h"
 
 #include "FuzzInput.h"
@@ -16,6 +17,7 @@ const fuzz::Target target("TiffHeader", [](const QByteArray& bytes) {
     const std::optional<BitmapHeader> rare = readRareTiffHeader(path);
     if (rare && rare->isReadAsRgba && qint64(rare->size.width()) * rare->size.height() <= kMostPixels)
         (void)readTiffAsRgba(path, rare->size);
+    (void)drawnTiff(bytes, {4, 4});
     const std::optional<TiffHeader> header = readTiffHeader(path);
     if (!header)
         return;

@@ -23,6 +23,8 @@ using PageDrawer = std::function<base::Result<QImage>(const QRectF& part, QSize 
 
 /// The picture that a program wrote as PNG. It must have the size that was asked for.
 [[nodiscard]] base::Result<QImage> drawnPicture(const QByteArray& png, QSize expected);
+/// The same of one that was written as TIFF, whose colours are multiplied by the opacity already.
+[[nodiscard]] base::Result<QImage> drawnTiff(const QByteArray& tiff, QSize expected);
 
 struct PagePictures {
     QImage preview;
