@@ -1,11 +1,9 @@
 #include "base/Text.h"
 #include "import/ChildProcess.h"
 #include "support/Children.h"
+#include "support/Parallel.h"
 
-#include <QElapsedTimer>
-#include <QThreadPool>
 #include <QtTest>
-#include <atomic>
 #include <csignal>
 
 using namespace mosaro;
@@ -23,11 +21,7 @@ base::Result<QByteArray> shell(const QString& script, const ChildLimits& limits 
     return runChild(u"sh"_s, {u"-c"_s, script}, limits, input);
 }
 
-struct FailureRow {
-    QString script;
-    ChildLimits limits;
-    QString reason;
-};
+} // namespace
 
 class tst_ChildProcess : public QObject {
     Q_OBJECT
@@ -55,7 +49,7 @@ private Q_SLOTS:
         const QString died = base::text("Failure.Child.Died", u"sh"_s);
         const QString slow = base::text("Failure.Image.TooSlow");
         const ChildLimits second{1, kAmple.memoryBytes, kAmple.outputBytes};
-        const FailureRow rows[] = {
+        const std::tuple<QString, ChildLimits, QString> rows[] = {
             {u"exit 3"_s, kAmple, died},
             {u"kill -SEGV $$"_s, kAmple, died},
             {u"sleep 60"_s, second, slow},
@@ -65,12 +59,12 @@ private Q_SLOTS:
             {u"cat /dev/zero > file"_s, kAmple, died},
             {u"dd if=/dev/zero of=/dev/null bs=100M count=1 && echo never"_s, {20, 64 << 20, 1000}, died},
         };
-        for (const FailureRow& row : rows) {
+        for (const auto& [script, limits, reason] : rows) {
             QElapsedTimer timer;
             timer.start();
-            const base::Result<QByteArray> result = shell(row.script, row.limits);
-            QVERIFY2(!result.ok(), qPrintable(row.script));
-            QCOMPARE(result.reason(), row.reason);
+            const base::Result<QByteArray> result = shell(script, limits);
+            QVERIFY2(!result.ok(), qPrintable(script));
+            QCOMPARE(result.reason(), reason);
             QVERIFY(timer.elapsed() < 15'000);
         }
         QCOMPARE(runChild(u"no-such-program"_s, {}, kAmple).reason(),
@@ -96,18 +90,12 @@ private Q_SLOTS:
 
     void severalAtOnce()
     {
-        QThreadPool pool;
-        pool.setMaxThreadCount(4);
-        std::atomic<int> right = 0;
-        for (int number = 0; number < 24; ++number) {
-            pool.start([number, &right] {
-                const QByteArray text = QByteArray::number(number);
-                const base::Result<QByteArray> result = shell(u"cat"_s, kAmple, text);
-                right += result.ok() && result.value() == text;
-            });
-        }
-        pool.waitForDone();
-        QCOMPARE(right.load(), 24);
+        const auto comesBack = [](int number) {
+            const QByteArray text = QByteArray::number(number);
+            const base::Result<QByteArray> result = shell(u"cat"_s, kAmple, text);
+            return result.ok() && result.value() == text;
+        };
+        QCOMPARE(test::rightAtOnce(24, comesBack), 24);
     }
 
 private:
@@ -120,8 +108,6 @@ private:
 
     qsizetype m_descriptors = 0;
 };
-
-} // namespace
 
 QTEST_MAIN(tst_ChildProcess)
 #include "tst_childprocess.moc"

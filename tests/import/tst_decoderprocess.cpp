@@ -1,8 +1,8 @@
 #include "base/Text.h"
 #include "import/DecoderProcess.h"
 #include "support/Children.h"
+#include "support/Parallel.h"
 
-#include <QThreadPool>
 #include <QtTest>
 
 using namespace mosaro;
@@ -34,6 +34,8 @@ const QString kScript = uR"(
         esac
     done)"_s;
 
+} // namespace
+
 class tst_DecoderProcess : public QObject {
     Q_OBJECT
 
@@ -51,24 +53,22 @@ private Q_SLOTS:
     {
         const QString died = base::text("Failure.Child.Died", u"sh"_s);
         const QString output = base::text("Failure.Child.Output");
-        struct Row {
-            QByteArray document;
-            QString reason;
-            int next; ///< Which one the next document is for its decoder.
-        };
+        // The reason, and which one the next document is for its decoder.
+        const std::tuple<QByteArray, QString, int> rows[] = {
+            {"none", base::text("Failure.Image.Damaged"), 2},
+            {"much", output, 4},
+            {"torn", died, 1},
+            {"dies", died, 1},
+            {"ends", died, 1},
+            {"junk", output, 1},
+            {"huge", output, 1},
+            {"late", base::text("Failure.Image.TooSlow"), 1}};
         DecoderProcess decoder(u"/bin/sh"_s, {u"-c"_s, kScript});
-        for (const Row& row : {Row{"none", base::text("Failure.Image.Damaged"), 2},
-                               {"much", output, 4},
-                               {"torn", died, 1},
-                               {"dies", died, 1},
-                               {"ends", died, 1},
-                               {"junk", output, 1},
-                               {"huge", output, 1},
-                               {"late", base::text("Failure.Image.TooSlow"), 1}}) {
-            const base::Result<QImage> failed = drawn(decoder, row.document);
-            QVERIFY2(!failed.ok(), row.document.constData());
-            QCOMPARE(failed.reason(), row.reason);
-            QCOMPARE(number(drawn(decoder, "good")), row.next);
+        for (const auto& [document, reason, next] : rows) {
+            const base::Result<QImage> failed = drawn(decoder, document);
+            QVERIFY2(!failed.ok(), document.constData());
+            QCOMPARE(failed.reason(), reason);
+            QCOMPARE(number(drawn(decoder, "good")), next);
         }
         QVERIFY(drawn(decoder, "long").ok());
         QCOMPARE(number(drawn(decoder, "good")), 1); // What was said too much is nobody's answer.
@@ -99,18 +99,12 @@ private Q_SLOTS:
     // No decoder keeps another's socket open, whenever they start.
     void severalAtOnce()
     {
-        QThreadPool pool;
-        pool.setMaxThreadCount(4);
-        std::atomic<int> right = 0;
-        for (int task = 0; task < 24; ++task) {
-            pool.start([&right] {
-                DecoderProcess decoder(u"/bin/sh"_s, {u"-c"_s, kScript});
-                right += number(drawn(decoder, "good")) == 1 && !drawn(decoder, "ends").ok() &&
-                         number(drawn(decoder, "good")) == 1;
-            });
-        }
-        pool.waitForDone();
-        QCOMPARE(right.load(), 24);
+        const auto survives = [](int) {
+            DecoderProcess decoder(u"/bin/sh"_s, {u"-c"_s, kScript});
+            return number(drawn(decoder, "good")) == 1 && !drawn(decoder, "ends").ok() &&
+                   number(drawn(decoder, "good")) == 1;
+        };
+        QCOMPARE(test::rightAtOnce(24, survives), 24);
     }
 
 private:
@@ -126,8 +120,6 @@ private:
 
     qsizetype m_descriptors = 0;
 };
-
-} // namespace
 
 QTEST_GUILESS_MAIN(tst_DecoderProcess)
 #include "tst_decoderprocess.moc"

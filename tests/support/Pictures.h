@@ -60,7 +60,7 @@ bool writeTiff(const QString& path, const std::vector<QImage>& pages, const Tiff
 /// A TIFF written byte by byte: uncompressed RGB with exactly the tags given. `unit` 1 none, 2 inch, 3
 /// centimetre.
 struct PlainTiffTags {
-    QByteArray software;
+    QByteArray software = {};
     unsigned resolution = 0; ///< 0: no tag.
     unsigned unit = 0;       ///< 0: no tag.
 };
