@@ -35,47 +35,39 @@ QString described(const std::vector<DominantColor>& colors)
     return lines.join(u"; "_s);
 }
 
+} // namespace
+
 class tst_ColorEngine : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void colors_data()
-    {
-        QTest::addColumn<QImage>("image");
-        QTest::addColumn<QString>("colors");
-        // A cell reaches from two below its red to the red itself; zeros and what is below them count
-        // together.
-        QTest::newRow("one colour") << cells(QColor(100, 100, 100), {}) << u"98,98,98 1.000"_s;
-        QTest::newRow("black") << cells(Qt::black, {}) << u"0,0,0 1.000"_s;
-        QTest::newRow("backdrop drops out")
-            << cells(QColor(255, 0, 0), {{Qt::white, 16}}) << u"253,253,253 0.021"_s;
-        QTest::newRow("half and half, first seen first")
-            << cells(QColor(200, 200, 200), {{QColor(100, 100, 100), 50}})
-            << u"98,98,98 0.500; 198,198,198 0.500"_s;
-        // All votes of the second cloud lie within 60 of the first one's best vote, or the nearest that does
-        // not.
-        QTest::newRow("clouds within reach are one")
-            << cells(QColor(100, 100, 156), {{QColor(100, 100, 100), 60}}) << u"98,98,98 1.000"_s;
-        QTest::newRow("clouds one step out of reach are two")
-            << cells(QColor(100, 100, 157), {{QColor(100, 100, 100), 60}})
-            << u"98,98,98 0.600; 98,98,159 0.400"_s;
-        QTest::newRow("clouds reach less far up in red")
-            << cells(QColor(158, 100, 100), {{QColor(100, 100, 100), 60}}) << u"98,98,98 1.000"_s;
-        QTest::newRow("not cut off above 255") << cells(QColor(100, 100, 255), {{QColor(100, 100, 197), 60}})
-                                               << u"98,98,195 0.600; 98,98,256 0.400"_s;
-        QTest::newRow("backdrop at exactly 94 percent")
-            << cells(QColor(100, 100, 100), {{QColor(200, 200, 200), 6}}) << u"198,198,198 0.060"_s;
-        QTest::newRow("backdrop below 94 percent")
-            << cells(QColor(100, 100, 100), {{QColor(200, 200, 200), 7}})
-            << u"98,98,98 0.930; 198,198,198 0.070"_s;
-    }
+    // A cell reaches from two below its red to the red itself; zeros and what is below them count together.
     void colors()
     {
-        QFETCH(QImage, image);
-        QFETCH(QString, colors);
-        QCOMPARE(described(ZNColorEngine(image, 1).results()), colors);
-        // The size of the picture does not matter, only what falls into a cell.
-        QCOMPARE(described(ZNColorEngine(image.scaled(460, 360), 1).results()), colors);
+        const QColor gray(100, 100, 100);
+        const QColor light(200, 200, 200);
+        const std::tuple<const char*, QImage, QString> rows[] = {
+            {"one colour", cells(gray, {}), u"98,98,98 1.000"_s},
+            {"black", cells(Qt::black, {}), u"0,0,0 1.000"_s},
+            {"backdrop drops out", cells(Qt::red, {{Qt::white, 16}}), u"253,253,253 0.021"_s},
+            {"half and half, first seen first", cells(light, {{gray, 50}}),
+             u"98,98,98 0.500; 198,198,198 0.500"_s},
+            // All votes of the second cloud lie within 60 of the first one's best vote, or the nearest that
+            // does not.
+            {"clouds within reach are one", cells(QColor(100, 100, 156), {{gray, 60}}), u"98,98,98 1.000"_s},
+            {"clouds one step out of reach are two", cells(QColor(100, 100, 157), {{gray, 60}}),
+             u"98,98,98 0.600; 98,98,159 0.400"_s},
+            {"clouds reach less far up in red", cells(QColor(158, 100, 100), {{gray, 60}}),
+             u"98,98,98 1.000"_s},
+            {"not cut off above 255", cells(QColor(100, 100, 255), {{QColor(100, 100, 197), 60}}),
+             u"98,98,195 0.600; 98,98,256 0.400"_s},
+            {"backdrop at exactly 94 percent", cells(gray, {{light, 6}}), u"198,198,198 0.060"_s},
+            {"backdrop below 94 percent", cells(gray, {{light, 7}}), u"98,98,98 0.930; 198,198,198 0.070"_s}};
+        for (const auto& [name, image, colors] : rows) {
+            QVERIFY2(described(ZNColorEngine(image, 1).results()) == colors, name);
+            // The size of the picture does not matter, only what falls into a cell.
+            QVERIFY2(described(ZNColorEngine(image.scaled(460, 360), 1).results()) == colors, name);
+        }
     }
 
     void transparencyVotesForBlack()
@@ -107,8 +99,6 @@ private Q_SLOTS:
         QVERIFY(ZNColorEngine(QImage(), 1).results().empty());
     }
 };
-
-} // namespace
 
 QTEST_GUILESS_MAIN(tst_ColorEngine)
 #include "tst_colorengine.moc"

@@ -8,8 +8,6 @@ using namespace mosaro;
 using namespace Qt::StringLiterals;
 using namespace mosaro::importing;
 
-namespace {
-
 class tst_ImageOperations : public QObject {
     Q_OBJECT
 
@@ -45,13 +43,12 @@ private Q_SLOTS:
     {
         const QImage fitted = imageByScalingProportionallyToSize(test::plain({100, 100}, Qt::red),
                                                                  kPreviewBox, QColor(Qt::blue), true);
-        QCOMPARE(fitted.pixelColor(0, 0), QColor(Qt::blue));
-        QCOMPARE(fitted.pixelColor(459, 359), QColor(Qt::blue));
-        QCOMPARE(fitted.pixelColor(1, 1).alpha(), 0);
-        QCOMPARE(fitted.pixelColor(179, 130).alpha(), 0);
-        QCOMPARE(fitted.pixelColor(180, 130), QColor(Qt::red));
-        QCOMPARE(fitted.pixelColor(279, 229), QColor(Qt::red));
-        QCOMPARE(fitted.pixelColor(280, 229).alpha(), 0);
+        const std::pair<QPoint, QColor> rows[] = {{{0, 0}, Qt::blue},           {{459, 359}, Qt::blue},
+                                                  {{1, 1}, Qt::transparent},    {{179, 130}, Qt::transparent},
+                                                  {{180, 130}, Qt::red},        {{279, 229}, Qt::red},
+                                                  {{280, 229}, Qt::transparent}};
+        for (const auto& [place, color] : rows)
+            QCOMPARE(fitted.pixelColor(place), color);
         QVERIFY(imageByScalingProportionallyToSize({}, kPreviewBox, {}, true).isNull());
     }
 
@@ -104,32 +101,20 @@ private Q_SLOTS:
 
     void contentTypeGoesByTheFirstByte()
     {
-        for (const auto& [bytes, type] : {std::pair("<anything", "svg"),
-                                          {"BM", "bmp"},
-                                          {"G", "gif"},
-                                          {"I", "tif"},
-                                          {"MM", "tif"},
-                                          {"\x89", "png"},
-                                          {"\xff", "jpg"},
-                                          {"x", ""},
-                                          {"", ""}})
+        const std::pair<const char*, const char*> rows[] = {
+            {"<anything", "svg"}, {"BM", "bmp"},   {"G", "gif"}, {"I", "tif"}, {"MM", "tif"},
+            {"\x89", "png"},      {"\xff", "jpg"}, {"x", ""},    {"", ""}};
+        for (const auto& [bytes, type] : rows)
             QCOMPARE(contentTypeForImageData(bytes), QString::fromLatin1(type));
     }
 
     void rotation()
     {
-        struct Row {
-            double degrees;
-            QSize size;
-            QColor topLeft;
-        };
-        for (const auto& [degrees, size, topLeft] : {Row{0, {60, 40}, Qt::red},
-                                                     {360, {60, 40}, Qt::red},
-                                                     {90, {40, 60}, QColor(0, 255, 0)},
-                                                     {-90, {40, 60}, Qt::blue},
-                                                     {270, {40, 60}, Qt::blue},
-                                                     {180, {60, 40}, Qt::white},
-                                                     {-540, {60, 40}, Qt::white}}) {
+        const std::tuple<double, QSize, QColor> rows[] = {
+            {0, {60, 40}, Qt::red},     {360, {60, 40}, Qt::red},  {90, {40, 60}, Qt::green},
+            {-90, {40, 60}, Qt::blue},  {270, {40, 60}, Qt::blue}, {180, {60, 40}, Qt::white},
+            {-540, {60, 40}, Qt::white}};
+        for (const auto& [degrees, size, topLeft] : rows) {
             const QImage turned = imageRotated(test::quarters({60, 40}), degrees);
             QCOMPARE(turned.size(), size);
             QCOMPARE(turned.pixelColor(2, 2), topLeft);
@@ -160,9 +145,8 @@ private Q_SLOTS:
         }
         // Three columns over two cells: the middle one counts half for each.
         QImage three(3, 1, QImage::Format_RGB32);
-        three.setPixelColor(0, 0, QColor(90, 0, 0));
-        three.setPixelColor(1, 0, QColor(30, 0, 0));
-        three.setPixelColor(2, 0, QColor(0, 0, 0));
+        for (const auto& [x, red] : {std::pair(0, 90), {1, 30}, {2, 0}})
+            three.setPixelColor(x, 0, QColor(red, 0, 0));
         const QImage two = sampledToGrid(three, 2);
         QCOMPARE(two.pixelColor(0, 0).red(), 70);
         QCOMPARE(two.pixelColor(1, 1).red(), 10);
@@ -177,8 +161,6 @@ private Q_SLOTS:
         QCOMPARE(image.pixelColor(18, 5), QColor(Qt::black));
     }
 };
-
-} // namespace
 
 QTEST_GUILESS_MAIN(tst_ImageOperations)
 #include "tst_imageoperations.moc"
