@@ -106,6 +106,11 @@ void LibraryState::addLastSelectedTag(const QString& id)
     addText(m_record, kLastSelectedTags, id);
 }
 
+void LibraryState::setLastSelectedTags(const QStringList& ids)
+{
+    m_record.insert(kLastSelectedTags, QVariantList(ids.begin(), ids.end()));
+}
+
 void LibraryState::removeAllLastSelectedTags()
 {
     m_record.insert(kLastSelectedTags, QVariantList());

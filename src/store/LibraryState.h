@@ -36,6 +36,8 @@ public:
 
     QStringList lastSelectedTags();
     void addLastSelectedTag(const QString& id);
+    /// In place of all others, each of them named once.
+    void setLastSelectedTags(const QStringList& ids);
     void removeAllLastSelectedTags();
 
     QByteArray lastSelectedColors();

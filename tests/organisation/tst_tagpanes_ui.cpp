@@ -383,6 +383,9 @@ private Q_SLOTS:
         QTest::keyClick(&field, Qt::Key_Return);
         QCOMPARE(world.library.prompts().alerts.size(), 1);
         QVERIFY(field.text().isEmpty() && !add.isEnabled());
+        QTest::keyClicks(&field, u" "_s);
+        add.click();
+        QVERIFY(field.text().isEmpty() && !add.isEnabled() && !world.panel->isBusy());
         QTest::keyClicks(&field, u"Poster"_s);
         add.click();
         QTRY_COMPARE(world.boxes(), u"-+"_s);

@@ -64,9 +64,11 @@ QList<int> MRLibraryTableView::selectedRows() const
 void MRLibraryTableView::selectRows(const QList<int>& rows)
 {
     QItemSelection selection;
-    for (const int row : rows) {
-        const QModelIndex index = model()->index(row, 0);
-        selection.select(index, index);
+    for (qsizetype first = 0, next = 0; first < rows.size(); first = next) {
+        while (next < rows.size() && rows.at(next) - rows.at(first) == next - first) {
+            ++next; // Rows in a row are one range: a selection is slow with thousands of them.
+        }
+        selection.select(model()->index(rows.at(first), 0), model()->index(rows.at(next - 1), 0));
     }
     if (!rows.isEmpty()) {
         selectionModel()->setCurrentIndex(model()->index(rows.first(), 0), QItemSelectionModel::NoUpdate);

@@ -6,8 +6,6 @@
 #include "base/ZNUserDefaults.h"
 #include "base/ZNUtilities.h"
 #include "import/MediaDrag.h"
-#include "kit/ColorPanel.h"
-#include "organisation/CollectionNames.h"
 #include "organisation/DatabaseError.h"
 #include "organisation/TagColors.h"
 #include "organisation/ui/MRLibraryTableView.h"
@@ -18,6 +16,7 @@
 
 #include <QMimeData>
 #include <QScrollBar>
+#include <QSet>
 #include <QSignalBlocker>
 
 namespace mosaro::organisation {
@@ -36,7 +35,7 @@ MRLibraryTagsSource::MRLibraryTagsSource(const SidebarEnvironment& environment, 
           m_model, new TagCell(m_tags, [this](const TagRecord& tag) { return badge(tag); }), &sidebar)),
       m_menu(new TagMenu([this](TagCommand command) { return validate(command); },
                          [this] { return tagColorChoices(selectedTags()); }, &sidebar)),
-      m_progress(environment.progress), m_drop(environment.progress)
+      m_changes(*this, m_environment, *m_list, m_tags), m_drop(environment.progress)
 {
     m_list->setAccessibleName(base::text("Accessible.Tags"));
     connectList();
@@ -59,7 +58,7 @@ void MRLibraryTagsSource::connectList()
     connect(m_list, &MRLibraryTableView::menuRequested, m_menu,
             [this](const QPoint& position) { m_menu->popup(position); });
     connect(m_list, &MRLibraryTableView::mediaDropped, this, &MRLibraryTagsSource::acceptDrop);
-    connect(&m_model, &TagListModel::titleEdited, this, &MRLibraryTagsSource::rename);
+    connect(&m_model, &TagListModel::titleEdited, &m_changes, &TagChanges::rename);
     connect(m_menu, &TagMenu::willOpen, this, [this] { m_list->setFocus(); });
     connect(m_menu, &TagMenu::chosen, this, &MRLibraryTagsSource::run);
     connect(m_menu, &TagMenu::tagColorChosen, this, &MRLibraryTagsSource::tagColor);
@@ -97,14 +96,14 @@ void MRLibraryTagsSource::restoreSelectedTags()
     if (!m_environment.library.isOpenedDatabase()) {
         return;
     }
+    const QStringList remembered = m_environment.library.state().lastSelectedTags();
+    const QSet<QString> selected(remembered.begin(), remembered.end());
     QList<int> rows;
-    const QStringList selected = m_environment.library.state().lastSelectedTags();
-    for (const QString& tagID : selected) {
-        if (const int row = m_tags.indexOf(tagID); row >= 0) {
+    for (int row = 0; row < m_tags.count(); ++row) {
+        if (selected.contains(m_tags.at(row).tagID)) {
             rows.append(row);
         }
     }
-    std::sort(rows.begin(), rows.end());
     m_list->selectRows(rows);
     if (!rows.isEmpty()) {
         m_list->scrollToRow(rows.first());
@@ -167,40 +166,15 @@ void MRLibraryTagsSource::tableViewSelectionDidChange()
     if (!context) {
         return;
     }
-    store::LibraryState& state = m_environment.library.state();
-    state.removeAllLastSelectedTags();
+    QStringList tagIDs;
     std::vector<store::RowId> rows;
     for (const TagRecord& tag : selectedTags()) {
-        state.addLastSelectedTag(tag.tagID);
+        tagIDs.append(tag.tagID);
         rows.push_back(tag.object);
     }
+    m_environment.library.state().setLastSelectedTags(tagIDs);
     m_selectedMedia = rows.empty() ? store::MediaSet() : store::mediaSet(*context, {store::withAnyTag(rows)});
     m_selectLibrary();
-}
-
-TagCommands MRLibraryTagsSource::commands() const
-{
-    return {*m_environment.library.context(), m_environment.library.state()};
-}
-
-void MRLibraryTagsSource::addTag()
-{
-    m_list->endEditing();
-    if (!m_environment.library.isOpenedDatabase()) {
-        return;
-    }
-    const QString title = availableName(base::text("Basic.Untitled.Tag"), m_tags.titles());
-    const auto made = commands().addTag(title);
-    if (!made) {
-        showDatabaseError(made.reason());
-        return;
-    }
-    reload();
-    postNotifcationTagsDidUpdated();
-    if (const int row = m_tags.indexOfObject(made.value()); row >= 0) {
-        m_list->selectRows({row});
-        m_list->editRow(row);
-    }
 }
 
 void MRLibraryTagsSource::editTag()
@@ -209,122 +183,6 @@ void MRLibraryTagsSource::editTag()
     if (const QList<int> rows = m_list->selectedRows(); rows.size() == 1) {
         m_list->editRow(rows.first());
     }
-}
-
-void MRLibraryTagsSource::rename(const QString& tagID, const QString& title)
-{
-    const int row = m_tags.indexOf(tagID);
-    if (row < 0 || !m_environment.library.isOpenedDatabase() || !TagCommands::isAcceptableTitle(title) ||
-        title == m_tags.at(row).title) { // An editor that was left as it was opened renames nothing.
-        return;
-    }
-    if (m_tags.isTitleTaken(title)) {
-        // The editor that the title comes from is being closed: the question waits until it is gone.
-        QMetaObject::invokeMethod(
-            this, [this, tagID, title] { refuseTitle(tagID, title); }, Qt::QueuedConnection);
-        return;
-    }
-    if (const auto renamed = commands().rename(m_tags.at(row).object, title); !renamed) {
-        showDatabaseError(renamed.reason());
-        return;
-    }
-    m_environment.library.state().removeAllLastSelectedTags();
-    m_environment.library.state().addLastSelectedTag(tagID);
-    reload();
-    postNotifcationTagsDidUpdated();
-}
-
-void MRLibraryTagsSource::refuseTitle(const QString& tagID, const QString& title)
-{
-    m_environment.utilities.alertWithMessageText(base::text("Basic.Alert"), base::text("Basic.OK"), {},
-                                                 base::text("Error.Already.Exsts", title));
-    if (const int row = m_tags.indexOf(tagID); row >= 0) {
-        m_list->editRow(row, title);
-    }
-}
-
-void MRLibraryTagsSource::tagColor(int choice)
-{
-    if (!m_environment.library.isOpenedDatabase() || m_list->selectedRows().isEmpty()) {
-        return;
-    }
-    if (choice == kCustomTagColor) {
-        kit::ColorPanel& panel = kit::ColorPanel::sharedPanel(*m_list);
-        connect(&panel, &kit::ColorPanel::colorDidChange, this, &MRLibraryTagsSource::customColorDidChanged,
-                Qt::UniqueConnection);
-        panel.setColor(Qt::white);
-        panel.open();
-        return;
-    }
-    updateTagColor(labelColorAtIndex(choice));
-}
-
-void MRLibraryTagsSource::customColorDidChanged(const QColor& color)
-{
-    if (isInstalled() && m_environment.library.isOpenedDatabase()) {
-        updateTagColor(base::ColorValue::fromColor(color));
-    }
-}
-
-void MRLibraryTagsSource::updateTagColor(const std::optional<base::ColorValue>& color)
-{
-    const QList<int> rows = m_list->selectedRows();
-    if (rows.isEmpty()) {
-        return;
-    }
-    const QString text = color ? base::colorAsString(*color) : QString();
-    for (const int row : rows) {
-        if (const auto saved = commands().setTagColor(m_tags.at(row).object, color); !saved) {
-            showDatabaseError(saved.reason());
-        } else {
-            m_tags.setTagColor(row, text);
-        }
-    }
-    m_list->viewport()->update();
-    postNotifcationTagsDidUpdated();
-}
-
-void MRLibraryTagsSource::deleteTag()
-{
-    m_list->endEditing();
-    const std::vector<TagRecord> tags = selectedTags();
-    if (!m_environment.library.isOpenedDatabase() || tags.empty() || m_deletion.isRunning()) {
-        return;
-    }
-    const QString number = QString::number(tags.size());
-    const QString question = tags.size() == 1 ? base::text("Message.Delete.Tag", number)
-                                              : base::text("Message.Delete.Tags", number);
-    if (m_environment.utilities.alertWithMessageText(base::text("Basic.Alert"), base::text("Basic.Delete"),
-                                                     base::text("Basic.Cancel"), question) == 1) {
-        m_list->clearSelection();
-        deleteTags(tags);
-    }
-}
-
-void MRLibraryTagsSource::deleteTags(const std::vector<TagRecord>& tags)
-{
-    const auto total = qsizetype(tags.size());
-    m_deletion.start({.count = total,
-                      .step =
-                          [this, tags](qsizetype position) {
-                              if (const auto gone = commands().remove(tags.at(std::size_t(position)));
-                                  !gone) {
-                                  showDatabaseError(gone.reason());
-                              }
-                          },
-                      .sliceEnded =
-                          [this, total](qsizetype done) {
-                              if (done < total) {
-                                  m_progress.report(base::text("Basic.Delete.Tags"), percentOf(done, total));
-                              }
-                          },
-                      .finished =
-                          [this](qsizetype) {
-                              m_progress.end();
-                              reload();
-                              postNotifcationTagsDidUpdated();
-                          },
-                      .pauses = [this] { return m_environment.library.context()->isTidying(); }});
 }
 
 bool MRLibraryTagsSource::validate(TagCommand command) const
@@ -397,7 +255,7 @@ void MRLibraryTagsSource::postNotifcationTagsDidUpdated()
 
 bool MRLibraryTagsSource::isBusy() const
 {
-    return m_deletion.isRunning() || m_drop.isRunning() ||
+    return m_changes.isRunning() || m_drop.isRunning() ||
            (m_environment.isWindowBusy && m_environment.isWindowBusy());
 }
 

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "organisation/SlicedRun.h"
-#include "organisation/TagCommands.h"
 #include "organisation/TagRun.h"
 #include "organisation/ui/MRLibraryView.h"
 #include "organisation/ui/SidebarSource.h"
+#include "organisation/ui/TagChanges.h"
 #include "organisation/ui/TagListModel.h"
 
 #include <QHash>
@@ -32,35 +31,31 @@ public:
     [[nodiscard]] QMenu& contextualMenu() override;
     [[nodiscard]] QWidget& contentView() override;
 
-    void addTag();
+    void addTag() { m_changes.addTag(); }
     void editTag();
-    void deleteTag();
+    void deleteTag() { m_changes.deleteTag(); }
     /// One of the choices of TagColors.h, for all selected tags.
-    void tagColor(int choice);
+    void tagColor(int choice) { m_changes.tagColor(choice); }
     /// Whether a command of a menu is possible now.
     [[nodiscard]] bool validate(TagCommand command) const;
+
+    /// In the order of the rows.
+    [[nodiscard]] std::vector<TagRecord> selectedTags() const;
+    void postNotifcationTagsDidUpdated();
 
 private:
     void connectList();
     void observeBus();
     void run(TagCommand command);
-    [[nodiscard]] std::vector<TagRecord> selectedTags() const;
     void restoreSelectedTags();
     void tableViewSelectionDidChange();
-    void rename(const QString& tagID, const QString& title);
-    void refuseTitle(const QString& tagID, const QString& title);
-    void customColorDidChanged(const QColor& color);
-    void updateTagColor(const std::optional<base::ColorValue>& color);
-    void deleteTags(const std::vector<TagRecord>& tags);
     [[nodiscard]] bool validateDrop(const QMimeData& data, int row) const;
     void acceptDrop(const QMimeData& data, int row);
     void reloadCurrentSelection();
     void scrollToTop();
-    void postNotifcationTagsDidUpdated();
     [[nodiscard]] bool isBusy() const;
     [[nodiscard]] bool isFirstResponder() const;
     [[nodiscard]] qint64 badge(const TagRecord& tag);
-    [[nodiscard]] TagCommands commands() const;
 
     SidebarEnvironment m_environment;
     std::function<void()> m_selectLibrary;
@@ -69,8 +64,7 @@ private:
     MRLibraryTableView* m_list;                          ///< Child of the sidebar.
     TagMenu* m_menu;                                     ///< Child of the sidebar.
     std::optional<QHash<store::RowId, qint64>> m_counts; ///< Asked for when the first badge is drawn.
-    RunProgress m_progress;
-    SlicedRun m_deletion;
+    TagChanges m_changes;
     TagRun m_drop;
 };
 

@@ -156,11 +156,13 @@ void MRTagController::runDidEnd(const TagLinker& linker, bool isNewTag)
 void MRTagController::addNewTag()
 {
     const QString title = m_tagField->text();
-    if (!canAct() || !TagCommands::isAcceptableTitle(title)) {
+    if (!canAct() || title.isEmpty()) {
         return;
     }
     store::StoreContext& context = *m_environment.library.context();
-    if (m_list.isTitleTaken(title)) {
+    if (!TagCommands::isAcceptableTitle(title)) {
+        // Nothing but the emptied field: no name was meant.
+    } else if (m_list.isTitleTaken(title)) {
         m_environment.utilities.alertWithMessageText(base::text("Basic.Alert"), base::text("Basic.OK"), {},
                                                      base::text("Error.Already.Exsts", title));
     } else if (const auto made = TagCommands(context, m_environment.library.state()).addTag(title); !made) {
