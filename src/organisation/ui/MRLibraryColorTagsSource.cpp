@@ -112,6 +112,10 @@ void MRLibraryColorTagsSource::reload()
 
 void MRLibraryColorTagsSource::show(ColorGroups groups)
 {
+    m_isStale = !isInstalled(); // The tab was left meanwhile.
+    if (m_isStale) {
+        return;
+    }
     m_groups = std::move(groups);
     m_orphans.collect(m_groups.orphans());
     updateImageBrowserViewTitle();
