@@ -2,8 +2,7 @@
 #include "import/MRBrowserItem.h"
 #include "support/TemporaryLibrary.h"
 
-#include <QLocale>
-#include <QTest>
+#include <QtTest>
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
@@ -20,10 +19,8 @@ private:
     {
         return m_library.addMedia(u"A title"_s, m_collection, files);
     }
-    MRBrowserItem itemOf(const std::shared_ptr<store::Media>& media)
-    {
-        return {media, m_library.package().masterDirPath()};
-    }
+    QString masters() const { return m_library.package().masterDirPath(); }
+    MRBrowserItem itemOf(const std::shared_ptr<store::Media>& media) const { return {media, masters()}; }
 
 private Q_SLOTS:
     void initTestCase()
@@ -44,9 +41,16 @@ private Q_SLOTS:
             return QLocale::c().toString(when.addYears(years), QLocale::ShortFormat);
         };
         const QString size = u"640 x 480"_s;
-        QStringList expected{size, u"1 KB"_s, size};
-        expected << base::text("Label.Width", u"640"_s) << base::text("Label.Height", u"480"_s);
-        expected << date(0) << date(1) << date(2) << date(3) << size;
+        const QStringList expected{size,
+                                   u"1 KB"_s,
+                                   size,
+                                   base::text("Label.Width", u"640"_s),
+                                   base::text("Label.Height", u"480"_s),
+                                   date(0),
+                                   date(1),
+                                   date(2),
+                                   date(3),
+                                   size};
         MRBrowserItem item = itemOf(media);
         QCOMPARE(item.sortKey(), 7);
         for (int key = 0; key < expected.size(); ++key) {
@@ -59,23 +63,19 @@ private Q_SLOTS:
     {
         const auto media = add();
         const MRBrowserItem item = itemOf(media);
-        const QString folder =
-            m_library.package().masterDirPath() +
-            store::LibraryPackage::itemFolder(media->mediaDateImported().date(), media->mediaID());
-        QCOMPARE(item.mediaPath(), folder + u"/Originals/file.png"_s);
-        QCOMPARE(item.thumbPath(), folder + u"/Preivew/preview.png"_s);
-        QCOMPARE(item.imageUID(), item.thumbPath());
+        const QString folder = masters() + store::LibraryPackage::itemFolder(
+                                               media->mediaDateImported().date(), media->mediaID());
+        const QString original = folder + u"/Originals/file.png"_s;
+        const QString preview = folder + u"/Preivew/preview.png"_s;
+        QCOMPARE((QStringList{item.mediaPath(), item.mediaReadablePath(), item.thumbPath(), item.imageUID()}),
+                 (QStringList{original, original, preview, preview}));
         QCOMPARE(item.itemFolderPath(), folder);
         QCOMPARE(item.mediaFilterSettingPath(), folder + u"/filters.plist"_s);
         QCOMPARE(item.mediaColorTablePath(), folder + u"/colorTables.plist"_s);
-        QCOMPARE(item.mediaReadablePath(), item.mediaPath());
         QCOMPARE(item.fullSizePreviewPath(), QString());
-        QCOMPARE(item.mediaFilename(), u"file.png"_s);
-        QCOMPARE(item.mediaExtension(), u"png"_s);
-        QCOMPARE(item.mediaShareURL(), QUrl::fromLocalFile(item.mediaPath()));
-        QVERIFY(!item.isReferencedMedia());
-        QVERIFY(!item.isReadableMediaAtPath());
-        QVERIFY(!item.mediaFileIsModified());
+        QCOMPARE(item.mediaFilename() + u' ' + item.mediaExtension(), u"file.png png"_s);
+        QCOMPARE(item.mediaShareURL(), QUrl::fromLocalFile(original));
+        QVERIFY(!item.isReferencedMedia() && !item.isReadableMediaAtPath() && !item.mediaFileIsModified());
     }
 
     void drawsTheSideFile()
@@ -103,11 +103,10 @@ private Q_SLOTS:
         media->setMediaOriginalPath(source);
         media->setMediaDocumentType(16);
         const MRBrowserItem item = itemOf(media);
-        QVERIFY(item.isReferencedMedia());
-        QVERIFY(item.isReadableMediaAtPath());
+        QVERIFY(item.isReferencedMedia() && item.isReadableMediaAtPath());
         QCOMPARE(item.mediaPath(), source);
         QCOMPARE(item.fullSizePreviewPath(), item.itemFolderPath() + u"/Originals/there_eps.png"_s);
-        QVERIFY(item.thumbPath().startsWith(m_library.package().masterDirPath()));
+        QVERIFY(item.thumbPath().startsWith(masters()));
     }
 
     void seesChangesOnTheDisk()
@@ -132,20 +131,18 @@ private Q_SLOTS:
         const MRBrowserItem item = itemOf(media);
         for (int type = -1; type <= 26; ++type) {
             media->setMediaDocumentType(type);
-            const bool isThirdParty = type >= 17 && type <= 22;
-            const bool isMovie = type >= 23 && type <= 25;
             const QString program = programs.value(type - 17);
+            const bool isThirdParty = !program.isEmpty();
             QCOMPARE(item.isThirdPartyFormat(), isThirdParty);
             QCOMPARE(item.isPDF(), type == 0);
-            QCOMPARE(item.isMovieFile(), isMovie);
+            QCOMPARE(item.isMovieFile(), type >= 23 && type <= 25);
             QCOMPARE(item.imageSizeWithDocument(), isThirdParty ? program : u"640 x 480"_s);
             QCOMPARE(item.imageSize(), isThirdParty ? u"-----"_s : u"640 x 480"_s);
             QCOMPARE(item.imageHasAlphaAsString(), isThirdParty ? u"-----"_s : base::text("Basic.NO"));
             const QString badge = item.docSymbolBadge();
             QCOMPARE(badge.isEmpty(), type < 0 || type > 25);
             QCOMPARE(item.docSymbolRetinaBadge(), badge.isEmpty() ? QString() : badge + u"_R"_s);
-            if (isThirdParty)
-                QCOMPARE(badge, QString(program).remove(u' ') + u"_icon"_s);
+            QVERIFY(!isThirdParty || badge == QString(program).remove(u' ') + u"_icon"_s);
         }
         for (const auto& [type, badge] :
              {std::pair(0, "PDF"_L1), {7, "PICT"_L1}, {16, "EPS"_L1}, {23, "MOV"_L1}, {25, "MP4"_L1}}) {
@@ -163,13 +160,12 @@ private Q_SLOTS:
             media->setMediaLabel(label);
             QCOMPARE(item.labelSymbolBadge(), labels[label]);
         }
-        media->setMediaRating(0);
-        QCOMPARE(item.mediaRatingAsString(), base::text("Basic.None"));
-        media->setMediaRating(3);
-        QCOMPARE(item.mediaRatingAsString(), u"★★★"_s);
+        for (const auto& [rating, text] :
+             {std::pair(0, base::text("Basic.None")), {6, QString()}, {3, u"★★★"_s}}) {
+            media->setMediaRating(rating);
+            QCOMPARE(item.mediaRatingAsString(), text);
+        }
         QCOMPARE(item.mediaRatingAsShortString(), u"★ 3"_s);
-        media->setMediaRating(6);
-        QCOMPARE(item.mediaRatingAsString(), QString());
         media->setImageDPI(71.9);
         QCOMPARE(item.imageDPIAsString(), u"71 pixel/inch"_s);
         media->setMediaWidth(1e300);
@@ -178,16 +174,15 @@ private Q_SLOTS:
 
     void showsOnlyWebAddresses()
     {
-        for (const auto& [text, isShown] : {std::pair("http://a"_L1, true),
-                                            {"https://a"_L1, true},
-                                            {"ftp://a"_L1, false},
-                                            {"http:a"_L1, false}}) {
-            const QString address(text);
+        for (const auto& [address, shown] : {std::pair(u"http://a"_s, u"http://a"_s),
+                                             {u"https://a"_s, u"https://a"_s},
+                                             {u"ftp://a"_s, {}},
+                                             {u"http:a"_s, {}}}) {
             const auto media = add();
             QVERIFY(!itemOf(media).hasURLInfo());
             media->setMediaWeburl(address);
             QVERIFY(itemOf(media).hasURLInfo());
-            QCOMPARE(itemOf(media).url(), isShown ? address : QString());
+            QCOMPARE(itemOf(media).url(), shown);
         }
     }
 
@@ -211,25 +206,18 @@ private Q_SLOTS:
         QCOMPARE(item.thumbBackgroundColor()->green, 0.5F);
     }
 
-    void isEmptyWithoutARecord()
+    void isEmptyWithoutARecordOrALibrary()
     {
-        const MRBrowserItem item(nullptr, m_library.package().masterDirPath());
+        const MRBrowserItem item(nullptr, masters());
         QCOMPARE(item.mediaKindType(), 15);
         QCOMPARE(item.mediaPath() + item.thumbPath() + item.title() + item.imageSubtitle() +
                      item.imageSize() + item.docSymbolBadge() + item.fileSizeAsString() +
                      item.itemFolderPath() + item.mediaReadablePath(),
                  QString());
-        QVERIFY(item.mediaURL().isEmpty());
-        QVERIFY(!item.isReadableMediaAtPath());
-        QVERIFY(item.tagsWithName().isEmpty());
-        QVERIFY(!item.thumbBackgroundColor());
-    }
-
-    void readsNothingWithoutALibrary()
-    {
-        const MRBrowserItem item(add(true), QString());
-        QVERIFY(QFileInfo(item.mediaPath()).isRelative());
-        QVERIFY(!item.isReadableMediaAtPath());
+        QVERIFY(item.mediaURL().isEmpty() && item.tagsWithName().isEmpty() && !item.thumbBackgroundColor());
+        const MRBrowserItem homeless(add(true), QString());
+        QVERIFY(QFileInfo(homeless.mediaPath()).isRelative());
+        QVERIFY(!item.isReadableMediaAtPath() && !homeless.isReadableMediaAtPath());
     }
 };
 

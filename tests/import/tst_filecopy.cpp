@@ -3,8 +3,7 @@
 #include "base/Text.h"
 #include "support/TemporaryLibrary.h"
 
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
 #include <cerrno>
 #include <sys/mount.h>
 #include <sys/stat.h>
@@ -78,11 +77,9 @@ private Q_SLOTS:
         test::writeFile(at("here"), "here");
         test::writeFile(at("taken"), "taken");
         QVERIFY(::mkfifo(at("pipe").toUtf8().constData(), 0600) == 0); // Its writer is not waited for.
-        for (const auto& [source, destination] : {std::pair("nowhere", "new"),
-                                                  {"", "new"},
-                                                  {"pipe", "new"},
-                                                  {"here", "nofolder/new"},
-                                                  {"here", "taken"}}) {
+        const std::pair<const char*, const char*> rows[] = {
+            {"nowhere", "new"}, {"", "new"}, {"pipe", "new"}, {"here", "nofolder/new"}, {"here", "taken"}};
+        for (const auto& [source, destination] : rows) {
             const auto copied = copyFile(at(source), at(destination));
             QVERIFY2(!copied.ok(), source);
             QVERIFY(!copied.reason().isEmpty());

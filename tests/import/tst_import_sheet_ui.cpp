@@ -4,15 +4,14 @@
 #include "import/ui/MRFileErrorView.h"
 #include "import/ui/PreviewWell.h"
 #include "kit/Look.h"
+#include "support/Pictures.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QClipboard>
 #include <QListView>
 #include <QPointer>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
+#include <QtTest>
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
@@ -23,21 +22,14 @@ namespace {
 
 QByteArray pictureBytes(QSize size, const QColor& fill)
 {
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(fill);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
+    return test::encoded(test::plain(size, fill), "png");
 }
 
 std::vector<importing::FailedPath> failedPaths(int count)
 {
     std::vector<importing::FailedPath> failed;
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count; ++i)
         failed.push_back({u"/pictures/%1/file-%1.png"_s.arg(i), u"Reason\n%1"_s.arg(i)});
-    }
     return failed;
 }
 
@@ -62,14 +54,9 @@ private Q_SLOTS:
             QCOMPARE(sheet.percent(), 0);
             sheet.showProgress({u"/a/name.png"_s, index, total, {}, {}});
             QCOMPARE(sheet.percent(), percent);
-            QVERIFY(sheet.text().contains(u"name.png"_s));
-            QVERIFY(!sheet.text().contains(u"/a"_s));
+            QVERIFY(sheet.text().contains(u"name.png"_s) && !sheet.text().contains(u"/a"_s));
         }
-    }
-
-    void longNamesStayWithinTheSheet()
-    {
-        importing::ImportSheet sheet;
+        importing::ImportSheet sheet; // A long name stays within it.
         sheet.showProgress({QString(400, u'w') + u".png"_s, 1, 2, {}, {}});
         QVERIFY(sheet.sizeHint().width() <= sheet.maximumWidth());
     }

@@ -46,12 +46,6 @@ private Q_SLOTS:
 
     void takesVariantsOffTheBus()
     {
-        struct Row {
-            QVariant value;
-            QString path;
-            int kind;
-            bool isRecord;
-        };
         const QString path = u"/x/a.png"_s;
         const auto record = [&path](const QVariant& kind) {
             QVariantMap map{{MR_IMPORTED_KEY_FILE_PATH, path}};
@@ -59,50 +53,42 @@ private Q_SLOTS:
                 map[MR_IMPORTED_KEY_MEDIA_KIND] = kind;
             return QVariant(map);
         };
-        for (const Row& row : {Row{path, path, -1, false},
-                               {QUrl::fromLocalFile(path), path, -1, false},
-                               {QUrl(u"http://x/a.png"_s), {}, -1, false},
-                               {record(4), path, 4, true},
-                               {record({}), path, -1, true},
-                               {record(u"web"_s), path, -1, true},
-                               {7, {}, -1, false},
-                               {{}, {}, -1, false}}) {
-            const ImportItem item = ImportItem::fromVariant(row.value);
-            QCOMPARE(item.path, row.path);
-            QCOMPARE(static_cast<int>(item.kind), row.kind);
-            QCOMPARE(item.isRecord, row.isRecord);
+        const std::tuple<QVariant, QString, int, bool> rows[] = {{path, path, -1, false},
+                                                                 {QUrl::fromLocalFile(path), path, -1, false},
+                                                                 {QUrl(u"http://x/a.png"_s), {}, -1, false},
+                                                                 {record(4), path, 4, true},
+                                                                 {record({}), path, -1, true},
+                                                                 {record(u"web"_s), path, -1, true},
+                                                                 {7, {}, -1, false},
+                                                                 {QVariant(), {}, -1, false}};
+        for (const auto& [value, expected, kind, isRecord] : rows) {
+            const ImportItem item = ImportItem::fromVariant(value);
+            QCOMPARE(item.path, expected);
+            QCOMPARE(static_cast<int>(item.kind), kind);
+            QCOMPARE(item.isRecord, isRecord);
         }
     }
 
-    void filters_data()
-    {
-        QTest::addColumn<QStringList>("given");
-        QTest::addColumn<QStringList>("expected");
-        QTest::addColumn<int>("skipped");
-        const auto row = [](const char* name, const char* given, const char* expected, int skipped) {
-            QTest::newRow(name) << QString::fromLatin1(given).split(u'|', Qt::SkipEmptyParts)
-                                << QString::fromLatin1(expected).split(u'|', Qt::SkipEmptyParts) << skipped;
-        };
-        row("files in the given order, twice the same twice", "a.png|B.JPG|a.png", "a.png|B.JPG|a.png", 0);
-        row("unknown types and missing files", "notes.txt|noext|nowhere.png", "", 3);
-        row("an alias by its target", "link", "a.png", 0);
-        row("an alias that leads nowhere", "dead.png", "", 1);
-        row("a folder one level deep, naturally ordered, with a folder that looks like a picture", "folder",
-            "folder/.hidden.gif|folder/2.png|folder/10.png|folder/album.png", 2);
-        row("an alias of a folder", "folderlink",
-            "folder/.hidden.gif|folder/2.png|folder/10.png|folder/album.png", 2);
-        row("an application by its resources", "Tool.app", "Tool.app/Contents/Resources/icon.png", 0);
-        row("any folder that ends in those letters", "wallapp", "", 1);
-    }
     void filters()
     {
-        QFETCH(QStringList, given);
-        QTEST(kept(given), "expected");
-        QFETCH(int, skipped);
-        QCOMPARE(static_cast<int>(m_filtered.skipped.size()), skipped);
-        for (const SkippedPath& path : m_filtered.skipped) {
-            QVERIFY(!path.path.isEmpty());
-            QVERIFY(path.reason.contains(u'.') && !path.reason.startsWith(u"Failure."_s));
+        const char* const pictures = "folder/.hidden.gif|folder/2.png|folder/10.png|folder/album.png";
+        const std::tuple<const char*, const char*, int> rows[] = {
+            {"a.png|B.JPG|a.png", "a.png|B.JPG|a.png", 0}, // in the given order, twice the same twice
+            {"notes.txt|noext|nowhere.png", "", 3},
+            {"link", "a.png", 0},
+            {"dead.png", "", 1}, // an alias that leads nowhere
+            {"folder", pictures,
+             2}, // one level deep, naturally ordered, with a folder that looks like a picture
+            {"folderlink", pictures, 2},
+            {"Tool.app", "Tool.app/Contents/Resources/icon.png", 0}, // an application by its resources
+            {"wallapp", "", 1}};                                     // any folder that ends in those letters
+        for (const auto& [given, expected, skipped] : rows) {
+            QCOMPARE(kept(QString::fromLatin1(given).split(u'|')).join(u'|'), QString::fromLatin1(expected));
+            QVERIFY2(m_filtered.skipped.size() == size_t(skipped), given);
+            for (const SkippedPath& path : m_filtered.skipped) {
+                QVERIFY(!path.path.isEmpty());
+                QVERIFY(path.reason.contains(u'.') && !path.reason.startsWith(u"Failure."_s));
+            }
         }
     }
 
@@ -113,8 +99,8 @@ private Q_SLOTS:
         const ImportItem folder{at(u"folder"_s), {}, MediaKind::Web, true};
         const ImportItem none{{}, {}, MediaKind::Web, true};
         const auto filtered = checkDraggedFiles({whole, linked, folder, none}, m_classification, m_aliases);
-        QCOMPARE(filtered.items.size(),
-                 size_t(1)); // The link's own name has no type, and a folder is no file.
+        // The link's own name has no type, and a folder is no file.
+        QCOMPARE(filtered.items.size(), size_t(1));
         QCOMPARE(filtered.items[0].url, whole.url);
         QCOMPARE(filtered.items[0].kind, MediaKind::Web);
         QVERIFY(filtered.items[0].isRecord);
