@@ -120,8 +120,8 @@ public:
     [[nodiscard]] QStringList itemFolders() const
     {
         QStringList folders;
-        QDirIterator walk(library.package().masterDirPath(), {QStringLiteral("*.mritem")},
-                          QDir::Dirs | QDir::Hidden, QDirIterator::Subdirectories);
+        QDirIterator walk(masters(), {QStringLiteral("*.mritem")}, QDir::Dirs | QDir::Hidden,
+                          QDirIterator::Subdirectories);
         while (walk.hasNext())
             folders.append(walk.next());
         return folders;
@@ -130,6 +130,17 @@ public:
     [[nodiscard]] bool hasStagingDirectory() const
     {
         return QFileInfo::exists(library.package().stagingDirPath());
+    }
+    [[nodiscard]] QString masters() const { return library.package().masterDirPath(); }
+
+    /// From now on an analysis gives that, changed so.
+    void changeAnalysis(const std::function<void(importing::AnalysisResult&)>& change)
+    {
+        analyse = [change](const importing::AnalysisRequest& request) {
+            importing::AnalysisResult result = sampleAnalysis(request);
+            change(result);
+            return result;
+        };
     }
 };
 

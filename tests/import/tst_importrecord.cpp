@@ -7,13 +7,11 @@ using namespace mosaro;
 using namespace Qt::StringLiterals;
 using namespace mosaro::importing;
 using test::ImportFixture;
-using test::sampleAnalysis;
 
 class ImportRecordTest : public QObject {
     Q_OBJECT
 
 private:
-    static QString masters(ImportFixture& fixture) { return fixture.library.package().masterDirPath(); }
     /// The record of an import of one file, that must succeed.
     static std::shared_ptr<store::Media> imported(ImportFixture& fixture, const ImportItem& item,
                                                   bool copyMode = true)
@@ -32,52 +30,42 @@ private Q_SLOTS:
         ImportFixture fixture;
         const QString path = fixture.makeFile(u"My Picture.v2.png"_s, "12345");
         fixture.index.entries[path] = {u"https://from.example/x"_s, u"a comment"_s, {}, 6};
-        fixture.analyse = [](const AnalysisRequest& request) {
-            AnalysisResult result = sampleAnalysis(request);
+        fixture.changeAnalysis([](AnalysisResult& result) {
             result.metadata = {1200, 800, 144.5, 8, true, u"RGB"_s, u"sRGB"_s, u"Brush 3"_s};
             result.hasFrames = true;
-            return result;
-        };
+        });
         const QDateTime before = QDateTime::currentDateTime();
-        const ImportReport report = fixture.import(QStringList{path});
-        QCOMPARE(report.imported.size(), 1);
+        const QString id = imported(fixture, ImportItem::fromPath(path))->mediaID();
         QVERIFY(fixture.library.reopen());
-        const auto media = fixture.media(report.imported[0]);
-        QVERIFY(media);
-        const QString folder = store::LibraryPackage::itemFolder(before.date(), report.imported[0]);
-        QCOMPARE(media->mediaID().size(), 36);
-        QCOMPARE(media->mediaID(), media->mediaID().toUpper());
-        QCOMPARE(media->mediaPID(), media->collections()->collectionID());
-        QCOMPARE(media->collections()->title(), u"Target"_s);
-        QCOMPARE(media->mediaOriginalPath(), path);
-        QCOMPARE(media->mediaPath(), folder + u"/Originals/My Picture.v2.png"_s);
-        QCOMPARE(media->mediaThumbPath(), folder + u"/Preivew/preview.png"_s);
-        QCOMPARE(media->mediaTitle(), u"My Picture.v2"_s);
-        QCOMPARE(media->mediaDocumentType(), 6);
-        QCOMPARE(media->mediaFileSize(), 5);
+        const auto media = fixture.media(id);
+        QCOMPARE(id.size(), 36);
+        QCOMPARE(id, id.toUpper());
+        const auto collection = media->collections();
+        const QString folder = store::LibraryPackage::itemFolder(before.date(), id);
+        QCOMPARE((QStringList{media->mediaPID(), collection->title(), media->mediaOriginalPath(),
+                              media->mediaPath(), media->mediaThumbPath(), media->mediaTitle(),
+                              media->mediaNotes(), media->mediaWeburl(), media->imageColorModel(),
+                              media->imageProfile(), media->mediaSoftware()}),
+                 (QStringList{collection->collectionID(), u"Target"_s, path,
+                              folder + u"/Originals/My Picture.v2.png"_s, folder + u"/Preivew/preview.png"_s,
+                              u"My Picture.v2"_s, u"a comment"_s, u"https://from.example/x"_s, u"RGB"_s,
+                              u"sRGB"_s, u"Brush 3"_s}));
+        const std::pair<qint64, qint64> numbers[] = {
+            {media->mediaDocumentType(), 6}, {media->mediaFileSize(), 5}, {media->mediaRating(), 0},
+            {media->mediaLabel(), 1},        {media->mediaKind(), 15},    {media->imageDepth(), 8}};
+        for (const auto& [number, expected] : numbers)
+            QCOMPARE(number, expected);
+        QCOMPARE(QSizeF(media->mediaWidth(), media->mediaHeight()), QSizeF(1200, 800));
+        QCOMPARE(media->imageDPI(), 144.5);
+        QVERIFY(media->imageHasFrames() && media->imageHasAlpha());
+        QVERIFY(!media->isEmptyAttribute("mediaRating"_L1));
         QCOMPARE(media->mediaDateModified(), QFileInfo(path).lastModified());
         QVERIFY(media->mediaDateCreated().isValid());
-        QVERIFY(media->mediaDateImported() >= before);
+        QVERIFY(media->mediaDateImported() >= before && collection->dateModified() >= before);
         QCOMPARE(media->mediaDateLastOpened(), media->mediaDateImported());
-        QCOMPARE(media->mediaRating(), 0);
-        QVERIFY(!media->isEmptyAttribute("mediaRating"_L1));
-        QCOMPARE(media->mediaLabel(), 1);
-        QCOMPARE(media->mediaNotes(), u"a comment"_s);
-        QCOMPARE(media->mediaWeburl(), u"https://from.example/x"_s);
-        QVERIFY(media->imageHasFrames());
-        QCOMPARE(media->mediaKind(), 15);
-        QCOMPARE(media->mediaWidth(), 1200.0);
-        QCOMPARE(media->mediaHeight(), 800.0);
-        QCOMPARE(media->imageDPI(), 144.5);
-        QCOMPARE(media->imageDepth(), 8);
-        QVERIFY(media->imageHasAlpha());
-        QCOMPARE(media->imageColorModel(), u"RGB"_s);
-        QCOMPARE(media->imageProfile(), u"sRGB"_s);
-        QCOMPARE(media->mediaSoftware(), u"Brush 3"_s);
-        QCOMPARE(test::fileContents(masters(fixture) + media->mediaPath()), QByteArray("12345"));
-        QCOMPARE(test::fileContents(masters(fixture) + media->mediaThumbPath()),
-                 QByteArray("preview of My Picture.v2.png"));
-        QVERIFY(media->collections()->dateModified() >= before);
+        QCOMPARE(test::fileContents(fixture.masters() + media->mediaPath()), "12345"_ba);
+        QCOMPARE(test::fileContents(fixture.masters() + media->mediaThumbPath()),
+                 "preview of My Picture.v2.png"_ba);
     }
 
     void leavesEmptyWhatTheFileDoesNotSay()
@@ -96,11 +84,12 @@ private Q_SLOTS:
         ImportFixture fixture;
         const QString path = fixture.makeFile(u"a.png"_s);
         const QString item = u"http://item"_s;
-        for (const auto& [whereFrom, expected] : {std::pair(u"http://file"_s, u"http://file"_s),
-                                                  {u"HTTP://FILE"_s, u"HTTP://FILE"_s},
-                                                  {u"Http://file"_s, item},
-                                                  {u"ftp://file"_s, item},
-                                                  {QString(), item}}) {
+        const std::pair<QString, QString> rows[] = {{u"http://file"_s, u"http://file"_s},
+                                                    {u"HTTP://FILE"_s, u"HTTP://FILE"_s},
+                                                    {u"Http://file"_s, item},
+                                                    {u"ftp://file"_s, item},
+                                                    {QString(), item}};
+        for (const auto& [whereFrom, expected] : rows) {
             fixture.index.entries[path].whereFrom = whereFrom;
             QCOMPARE(imported(fixture, {path, item, MediaKind::Web, true})->mediaWeburl(), expected);
         }
@@ -121,8 +110,7 @@ private Q_SLOTS:
             return fixture.library.context().first<store::Tags>(
                 store::Predicate::compare("title"_L1, store::Comparison::Equal, QString::fromLatin1(title)));
         };
-        QVERIFY(
-            base::colorFromString(tag("logo")->tagColor()).has_value()); // Of the label of the first file.
+        QVERIFY(base::colorFromString(tag("logo")->tagColor())); // Of the label of the first file.
         QCOMPARE(tag("plain")->tagColor(), QString());
         QVERIFY(!tag("plain")->isEmptyAttribute("tagColor"_L1));
         QCOMPARE(tag("plain")->sortKey(), 7);
@@ -139,13 +127,11 @@ private Q_SLOTS:
     void keepsOneColourForEachRole()
     {
         ImportFixture fixture;
-        fixture.analyse = [](const AnalysisRequest& request) {
-            AnalysisResult result = sampleAnalysis(request);
+        fixture.changeAnalysis([](AnalysisResult& result) {
             const base::ColorValue same{0.5F, 0.5F, 0.5F, 1.0F};
             result.colors = {
                 {same, 0.4F}, {same, 0.3F}, {{1, 0, 0, 1}, 0.2F}, {{0, 1, 0, 1}, 0.1F}, {{0, 0, 1, 1}, 0.1F}};
-            return result;
-        };
+        });
         const ImportReport report = fixture.import(fixture.makeFiles(3));
         QCOMPARE(report.imported.size(), 3);
         QCOMPARE(fixture.recordCount(store::Colors::info()), 4); // The same colour in two roles is two.
@@ -171,30 +157,26 @@ private Q_SLOTS:
         };
         const QString picture = fixture.makeFile(u"a.png"_s);
         const QString drawing = fixture.makeFile(u"chart.eps"_s);
-        fixture.analyse = [](const AnalysisRequest& request) {
-            AnalysisResult result = sampleAnalysis(request);
-            if (request.type == DocumentType::Eps) {
+        fixture.changeAnalysis([](AnalysisResult& result) {
+            if (result.type == DocumentType::Eps) {
                 result.sideFile = "side";
                 result.sideFileSuffix = u"_eps.png"_s;
             }
-            return result;
-        };
+        });
         const ImportReport report = fixture.import(QStringList{picture, drawing}, false);
         QCOMPARE(report.imported.size(), 2);
         QCOMPARE(asked, QStringList{fixture.library.folder()}); // Once for the run.
         QVERIFY(report.accessListWritten);
-        QVERIFY(
-            store::AccessList::read(fixture.library.package()).entries().contains(fixture.library.folder()));
-        const auto media = fixture.media(report.imported[0]);
-        QCOMPARE(media->mediaPath(), QString());
-        QCOMPARE(media->mediaOriginalPath(), picture);
-        QVERIFY(QFileInfo::exists(masters(fixture) + media->mediaThumbPath()));
-        const QString folderOfDrawing =
-            masters(fixture) +
-            QFileInfo(QFileInfo(fixture.media(report.imported[1])->mediaThumbPath()).path()).path();
-        QCOMPARE(QDir(folderOfDrawing + u"/Originals"_s).entryList(QDir::Files),
+        const auto grants = store::AccessList::read(fixture.library.package());
+        QVERIFY(grants.entries().contains(fixture.library.folder()));
+        const auto first = fixture.media(report.imported[0]);
+        const auto second = fixture.media(report.imported[1]);
+        QCOMPARE(first->mediaOriginalPath(), picture);
+        QVERIFY(first->mediaPath().isEmpty() && second->mediaPath().isEmpty());
+        QVERIFY(QFileInfo::exists(fixture.masters() + first->mediaThumbPath()));
+        const QDir previews = QFileInfo(fixture.masters() + second->mediaThumbPath()).dir();
+        QCOMPARE(QDir(previews.filePath(u"../Originals"_s)).entryList(QDir::Files),
                  QStringList{u"chart_eps.png"_s});
-        QCOMPARE(fixture.media(report.imported[1])->mediaPath(), QString());
         QVERIFY(fixture.import(QStringList{picture}, false).failed.empty());
         QCOMPARE(asked.size(), 1); // The written grant holds.
     }
@@ -237,22 +219,15 @@ private Q_SLOTS:
     {
         ImportFixture fixture;
         const QString path = fixture.makeFile(u"a.png"_s);
-        struct Row {
-            DocumentType type;
-            bool hasSize, hasResolution;
-        };
-        for (const Row& row : {Row{DocumentType::Png, true, true},
-                               {DocumentType::Pdf, true, false},
-                               {DocumentType::Eps, true, false},
-                               {DocumentType::Sketch, false, false}}) {
-            fixture.analyse = [&row](const AnalysisRequest& request) {
-                AnalysisResult result = sampleAnalysis(request);
-                result.type = row.type;
-                return result;
-            };
+        using enum DocumentType;
+        // Whether there is a size, and a resolution.
+        const std::tuple<DocumentType, bool, bool> rows[] = {
+            {Png, true, true}, {Pdf, true, false}, {Eps, true, false}, {Sketch, false, false}};
+        for (const auto& [type, hasSize, hasResolution] : rows) {
+            fixture.changeAnalysis([type = type](AnalysisResult& result) { result.type = type; });
             const auto media = imported(fixture, ImportItem::fromPath(path));
-            QCOMPARE(!media->isEmptyAttribute("mediaWidth"_L1), row.hasSize);
-            QCOMPARE(!media->isEmptyAttribute("imageDPI"_L1), row.hasResolution);
+            QCOMPARE(!media->isEmptyAttribute("mediaWidth"_L1), hasSize);
+            QCOMPARE(!media->isEmptyAttribute("imageDPI"_L1), hasResolution);
         }
     }
 };
