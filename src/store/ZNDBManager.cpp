@@ -206,7 +206,10 @@ void ZNDBManager::checkEssentialFolders()
 
 void ZNDBManager::clearDownloadDirectory()
 {
-    QDir(m_supportFolder + QStringLiteral("/Mosaro/Downloads")).removeRecursively();
+    const QString folder = m_supportFolder + QStringLiteral("/Mosaro/Downloads");
+    // A link goes, and what it leads to stays: that is the user's.
+    if (!QFile::remove(folder))
+        QDir(folder).removeRecursively();
     checkEssentialFolders();
 }
 

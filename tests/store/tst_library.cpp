@@ -337,6 +337,10 @@ private Q_SLOTS:
         writeFile(downloads + u"/a/b"_s, "x");
         m_manager->clearDownloadDirectory();
         QVERIFY(QFileInfo(downloads).isDir() && entries(downloads).isEmpty());
+        writeFile(at(u"own/picture"_s), "x");
+        QVERIFY(QDir().rmdir(downloads) && QFile::link(at(u"own"_s), downloads));
+        m_manager->clearDownloadDirectory();
+        QVERIFY(!QFileInfo(downloads).isSymLink() && QFileInfo::exists(at(u"own/picture"_s)));
         const QString day = at(u"keep/2024/3/9"_s);
         writeFile(day + u"/.hidden"_s, "x");
         QVERIFY(QDir().mkpath(at(u"keep/2024/4"_s)));
