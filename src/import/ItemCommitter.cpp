@@ -3,6 +3,7 @@
 #include "base/Text.h"
 #include "import/ItemLinks.h"
 #include "import/LabelColors.h"
+#include "store/Verification.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -118,6 +119,7 @@ Result<void> ItemCommitter::commit(StagedItem& staged)
     const QDateTime date = QDateTime::currentDateTime();
     const QString itemFolder = store::LibraryPackage::itemFolder(date.date(), staged.mediaID);
     if (const auto placed = staged.folder.moveTo(m_package.masterDirPath() + itemFolder); !placed) {
+        removeItemFolder(m_package.masterDirPath() + itemFolder);
         return placed;
     }
     return save(staged, itemFolder, date);
@@ -166,11 +168,7 @@ std::shared_ptr<store::Media> ItemCommitter::makeRecord(const StagedItem& staged
 void ItemCommitter::removeItemFolder(const QString& folder) const
 {
     QDir(folder).removeRecursively();
-    // Day, month and year, each only while it is empty.
-    QString parent = QFileInfo(folder).path();
-    while (parent.size() > m_package.masterDirPath().size() && QDir().rmdir(parent)) {
-        parent = QFileInfo(parent).path();
-    }
+    store::pruneDateFolders(QFileInfo(folder).path());
 }
 
 } // namespace mosaro::importing
