@@ -120,8 +120,10 @@ private:
             skip(given, text("Failure.Import.NoFile"));
         } else if (info.isDir()) {
             takeFolder(path);
-        } else if (!info.isFile() || !isAccepted(path)) {
+        } else if (!isAccepted(path)) {
             skip(given, text("Failure.Import.NotAccepted"));
+        } else if (!info.isFile()) {
+            skip(given, text("Failure.Import.NotAFile"));
         } else {
             m_result.items.push_back(ImportItem::fromPath(path));
         }
