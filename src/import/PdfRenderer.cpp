@@ -151,9 +151,11 @@ base::Result<RenderedDocument> renderIllustrator(const QString& path)
     if (!holdsPostScript(path))
         return renderPdfBasedIllustrator(path);
     base::Result<RenderedDocument> document = renderPostScript(path);
-    // Such a file tells its size and its texts only as PDF.
-    if (document)
+    // Such a file tells its size, its transparency and its texts only as PDF.
+    if (document) {
         document.value().documentSize = {};
+        document.value().metadata.hasAlpha = false;
+    }
     return document;
 }
 

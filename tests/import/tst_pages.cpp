@@ -92,7 +92,7 @@ private Q_SLOTS:
 
         const Drawn old = drawn(DocumentType::Illustrator,
                                 postScript("0 0 90 80", QByteArray(kRed) + "0 0 45 80 rectfill"));
-        QVERIFY(!old.pdf && old.documentSize.isEmpty());
+        QVERIFY(!old.pdf && old.documentSize.isEmpty() && !old.metadata.hasAlpha);
         QCOMPARE(old.side.size(), QSize(90, 80));
         QCOMPARE(old.shown.size(), QSize(132, 132));
     }
