@@ -3,16 +3,32 @@
 #include "import/WebImage.h"
 
 #include <QMimeData>
+#include <QSysInfo>
 
 namespace mosaro::importing {
+
+namespace {
+
+/// Empty for what is no file. Some programs name this machine in the addresses of its files.
+QString localPath(QUrl url)
+{
+    const QString host = url.host();
+    if (host == QLatin1String("localhost") ||
+        host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0) {
+        url.setHost({});
+    }
+    return url.isLocalFile() ? url.toLocalFile() : QString();
+}
+
+} // namespace
 
 QStringList filesOf(const QMimeData& data)
 {
     QStringList paths;
     const QList<QUrl> urls = data.urls();
     for (const QUrl& url : urls) {
-        if (url.isLocalFile() && !url.toLocalFile().isEmpty()) {
-            paths.append(url.toLocalFile());
+        if (const QString path = localPath(url); !path.isEmpty()) {
+            paths.append(path);
         }
     }
     return paths;

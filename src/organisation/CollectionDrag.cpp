@@ -1,5 +1,9 @@
 #include "organisation/CollectionDrag.h"
 
+#include "import/MediaDrag.h"
+#include "import/Pasteboard.h"
+
+#include <QMimeData>
 #include <algorithm>
 
 namespace mosaro::organisation {
@@ -74,6 +78,19 @@ NodeList draggedCollections(const NodeList& items)
         dragged.push_back(node);
     }
     return dragged;
+}
+
+DragContent dragContentOf(const QMimeData& data)
+{
+    DragContent content;
+    content.hasCollections = data.hasFormat(QLatin1String(MR_DRAG_AND_DROP_COLLECTION));
+    if (const auto drag = importing::mediaDragOf(data)) {
+        content.hasMedia = true;
+        content.oldCollections = drag->oldCollections;
+    }
+    content.hasFiles = !importing::filesOf(data).isEmpty();
+    content.hasAddress = importing::addressOf(data).isValid();
+    return content;
 }
 
 DragOperation validateDrop(const DragContent& content, const DropPlace& place, const NodeList& selected)

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+class QMimeData;
+
 namespace mosaro::organisation {
 
 /// Pasteboard type of collections that are dragged out of the tree: a list of their IDs.
@@ -26,6 +28,10 @@ struct DragContent {
     bool hasAddress = false;
     bool fromBrowser = false; ///< The drag began in the grid of items.
 };
+
+/// What the data of a drag tell of it: all but the collections and where it began. To be read as the drag
+/// comes in, and kept: each look into the data of another program waits for that program.
+[[nodiscard]] DragContent dragContentOf(const QMimeData& data);
 
 /// Where it is: on a node, or on none for the space outside of all rows; `index` is -1 for that, and the
 /// position for a place between two rows.

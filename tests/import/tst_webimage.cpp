@@ -211,9 +211,10 @@ private Q_SLOTS:
     void filesAndAddresses()
     {
         QMimeData data;
-        data.setUrls(
-            {QUrl(u"relative.png"_s), QUrl::fromLocalFile(u"/a b.png"_s), QUrl(u"https://host/c.png"_s)});
-        QCOMPARE(filesOf(data), QStringList{u"/a b.png"_s});
+        data.setUrls({QUrl(u"relative.png"_s), QUrl::fromLocalFile(u"/a b.png"_s),
+                      QUrl(u"https://host/c.png"_s), QUrl(u"file://localhost/d.png"_s),
+                      QUrl(u"file://%1/e.png"_s.arg(QSysInfo::machineHostName()))});
+        QCOMPARE(filesOf(data), (QStringList{u"/a b.png"_s, u"/d.png"_s, u"/e.png"_s}));
         QCOMPARE(addressOf(data), QUrl(u"https://host/c.png"_s));
         data.setUrls({QUrl(u"relative.png"_s)});
         QVERIFY(!addressOf(data).isValid());

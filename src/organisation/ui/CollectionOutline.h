@@ -23,10 +23,9 @@ public:
                       QWidget* parent = nullptr);
     ~CollectionOutline() override;
 
-    /// What a drop of data on a node would do; null stands for the space outside of all rows. `fromGrid`: the
-    /// drag began in a grid of this program.
-    using DropRule =
-        std::function<DragOperation(const QMimeData& data, bool fromGrid, const CollectionNode* target)>;
+    /// What a drop would do on a node; null stands for the space outside of all rows. The rule adds the
+    /// collections that are dragged.
+    using DropRule = std::function<DragOperation(DragContent content, const CollectionNode* target)>;
     void setDropRule(DropRule rule) { m_dropRule = std::move(rule); }
     /// IDs of the collections that are being dragged out of this tree; empty at all other times.
     [[nodiscard]] const QStringList& dragItems() const { return m_dragItems; }
@@ -91,6 +90,7 @@ private:
     DropRule m_dropRule;
     QStringList m_dragItems;
     bool m_isDragRefused = false; ///< Until the next press.
+    DragContent m_dragged;        ///< Without its collections, while a drag is over the tree.
     QPersistentModelIndex m_dropTarget;
     bool m_dropOnEmptyArea = false;
     QPersistentModelIndex m_hovered; ///< The closed row that a drag rests on.

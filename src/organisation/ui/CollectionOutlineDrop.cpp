@@ -76,9 +76,7 @@ void CollectionOutline::considerDrop(QDropEvent& event, const QPoint& position)
 {
     const QModelIndex index = indexAt(position);
     const CollectionNode* node = index.isValid() ? CollectionTreeModel::node(index) : nullptr;
-    const bool fromGrid = qobject_cast<const kit::GridView*>(event.source()) != nullptr;
-    const DragOperation operation =
-        m_dropRule ? m_dropRule(*event.mimeData(), fromGrid, node) : DragOperation::None;
+    const DragOperation operation = m_dropRule ? m_dropRule(m_dragged, node) : DragOperation::None;
     if (operation == DragOperation::None) {
         setDropTarget({}, false);
         event.ignore();
@@ -111,6 +109,7 @@ void CollectionOutline::followDrag(const QPoint& position)
 void CollectionOutline::endDragOver()
 {
     setDropTarget({}, false);
+    m_dragged = {};
     m_hovered = QModelIndex();
     m_springLoad.stop();
     m_edgeScroll.stop();
@@ -118,6 +117,8 @@ void CollectionOutline::endDragOver()
 
 void CollectionOutline::dragEnterEvent(QDragEnterEvent* event)
 {
+    m_dragged = dragContentOf(*event->mimeData());
+    m_dragged.fromBrowser = qobject_cast<const kit::GridView*>(event->source()) != nullptr;
     // Accepted as a whole, so that folders open and the tree scrolls; the move events answer for each place.
     event->accept();
 }

@@ -1,7 +1,6 @@
 // The commands on the collection tree: what menus, keys and drops ask for.
 #include "base/Text.h"
 #include "import/MediaDrag.h"
-#include "import/Pasteboard.h"
 #include "kit/ZNFlatUIKitLabelView.h"
 #include "organisation/CollectionNames.h"
 #include "organisation/DatabaseError.h"
@@ -199,27 +198,18 @@ void MRLibraryCollectionSource::menuDidClose()
     }
 }
 
-DragOperation MRLibraryCollectionSource::dropOperation(const QMimeData& data, bool fromGrid,
+DragOperation MRLibraryCollectionSource::dropOperation(DragContent content,
                                                        const CollectionNode* target) const
 {
     const bool busy = isBusy() || (m_environment.isWindowBusy && m_environment.isWindowBusy());
     if (busy || !m_environment.library.isOpenedDatabase()) {
         return DragOperation::None;
     }
-    DragContent content;
-    content.hasCollections = data.hasFormat(QLatin1String(MR_DRAG_AND_DROP_COLLECTION));
     for (const QString& id : m_outline->dragItems()) {
         if (const CollectionNode* node = m_tree.node(id)) {
             content.collections.push_back(node);
         }
     }
-    if (const auto drag = importing::mediaDragOf(data)) {
-        content.hasMedia = true;
-        content.oldCollections = drag->oldCollections;
-    }
-    content.hasFiles = !importing::filesOf(data).isEmpty();
-    content.hasAddress = importing::addressOf(data).isValid();
-    content.fromBrowser = fromGrid;
     return validateDrop(content, {target, -1}, selectedNodes());
 }
 

@@ -77,8 +77,8 @@ void MRLibraryCollectionSource::connectTree()
     connect(m_menu, &CollectionMenu::willOpen, this, &MRLibraryCollectionSource::menuWillOpen);
     connect(m_menu, &CollectionMenu::didClose, this, &MRLibraryCollectionSource::menuDidClose);
     connect(m_menu, &CollectionMenu::chosen, this, &MRLibraryCollectionSource::run);
-    m_outline->setDropRule([this](const QMimeData& data, bool fromGrid, const CollectionNode* target) {
-        return dropOperation(data, fromGrid, target);
+    m_outline->setDropRule([this](DragContent content, const CollectionNode* target) {
+        return dropOperation(std::move(content), target);
     });
 }
 

@@ -124,8 +124,7 @@ private:
     [[nodiscard]] bool isOperable() const;
     [[nodiscard]] bool exists(SidebarCommand command) const;
     void addLabelRow(kit::ZNFlatUIKitLabelView& row);
-    [[nodiscard]] DragOperation dropOperation(const QMimeData& data, bool fromGrid,
-                                              const CollectionNode* target) const;
+    [[nodiscard]] DragOperation dropOperation(DragContent content, const CollectionNode* target) const;
     void acceptDrop(const QMimeData& data, const CollectionNode* target);
     void rename(const QString& id, const QString& title);
     void run(SidebarCommand command);
