@@ -6,9 +6,11 @@ namespace mosaro::kit {
 
 namespace {
 
+/// A part that hands the keyboard on, such as the text of a date field, is no stop of its own.
 bool takesFocus(const QWidget& widget)
 {
-    return widget.isVisible() && widget.isEnabled() && (widget.focusPolicy() & Qt::TabFocus) != 0;
+    return widget.isVisible() && widget.isEnabled() && (widget.focusPolicy() & Qt::TabFocus) != 0 &&
+           widget.focusProxy() == nullptr;
 }
 
 } // namespace

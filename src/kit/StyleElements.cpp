@@ -217,6 +217,16 @@ bool MosaroStyle::drawOtherElement(ControlElement element, const QStyleOption& o
             drawFadedOnce(element, label, painter, widget);
         }
         return true;
+    case CE_ComboBoxLabel:
+        if (const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(&option)) {
+            QStyleOptionComboBox label(*combo);
+            const int icon = label.currentIcon.isNull() ? 0 : label.iconSize.width() + 4;
+            const QRect room = subControlRect(CC_ComboBox, &label, SC_ComboBoxEditField, widget);
+            label.currentText =
+                label.fontMetrics.elidedText(label.currentText, Qt::ElideRight, room.width() - icon - 2);
+            QProxyStyle::drawControl(element, &label, &painter, widget);
+        }
+        return true;
     case CE_HeaderSection:
     case CE_HeaderEmptyArea:
         drawHeader(option, painter);

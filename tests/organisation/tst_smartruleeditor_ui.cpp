@@ -7,6 +7,7 @@
 #include "organisation/ui/MRSmartRuleItem.h"
 #include "support/TemporaryLibrary.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLineEdit>
@@ -147,6 +148,60 @@ private Q_SLOTS:
         Sheet::button(*sheet.rows().constFirst(), false).click();
         QCOMPARE(sheet.rows().size(), 14);
         QVERIFY(Sheet::button(*sheet.rows().constLast(), true).isEnabled());
+    }
+
+    /// Stepping to a condition leaves the keyboard there; the wheel changes nothing on its way.
+    void conditionsByKeysAndWheel()
+    {
+        Sheet sheet;
+        const QDateTime day = QDate(2024, 2, 29).startOfDay();
+        sheet.open({rule(4, {{SMART_KEY_CONDITION, 0}, {SMART_KEY_DEFAULT_VALUE, day}})});
+        const auto popUps = sheet.rows().constFirst()->findChildren<QComboBox*>();
+        popUps[1]->setFocus();
+        QTest::keyClick(popUps[1], Qt::Key_Down);
+        QTest::keyClick(popUps[1], Qt::Key_Down);
+        QCOMPARE(sheet.editor->focusWidget(), popUps[1]);
+        const QList<QWidget*> passed{popUps[0], popUps[1],
+                                     sheet.rows().constFirst()->findChild<QDateEdit*>()};
+        for (QWidget* control : passed) {
+            QWheelEvent turn({5, 5}, {5, 5}, {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(control, &turn);
+            QVERIFY(!turn.isAccepted());
+        }
+        QCOMPARE(sheet.values(), (QVariantMap{{SMART_KEY_CONDITION, 2}, {SMART_KEY_DEFAULT_VALUE, day}}));
+        popUps[1]->showPopup();
+        QTest::keyClick(popUps[1]->view(), Qt::Key_Down);
+        QTest::keyClick(popUps[1]->view(), Qt::Key_Return);
+        QCOMPARE(sheet.editor->focusWidget(), passed[2]);
+    }
+
+    void returnPressesTheButtonThatHasTheKeyboard()
+    {
+        Sheet sheet;
+        sheet.open({rule(0), rule(8), rule(16)});
+        QSignalSpy closed(sheet.editor.get(), &MRSmartRuleEditor::closeSheet);
+        QToolButton* first = &Sheet::button(*sheet.rows().constFirst(), false);
+        for (const int left : {2, 1}) {
+            first->setFocus();
+            QTest::keyClick(first, Qt::Key_Return);
+            QCOMPARE(sheet.rows().size(), left);
+            const MRSmartRuleItem& row = *sheet.rows().constFirst();
+            first = &Sheet::button(row, false);
+            QCOMPARE(sheet.editor->focusWidget(),
+                     left > 1 ? static_cast<QWidget*>(first) : row.findChild<QComboBox*>());
+        }
+        QVERIFY(closed.isEmpty());
+    }
+
+    void longTitlesFitIntoTheirRow()
+    {
+        Sheet sheet;
+        sheet.library.addTag(QString(300, u'M'));
+        sheet.open({rule(20), rule(4, {{SMART_KEY_CONDITION, 3}})});
+        sheet.editor->resize(sheet.editor->minimumSize());
+        for (const MRSmartRuleItem* row : sheet.rows()) {
+            QVERIFY(row->minimumSizeHint().width() < sheet.editor->width() - 2 * kit::metric::gap);
+        }
     }
 
     void numbersOnly()

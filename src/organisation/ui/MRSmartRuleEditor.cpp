@@ -21,7 +21,8 @@ namespace mosaro::organisation {
 
 namespace {
 
-constexpr QSize kSheetSize(660, 400);
+constexpr QSize kSheetSize(720, 400);
+constexpr QSize kSmallestSize(660, 320); ///< In a small window.
 constexpr int kFirstRuleDelay = 150;
 constexpr int kCountDelay = 120;
 const QColor kBackground = QColor::fromRgbF(0.2F, 0.2F, 0.2F);
@@ -50,7 +51,7 @@ MRSmartRuleEditor::MRSmartRuleEditor(const SmartRuleEnvironment& environment, ba
     : QWidget(parent), m_environment(environment), m_bus(bus), m_search(environment.library),
       m_isEditingMode(isEdit)
 {
-    setFixedSize(kSheetSize);
+    setMinimumSize(kSmallestSize);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(1, kit::metric::wideGap, 1, kit::metric::wideGap - 4);
     column->setSpacing(14);
@@ -143,6 +144,11 @@ QPushButton* MRSmartRuleEditor::makeButton(const char* titleKey, int returnCode)
     return button;
 }
 
+QSize MRSmartRuleEditor::sizeHint() const
+{
+    return kSheetSize;
+}
+
 /// A sheet without rules opens with one, a moment after it is shown.
 void MRSmartRuleEditor::showEvent(QShowEvent* event)
 {
@@ -201,10 +207,14 @@ void MRSmartRuleEditor::deleteRule(MRSmartRuleItem* row)
         return;
     }
     const auto next = m_rows.erase(found);
-    (next != m_rows.end() ? *next : m_rows.back())->setFocus();
+    MRSmartRuleItem* heir = next != m_rows.end() ? *next : m_rows.back();
+    const bool hadKeyboard = row->isAncestorOf(focusWidget());
+    rulesChanged();
+    if (hadKeyboard) {
+        heir->focusDeleteButton();
+    }
     row->hide();
     row->deleteLater();
-    rulesChanged();
 }
 
 void MRSmartRuleEditor::rulesChanged()
@@ -254,10 +264,12 @@ void MRSmartRuleEditor::countMatches()
 
 void MRSmartRuleEditor::keyPressEvent(QKeyEvent* event)
 {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->key() == Qt::Key_Escape) {
         Q_EMIT closeSheet(kSmartSheetCancelled);
-    } else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && m_saveBtn->isEnabled()) {
-        Q_EMIT closeSheet(kSmartSheetSaved);
+    } else if (isReturn && !event->isAutoRepeat()) { // The Return that opened the sheet may be held.
+        auto* button = qobject_cast<QAbstractButton*>(focusWidget());
+        (button != nullptr ? button : m_saveBtn)->click();
     } else {
         QWidget::keyPressEvent(event);
     }

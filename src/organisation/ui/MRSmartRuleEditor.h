@@ -42,6 +42,7 @@ public:
     /// Title, match condition and rules, as SmartRules.h names them.
     [[nodiscard]] QVariantMap result() const;
     [[nodiscard]] bool isEditing() const { return m_isEditingMode; }
+    [[nodiscard]] QSize sizeHint() const override;
 
     void addRule();
     void deleteRule(MRSmartRuleItem* row);

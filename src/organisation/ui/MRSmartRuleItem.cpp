@@ -5,6 +5,7 @@
 #include "kit/Look.h"
 
 #include <QComboBox>
+#include <QEvent>
 #include <QHBoxLayout>
 
 namespace mosaro::organisation {
@@ -44,6 +45,7 @@ MRSmartRuleItem::MRSmartRuleItem(QVariantMap rule, const SmartRuleEnvironment& e
 void MRSmartRuleItem::makePopUp()
 {
     m_popUpBtn->setFixedWidth(kTypeWidth);
+    keepFromWheel(*m_popUpBtn);
     m_popUpBtn->setMaxVisibleItems(int(smartRuleKinds().size()));
     m_popUpBtn->setToolTip(base::text("Tooltip.Smart.Type"));
     m_popUpBtn->setAccessibleName(m_popUpBtn->toolTip());
@@ -85,26 +87,62 @@ void MRSmartRuleItem::createSmartRuleElementView()
         return;
     }
     m_placeHolderView->layout()->addWidget(m_valueView);
+    for (QWidget* control : controls()) {
+        keepFromWheel(*control);
+    }
     m_valueView->parseValues();
     m_valueView->show();
     connect(m_valueView, &SmartRuleView::changed, this, &MRSmartRuleItem::changed);
+}
+
+/// Those of the value, in their order.
+QList<QWidget*> MRSmartRuleItem::controls() const
+{
+    return m_valueView == nullptr
+               ? QList<QWidget*>()
+               : m_valueView->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+/// The wheel scrolls the list of rules; what passes under it does not change, nor get the keyboard.
+void MRSmartRuleItem::keepFromWheel(QWidget& control)
+{
+    control.installEventFilter(this);
+    if (control.focusPolicy() == Qt::WheelFocus) {
+        control.setFocusPolicy(Qt::StrongFocus);
+    }
+}
+
+bool MRSmartRuleItem::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::Wheel) {
+        return QWidget::eventFilter(watched, event);
+    }
+    event->ignore();
+    return true;
 }
 
 QWidget* MRSmartRuleItem::continueTabOrder(QWidget* before)
 {
     QWidget* last = m_popUpBtn;
     setTabOrder(before, m_popUpBtn);
-    if (m_valueView != nullptr) {
-        for (QWidget* control : m_valueView->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-            if (control->focusPolicy() != Qt::NoFocus) {
-                setTabOrder(last, control);
-                last = control;
-            }
+    for (QWidget* control : controls()) {
+        if (control->focusPolicy() != Qt::NoFocus) {
+            setTabOrder(last, control);
+            last = control;
         }
     }
     setTabOrder(last, m_deleteRuleBtn);
     setTabOrder(m_deleteRuleBtn, m_addRuleBtn);
     return m_addRuleBtn;
+}
+
+void MRSmartRuleItem::focusDeleteButton()
+{
+    if (m_deleteRuleBtn->isEnabled()) {
+        m_deleteRuleBtn->setFocus();
+    } else {
+        m_popUpBtn->setFocus();
+    }
 }
 
 void MRSmartRuleItem::setCanAdd(bool can)

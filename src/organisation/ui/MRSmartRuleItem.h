@@ -22,6 +22,8 @@ public:
     [[nodiscard]] const QVariantMap& representedObject() const { return m_representedObject; }
     void setCanAdd(bool can);
     void setCanDelete(bool can);
+    /// After a row beside it is gone by its button; the type has the keyboard when the button is off.
+    void focusDeleteButton();
     /// Puts the row's controls behind a widget in the order of the Tab key; gives the last of them.
     [[nodiscard]] QWidget* continueTabOrder(QWidget* before);
 
@@ -32,7 +34,12 @@ Q_SIGNALS:
     void addRequested();
     void deleteRequested();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    [[nodiscard]] QList<QWidget*> controls() const;
+    void keepFromWheel(QWidget& control);
     void makePopUp();
     void changeSmartRule();
     void createSmartRuleElementView();

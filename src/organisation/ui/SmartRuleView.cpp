@@ -8,10 +8,40 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <algorithm>
 
 namespace mosaro::organisation {
+
+namespace {
+
+constexpr int kFewestLetters = 6; ///< To which a pop-up shrinks where its row is full.
+
+/// Knows whether an item is chosen from the open menu, or stepped to with the keys.
+class ConditionPopUp : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+
+    [[nodiscard]] bool isFromMenu() const { return m_isFromMenu; }
+    void showPopup() override
+    {
+        m_isFromMenu = true;
+        QComboBox::showPopup();
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        m_isFromMenu = false;
+        QComboBox::keyPressEvent(event);
+    }
+
+private:
+    bool m_isFromMenu = false;
+};
+
+} // namespace
 
 SmartRuleView::SmartRuleView(SmartRuleFamily family, QVariantMap& values, QWidget* parent)
     : QWidget(parent), m_family(family), m_values(values), m_row(new QHBoxLayout(this))
@@ -40,9 +70,14 @@ void SmartRuleView::updateValues()
 
 QComboBox* SmartRuleView::addPopUp(const char* toolTipKey)
 {
-    auto* popUp = new QComboBox(this);
+    return addPopUp(new QComboBox(this), toolTipKey);
+}
+
+QComboBox* SmartRuleView::addPopUp(QComboBox* popUp, const char* toolTipKey)
+{
     popUp->setToolTip(base::text(toolTipKey));
     popUp->setAccessibleName(popUp->toolTip());
+    popUp->setMinimumContentsLength(kFewestLetters);
     m_row->addWidget(popUp);
     connect(popUp, &QComboBox::currentIndexChanged, this, &SmartRuleView::updateValues);
     return popUp;
@@ -50,13 +85,14 @@ QComboBox* SmartRuleView::addPopUp(const char* toolTipKey)
 
 QComboBox* SmartRuleView::addConditions()
 {
-    QComboBox* popUp = addPopUp("Tooltip.Smart.Condition");
+    auto* popUp = new ConditionPopUp(this);
+    addPopUp(popUp, "Tooltip.Smart.Condition");
     const QSignalBlocker silent(popUp);
     for (const SmartRuleCondition& condition : smartRuleConditions(m_family)) {
         popUp->addItem(base::text(condition.titleKey), condition.number);
     }
-    connect(popUp, &QComboBox::activated, this, [this] {
-        if (m_activeResponder != nullptr) {
+    connect(popUp, &QComboBox::activated, this, [this, popUp] {
+        if (m_activeResponder != nullptr && popUp->isFromMenu()) {
             m_activeResponder->setFocus();
         }
     });

@@ -41,7 +41,8 @@ protected:
 
     [[nodiscard]] QVariantMap& values() const { return m_values; }
     [[nodiscard]] QHBoxLayout& row() const { return *m_row; }
-    /// A pop-up with the conditions of the family; choosing one gives `activeResponder` the keyboard.
+    /// A pop-up with the conditions of the family; choosing one from its menu gives `activeResponder` the
+    /// keyboard.
     [[nodiscard]] QComboBox* addConditions();
     [[nodiscard]] QComboBox* addPopUp(const char* toolTipKey);
     void setActiveResponder(QWidget* widget) { m_activeResponder = widget; }
@@ -49,6 +50,8 @@ protected:
     void chooseStored(QComboBox& popUp, QLatin1String key) const;
 
 private:
+    QComboBox* addPopUp(QComboBox* popUp, const char* toolTipKey);
+
     SmartRuleFamily m_family;
     QVariantMap& m_values;
     QHBoxLayout* m_row;
