@@ -80,16 +80,46 @@ bool Popover::isOutside(const QObject* pressed) const
            (m_anchor == nullptr || !m_anchor->isAncestorOf(widget));
 }
 
+bool Popover::carriesAnchor(const QObject* moved) const
+{
+    const auto* widget = qobject_cast<const QWidget*>(moved);
+    return widget != nullptr && m_anchor != nullptr && (widget == m_anchor || widget->isAncestorOf(m_anchor));
+}
+
 bool Popover::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::MouseButtonPress && isVisible() && isOutside(watched)) {
-        hide();
-        Q_EMIT closed();
-    } else if ((event->type() == QEvent::Resize && watched == parentWidget()) ||
-               (event->type() == QEvent::LayoutRequest && watched == this)) {
-        place();
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        if (isVisible() && isOutside(watched)) {
+            dismiss();
+        }
+        break;
+    case QEvent::Hide:
+        if (isVisible() && watched == m_anchor && !event->spontaneous()) {
+            dismiss();
+        }
+        break;
+    case QEvent::Move:
+    case QEvent::Resize:
+        if (carriesAnchor(watched)) {
+            place();
+        }
+        break;
+    case QEvent::LayoutRequest:
+        if (watched == this) {
+            place();
+        }
+        break;
+    default:
+        break;
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void Popover::dismiss()
+{
+    hide();
+    Q_EMIT closed();
 }
 
 void Popover::paintEvent(QPaintEvent*)

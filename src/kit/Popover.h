@@ -6,8 +6,8 @@
 namespace mosaro::kit {
 
 /// A floating panel below an anchor, with an arrow that points at it. It lies within the anchor's window and
-/// takes no focus of its own, so that a field can go on being typed in. Transient: a press of the mouse
-/// elsewhere closes it.
+/// takes no focus of its own, so that a field can go on being typed in. It follows the anchor. Transient: a
+/// press of the mouse elsewhere closes it, and so does the anchor's hiding.
 class Popover : public QWidget {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ public:
     [[nodiscard]] QWidget* takeContent();
 
 Q_SIGNALS:
-    /// A press elsewhere, or the anchor's window losing its place, closed it.
+    /// It was closed from outside.
     void closed();
 
 protected:
@@ -30,6 +30,8 @@ protected:
 
 private:
     void place();
+    void dismiss();
+    [[nodiscard]] bool carriesAnchor(const QObject* moved) const;
     [[nodiscard]] bool isOutside(const QObject* pressed) const;
 
     QPointer<QWidget> m_anchor;

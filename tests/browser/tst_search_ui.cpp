@@ -138,14 +138,15 @@ private Q_SLOTS:
         QCOMPARE(bench.search(u"stra"_s), u"Straße"_s);
     }
 
-    void endsInThreeWays_data()
+    void ends_data()
     {
         QTest::addColumn<int>("way");
         QTest::newRow("Escape") << 0;
         QTest::newRow("emptied") << 1;
         QTest::newRow("a press elsewhere") << 2;
+        QTest::newRow("the field is hidden") << 3;
     }
-    void endsInThreeWays()
+    void ends()
     {
         QFETCH(int, way);
         Bench bench;
@@ -154,12 +155,29 @@ private Q_SLOTS:
             bench.press(Qt::Key_Escape);
         } else if (way == 1) {
             bench.edit().clear();
+        } else if (way == 3) {
+            bench.view->adjustViewsInFullscreen(true);
         } else {
             QTest::mouseClick(bench.grid().viewport(), Qt::LeftButton, {}, QPoint(5, 300));
         }
         QTRY_VERIFY(!bench.isOpen());
         QCOMPARE(bench.hits(), QString());
         QCOMPARE(bench.edit().text(), QString());
+    }
+
+    void resultsStayBelowTheField()
+    {
+        Bench bench;
+        (void)bench.search(u"cafe"_s);
+        const auto fromTheRight = [&bench] {
+            const auto& popover = *bench.view->findChild<kit::Popover*>();
+            const SearchField& field = bench.field();
+            return popover.geometry().right() - field.mapTo(bench.view.get(), field.rect().topRight()).x();
+        };
+        const int before = fromTheRight();
+        bench.view->resize(1300, 600);
+        QTRY_COMPARE(bench.view->width(), 1300);
+        QTRY_COMPARE(fromTheRight(), before);
     }
 
     void fallsBackOnTheWholeLibrary()

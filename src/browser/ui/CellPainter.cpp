@@ -11,7 +11,6 @@ namespace mosaro::browser {
 namespace {
 
 const QColor kFrameColor{0x3A, 0x3A, 0x3C};
-const QColor kGroundOfDarkDrawings{0xCC, 0xCC, 0xCF};
 const QColor kInactiveSelection{0x77, 0x78, 0x7C};
 const QColor kTitleColor = QColor::fromRgbF(0.722F, 0.722F, 0.722F);
 const QColor kSubtitleColor = QColor::fromRgbF(0.4F, 0.4F, 0.4F);

@@ -2,6 +2,7 @@
 
 #include "browser/CellContent.h"
 
+#include <QColor>
 #include <QImage>
 #include <QSize>
 
@@ -30,6 +31,7 @@ struct PreviewResult {
 /// Whether it is mostly dark and has a shape of its own, so that it would be lost on a dark ground. Plain
 /// dark rectangles, as photos beside their margins, are none.
 [[nodiscard]] bool isDarkDrawing(const QImage& image);
+inline const QColor kGroundOfDarkDrawings{0xCC, 0xCC, 0xCF};
 
 /// Reads and scales the preview and looks at the item's file. Pure, for a worker. The kind of file is told by
 /// its content, whatever its name.

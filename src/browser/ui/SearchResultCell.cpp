@@ -67,6 +67,9 @@ void SearchResultCell::paintPreview(QPainter& painter, const QRect& place, const
     } else if (!picture->image.isNull()) {
         QRectF target(QPointF(), fittedSize(picture->originalSize, request.box));
         target.moveCenter(QRectF(place).center());
+        if (picture->isDarkDrawing) {
+            painter.fillRect(target, kGroundOfDarkDrawings);
+        }
         painter.drawImage(target, picture->image);
     }
     painter.setBrush(Qt::NoBrush);
