@@ -38,7 +38,6 @@ using Damage = std::function<void(const QString&)>;
 constexpr auto kBrokenAtTheEnd = "a store with one broken page, the last";
 
 } // namespace
-Q_DECLARE_METATYPE(Damage)
 
 class TestLibrary : public QObject {
     Q_OBJECT
@@ -64,13 +63,12 @@ private Q_SLOTS:
     {
         QVERIFY(!m_manager->isOpenedDatabase());
         QVERIFY2(m_manager->createLibaryAtPath(m_path), qPrintable(m_manager->lastError()));
-        QVERIFY(m_manager->isOpenedDatabase());
-        QVERIFY(m_manager->lastError().isEmpty());
+        QVERIFY(m_manager->isOpenedDatabase() && m_manager->lastError().isEmpty());
         QCOMPARE(m_manager->libraryDirPath(), m_path);
         QCOMPARE(m_manager->masterDirPath(), m_path + u"/Masters"_s);
-        QVERIFY(m_manager->package().versionRecord().value(u"Copy items to library"_s).toBool());
-        QCOMPARE(m_manager->package().versionRecord().value(u"Version"_s).toString(),
-                 base::ZNUserDefaults::applicationVersion());
+        QCOMPARE(m_manager->package().versionRecord(),
+                 (QVariantMap{{u"Copy items to library"_s, true},
+                              {u"Version"_s, base::ZNUserDefaults::applicationVersion()}}));
         m_manager->closeDatabase();
         QVERIFY(!m_manager->isOpenedDatabase());
         QVERIFY(m_manager->libraryDirPath().isEmpty() && m_manager->masterDirPath().isEmpty());
@@ -96,23 +94,21 @@ private Q_SLOTS:
             QVERIFY(m_manager->openDatabase());
             QCOMPARE(m_manager->libraryDirPath(), support + u"/Mosaro (2).mrlibrary"_s);
         }
-        QVERIFY(m_manager->openDatabaseAtPath(support + u"/Mosaro.mrlibrary"_s));
-        QVERIFY(m_manager->openDatabaseAtPath(support + u"/Mosaro.mrlibrary"_s)); // Again, while open.
-        QVERIFY(!m_manager->openDatabaseAtPath(own));
-        QVERIFY(!m_manager->openDatabaseAtPath(QString()));
+        for (int time = 0; time < 2; ++time) // Again, while open.
+            QVERIFY(m_manager->openDatabaseAtPath(support + u"/Mosaro.mrlibrary"_s));
+        QVERIFY(!m_manager->openDatabaseAtPath(own) && !m_manager->openDatabaseAtPath(QString()));
         QVERIFY(!m_manager->lastError().isEmpty());
     }
 
     void toolsDoNotChangeTheRememberedLibrary()
     {
-        const QString first = at(u"First.mrlibrary"_s);
-        QVERIFY(m_manager->createLibaryAtPath(first));
+        QVERIFY(m_manager->createLibaryAtPath(m_path));
         const QByteArray remembered = m_defaults->data(base::MOSARO_LIBRARY_LOCATION);
         m_manager->setRemembersLibrary(false);
         QVERIFY(m_manager->createLibaryAtPath(at(u"Second.mrlibrary"_s)));
         QCOMPARE(m_defaults->data(base::MOSARO_LIBRARY_LOCATION), remembered);
-        m_bookmarks.refused = {first};
-        QVERIFY(!m_manager->validateDatabaseAtURL(first));
+        m_bookmarks.refused = {m_path};
+        QVERIFY(!m_manager->validateDatabaseAtURL(m_path));
         QVERIFY(!m_manager->isOpenedDatabase());
     }
 
@@ -197,8 +193,7 @@ private Q_SLOTS:
 
         const auto before = snapshot(m_path);
         QVERIFY(!m_manager->validateDatabaseAtURL(m_path));
-        QVERIFY(!m_manager->isOpenedDatabase());
-        QVERIFY(m_manager->context() == nullptr);
+        QVERIFY(!m_manager->isOpenedDatabase() && m_manager->context() == nullptr);
         QVERIFY2(m_manager->lastError().contains(u' '), qPrintable(m_manager->lastError()));
         m_manager->closeDatabase();
         QCOMPARE(snapshot(m_path), before);
@@ -234,11 +229,10 @@ private Q_SLOTS:
         QVERIFY(m_manager->saveChanges());
         QCOMPARE(fileContents(record), before); // Written at the close only.
         m_manager->closeDatabase();
+        QVERIFY(fileContents(record).startsWith("bplist00"));
         const QVariantMap written = base::readPropertyListFile(record).value().toMap();
         for (auto entry = strange.begin(); entry != strange.end(); ++entry)
-            QVERIFY2(written.contains(entry.key()), qPrintable(entry.key()));
-        QCOMPARE(written.value(u"$objects"_s).toList().size(), 1);
-        QVERIFY(fileContents(record).startsWith("bplist00"));
+            QCOMPARE(written.value(entry.key()), entry.value());
         QVERIFY(m_manager->validateDatabaseAtURL(m_path));
         QCOMPARE(m_manager->state().expandedCollections(), QStringList{u"e"_s});
     }
@@ -309,8 +303,7 @@ private Q_SLOTS:
         QCOMPARE(m_prompts.openPanels.last().directory, at(u"sub"_s));
         QCOMPARE(m_manager->libraryDirPath(), path);
         m_prompts.saveAnswers = {u"/proc/none/L.mrlibrary"_s};
-        QVERIFY(!m_manager->createDatabase());
-        QVERIFY(!m_manager->isOpenedDatabase());
+        QVERIFY(!m_manager->createDatabase() && !m_manager->isOpenedDatabase());
         QCOMPARE(m_prompts.alerts.size(), 1);
         QVERIFY(m_prompts.alerts.first().messageText.contains(u"L.mrlibrary"_s));
         QVERIFY(!m_manager->lastError().isEmpty());
@@ -320,14 +313,14 @@ private Q_SLOTS:
 
     void createReplacesOnlyWhatWasConfirmed()
     {
-        const QString path = at(u"Old.mrlibrary"_s);
-        writeFile(path + u"/anything"_s, "old");
-        m_prompts.saveAnswers = {at(u"Old"_s)}; // The panel asked about a name without the suffix.
+        const QString old = m_path + u"/anything"_s;
+        writeFile(old, "old");
+        m_prompts.saveAnswers = {at(u"L"_s)}; // The panel asked about a name without the suffix.
         QVERIFY(!m_manager->createDatabase());
-        QCOMPARE(fileContents(path + u"/anything"_s), "old"_ba);
-        m_prompts.saveAnswers = {path};
+        QCOMPARE(fileContents(old), "old"_ba);
+        m_prompts.saveAnswers = {m_path};
         QVERIFY(m_manager->createDatabase());
-        QVERIFY(!QFileInfo::exists(path + u"/anything"_s));
+        QVERIFY(!QFileInfo::exists(old));
     }
 
     void scratchFolders()
@@ -359,7 +352,7 @@ private Q_SLOTS:
     void saveChangesTellsTheReason()
     {
         QVERIFY(!m_manager->saveChanges());
-        QVERIFY(m_manager->createLibaryAtPath(at(u"L.mrlibrary"_s)));
+        QVERIFY(m_manager->createLibaryAtPath(m_path));
         QVERIFY(m_manager->saveChanges());
         SQLite::Database other(m_manager->package().dbPath().toStdString(), SQLite::OPEN_READWRITE, 3000);
         other.exec("CREATE TRIGGER refuse BEFORE INSERT ON Tags BEGIN SELECT RAISE(ABORT, 'no'); END");

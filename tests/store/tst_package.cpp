@@ -14,19 +14,22 @@ using namespace mosaro::store;
 using namespace mosaro::test;
 using namespace Qt::StringLiterals;
 
-namespace {
-
-VerificationReport verify(TemporaryLibrary& library)
-{
-    return verifyLibrary(library.context(), library.package());
-}
-
-} // namespace
-
 class TestPackage : public QObject {
     Q_OBJECT
 
+private:
+    std::unique_ptr<TemporaryLibrary> m_library;
+    [[nodiscard]] const LibraryPackage& package() const { return m_library->package(); }
+    [[nodiscard]] QString master(const QString& path) const { return package().masterDirPath() + path; }
+    VerificationReport verify() { return verifyLibrary(m_library->context(), package()); }
+    [[nodiscard]] SQLite::Database otherProgram() const
+    {
+        return {package().dbPath().toStdString(), SQLite::OPEN_READWRITE, 3000};
+    }
+
 private Q_SLOTS:
+    void init() { m_library = std::make_unique<TemporaryLibrary>(); }
+
     void paths()
     {
         const LibraryPackage package(u"/a/b/../L.mrlibrary/"_s);
@@ -82,18 +85,17 @@ private Q_SLOTS:
 
     void accessListFile()
     {
-        TemporaryLibrary library;
-        AccessList list = AccessList::read(library.package());
+        AccessList list = AccessList::read(package());
         QVERIFY(list.entries().isEmpty());
-        QVERIFY(!QFileInfo::exists(library.package().accessListInfoPath()));
+        QVERIFY(!QFileInfo::exists(package().accessListInfoPath()));
         list.enter(u"/gone/é"_s, "token\0x"_ba);
         list.enter(u"/none"_s, QByteArray());
-        QVERIFY(list.write(library.package()).ok());
-        QCOMPARE(AccessList::read(library.package()).entries(), list.entries());
+        QVERIFY(list.write(package()).ok());
+        QCOMPARE(AccessList::read(package()).entries(), list.entries());
         list.remove(u"/none"_s);
         QCOMPARE(list.entries().size(), 1);
-        writeFile(library.package().accessListInfoPath(), "<plist>garbage");
-        QVERIFY(AccessList::read(library.package()).entries().isEmpty());
+        writeFile(package().accessListInfoPath(), "<plist>garbage");
+        QVERIFY(AccessList::read(package()).entries().isEmpty());
     }
 
     void stateDefaultsAreLazy()
@@ -106,12 +108,16 @@ private Q_SLOTS:
         QCOMPARE(state.systemCollections().size(), 13);
         QVERIFY(!state.record().contains(u"Export Presets"_s));
         QCOMPARE(state.exportPresets(), LibraryState::imagePresets());
-        QVERIFY(state.record().contains(u"Export Presets"_s));
         QVERIFY(state.lastSelectedMedia().isEmpty() && state.lastSelectedTags().isEmpty() &&
                 state.lastSelectedCollections().isEmpty());
         QVariantMap expected = LibraryState::defaultLibraryXML();
         expected.insert(u"Future"_s, 1);
         QCOMPARE(state.record(), expected);
+        QCOMPARE(state.exportPresets().size(), 7);
+        state.saveExportPresets({});
+        QVERIFY(state.exportPresets().isEmpty()); // Deleted by the user: not a reason for defaults.
+        state.restoreExportPresets();
+        QCOMPARE(state.exportPresets(), LibraryState::imagePresets());
     }
 
     void stateLists()
@@ -134,7 +140,7 @@ private Q_SLOTS:
         QVERIFY(state.lastSelectedTags().isEmpty() && state.lastSelectedCollections().isEmpty());
     }
 
-    void stateColours()
+    void stateSelections()
     {
         LibraryState state;
         state.addLastSelectedColorIndex({3, 17, 400});
@@ -143,11 +149,7 @@ private Q_SLOTS:
         QVERIFY(state.lastSelectedColors().isEmpty() && state.lastSelectedColorPositions().empty());
         LibraryState hostile(QVariantMap{{u"Last Selected Colors"_s, "bplist00garbage"_ba}});
         QVERIFY(hostile.lastSelectedColorPositions().empty());
-    }
 
-    void stateSelections()
-    {
-        LibraryState state;
         state.addLastSelectedMedia({}, u"k"_s);
         state.addLastSelectedMedia({"r"_ba}, QString());
         QVERIFY(state.lastSelectedMedia().isEmpty());
@@ -165,12 +167,11 @@ private Q_SLOTS:
     {
         LibraryState state;
         QVERIFY(state.hasSystemCollection(u"13"_s));
-        QVERIFY(!state.hasSystemCollection(u"3"_s) && !state.hasSystemCollection(u"15"_s));
         for (const QString& id : {u"1"_s, u"15"_s}) {
             state.setSystemCollectionSort(id, 0, true);
             state.setSystemCollectionZoom(id, 0.1);
         }
-        QVERIFY(!state.hasSystemCollection(u"15"_s));
+        QVERIFY(!state.hasSystemCollection(u"3"_s) && !state.hasSystemCollection(u"15"_s));
         const auto changed = state.systemCollection(u"1"_s);
         QVERIFY(changed.sortKey == 0 && changed.isAscending == true);
         QCOMPARE(*changed.zoom, static_cast<double>(0.1f));
@@ -185,40 +186,27 @@ private Q_SLOTS:
         QVERIFY(!partial.systemCollection(u"1"_s).zoom);
     }
 
-    void exportPresets()
-    {
-        LibraryState state;
-        QCOMPARE(state.exportPresets().size(), 7);
-        state.saveExportPresets({});
-        QVERIFY(state.exportPresets().isEmpty()); // Deleted by the user: not a reason for defaults.
-        state.restoreExportPresets();
-        QCOMPARE(state.exportPresets(), LibraryState::imagePresets());
-    }
-
     void verifyFindsWhatIsAmiss()
     {
-        TemporaryLibrary library;
-        const QString masters = library.package().masterDirPath();
-        const auto collection = library.addCollection(u"c"_s);
-        const auto whole = library.addMedia(u"whole"_s, collection, true);
-        QVERIFY(verify(library).isClean());
-        const auto noPreview = library.addMedia(u"p"_s, collection, true);
-        const auto noOriginal = library.addMedia(u"o"_s, collection, true);
-        const auto referenced = library.addMedia(u"r"_s, collection, true);
-        QVERIFY(QFile::remove(masters + noPreview->mediaThumbPath()));
-        QVERIFY(QFile::remove(masters + noOriginal->mediaPath()));
+        const auto collection = m_library->addCollection(u"c"_s);
+        (void)m_library->addMedia(u"whole"_s, collection, true);
+        QVERIFY(verify().isClean());
+        const auto noPreview = m_library->addMedia(u"p"_s, collection, true);
+        const auto noOriginal = m_library->addMedia(u"o"_s, collection, true);
+        const auto referenced = m_library->addMedia(u"r"_s, collection, true);
+        QVERIFY(QFile::remove(master(noPreview->mediaThumbPath())));
+        QVERIFY(QFile::remove(master(noOriginal->mediaPath())));
         referenced->setMediaPath(QString());
         referenced->setMediaOriginalPath(u"/none/at/all.png"_s);
-        QVERIFY(library.context().save().ok());
-        const QString leftover = masters + u"/2020/1/2/LEFT.mritem"_s;
+        QVERIFY(m_library->context().save().ok());
+        const QString leftover = master(u"/2020/1/2/LEFT.mritem"_s);
+        const QString staged = package().stagingDirPath() + u"/half"_s;
         writeFile(leftover + u"/Preivew/preview.png"_s, "x");
-        const QString staged = library.package().stagingDirPath() + u"/half"_s;
         writeFile(staged + u"/Originals/a"_s, "x");
-        // None of these is an item's folder.
-        writeFile(masters + u"/2020/1/2/notes.txt"_s, "x");
-        writeFile(masters + u"/Other/1/2/A.mritem/file"_s, "x");
-        writeFile(masters + u"/2020/1/2/A.folder/file"_s, "x");
-        const auto report = verify(library);
+        for (const QString& other :
+             {u"/2020/1/2/notes.txt"_s, u"/Other/1/2/A.mritem/file"_s, u"/2020/1/2/A.folder/file"_s})
+            writeFile(master(other), "x"); // None of these is an item's folder.
+        const auto report = verify();
         QVERIFY(report.isComplete && !report.isClean());
         QCOMPARE(report.foldersWithoutRecord, (QStringList{leftover, staged}));
         QCOMPARE(report.missingPreviews, QStringList{noPreview->mediaID()});
@@ -227,77 +215,65 @@ private Q_SLOTS:
 
     void repairRemovesOnlyLeftovers()
     {
-        TemporaryLibrary library;
-        const QString masters = library.package().masterDirPath();
-        const auto media = library.addMedia(u"m"_s, library.addCollection(u"c"_s), true);
-        const QString alone = masters + u"/2020/1/2/A.mritem"_s;
-        const QString accompanied = masters + u"/2021/5/6/B.mritem"_s;
-        writeFile(alone + u"/Originals/x"_s, "x");
-        writeFile(accompanied + u"/Originals/x"_s, "x");
-        writeFile(masters + u"/2021/5/6/keep.txt"_s, "x");
-        writeFile(library.package().stagingDirPath() + u"/half/x"_s, "x");
-        QVERIFY(QFile::link(masters + u"/2021"_s, alone + u"/link"_s));
-        QCOMPARE(repairLibrary(verify(library), library.package()).size(), 3);
-        QVERIFY(!QFileInfo::exists(masters + u"/2020"_s));
-        QVERIFY(!QFileInfo::exists(accompanied));
-        QVERIFY(QFileInfo::exists(masters + u"/2021/5/6/keep.txt"_s));
-        QVERIFY(QFileInfo::exists(masters + media->mediaPath()));
-        QVERIFY(verify(library).isClean());
+        const auto media = m_library->addMedia(u"m"_s, m_library->addCollection(u"c"_s), true);
+        const QString alone = master(u"/2020/1/2/A.mritem"_s);
+        const QString accompanied = master(u"/2021/5/6/B.mritem"_s);
+        for (const QString& file :
+             {alone + u"/Originals/x"_s, accompanied + u"/Originals/x"_s, master(u"/2021/5/6/keep.txt"_s),
+              package().stagingDirPath() + u"/half/x"_s})
+            writeFile(file, "x");
+        QVERIFY(QFile::link(master(u"/2021"_s), alone + u"/link"_s));
+        QCOMPARE(repairLibrary(verify(), package()).size(), 3);
+        QVERIFY(!QFileInfo::exists(master(u"/2020"_s)) && !QFileInfo::exists(accompanied));
+        QVERIFY(QFileInfo::exists(master(u"/2021/5/6/keep.txt"_s)));
+        QVERIFY(QFileInfo::exists(master(media->mediaPath())));
+        QVERIFY(verify().isClean());
     }
 
     void repairTrustsNoReport()
     {
-        TemporaryLibrary library;
-        const QString outside = library.folder(u"1/2/3/X.mritem"_s);
-        const QString masters = library.package().masterDirPath();
+        const QString outside = m_library->folder(u"1/2/3/X.mritem"_s);
         VerificationReport report;
         report.foldersWithoutRecord = {outside,
-                                       masters,
-                                       library.packagePath(),
-                                       library.package().dbPath(),
-                                       library.package().stagingDirPath(),
-                                       masters + u"/1/2/3/../../../X.mritem"_s,
-                                       masters + u"/1/2/3/absent.mritem"_s};
-        writeFile(masters + u"/X.mritem/file"_s, "x");
-        QVERIFY(repairLibrary(report, library.package()).isEmpty());
-        QVERIFY(QFileInfo::exists(outside) && QFileInfo::exists(masters + u"/X.mritem/file"_s));
+                                       master({}),
+                                       m_library->packagePath(),
+                                       package().dbPath(),
+                                       package().stagingDirPath(),
+                                       master(u"/1/2/3/../../../X.mritem"_s),
+                                       master(u"/1/2/3/absent.mritem"_s)};
+        writeFile(master(u"/X.mritem/file"_s), "x");
+        QVERIFY(repairLibrary(report, package()).isEmpty());
+        QVERIFY(QFileInfo::exists(outside) && QFileInfo::exists(master(u"/X.mritem/file"_s)));
     }
 
     void unreadableRecordsCondemnNoFolder()
     {
-        TemporaryLibrary library;
-        (void)library.addMedia(u"m"_s, library.addCollection(u"c"_s), true);
+        (void)m_library->addMedia(u"m"_s, m_library->addCollection(u"c"_s), true);
         {
-            SQLite::Database other(library.package().dbPath().toStdString(), SQLite::OPEN_READWRITE, 3000);
+            SQLite::Database other = otherProgram();
             registerTextFunctions(other);
             other.exec("ALTER TABLE Media RENAME COLUMN mediaThumbPath TO renamed");
         }
-        const auto report = verify(library);
-        QVERIFY(!report.isClean());
-        QVERIFY(report.foldersWithoutRecord.isEmpty());
+        const auto report = verify();
+        QVERIFY(!report.isClean() && report.foldersWithoutRecord.isEmpty());
     }
 
     void damagedIndexCondemnsNoFolder()
     {
-        TemporaryLibrary library;
-        writeFile(library.package().masterDirPath() + u"/2020/1/2/A.mritem/Preivew/preview.png"_s, "x");
+        writeFile(master(u"/2020/1/2/A.mritem/Preivew/preview.png"_s), "x");
         {
-            // A wrong order of titles stands in for a damaged index: the pages are sound, what they say is
-            // not.
-            SQLite::Database other(library.package().dbPath().toStdString(), SQLite::OPEN_READWRITE, 3000);
-            sqlite3_create_collation(other.getHandle(), "FINDER", SQLITE_UTF8, nullptr,
-                                     [](void*, int, const void* a, int, const void* b) {
-                                         return int(*static_cast<const char*>(b)) -
-                                                *static_cast<const char*>(a);
-                                     });
-            for (const char* title : {"a", "b", "c", "d"})
-                other.exec(std::string("INSERT INTO Media (mediaID, mediaTitle) VALUES ('") + title + "', '" +
-                           title + "')");
+            // A wrong order of titles stands in for a damaged index: sound pages, that say what is not so.
+            SQLite::Database other = otherProgram();
+            const auto backwards = [](void*, int, const void* a, int, const void* b) {
+                return int(*static_cast<const char*>(b)) - *static_cast<const char*>(a);
+            };
+            sqlite3_create_collation(other.getHandle(), "FINDER", SQLITE_UTF8, nullptr, backwards);
+            other.exec("INSERT INTO Media (mediaID, mediaTitle) VALUES ('a', 'a'), ('b', 'b'), ('c', 'c'), "
+                       "('d', 'd')");
         }
-        const auto report = verify(library);
+        const auto report = verify();
         QVERIFY(!report.isClean() && !report.isComplete);
-        QVERIFY(!report.storeDamage.isEmpty());
-        QVERIFY(report.foldersWithoutRecord.isEmpty());
+        QVERIFY(!report.storeDamage.isEmpty() && report.foldersWithoutRecord.isEmpty());
     }
 };
 
