@@ -100,7 +100,7 @@ base::Result<void> CollectionCommands::rename(const CollectionNode& node, const 
 
 bool CollectionCommands::isAcceptableTitle(const QString& title)
 {
-    return !title.isEmpty() && title != QLatin1String(" ");
+    return !title.trimmed().isEmpty();
 }
 
 base::Result<void> CollectionCommands::editSmart(const CollectionNode& node, const QVariantMap& result)

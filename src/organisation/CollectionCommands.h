@@ -52,7 +52,7 @@ public:
 
     /// Sets the title. Duplicates are allowed.
     base::Result<void> rename(const CollectionNode& node, const QString& title);
-    /// Whether a title may be set; "" and " " may not.
+    /// Whether a title may be set; one without a visible character may not.
     [[nodiscard]] static bool isAcceptableTitle(const QString& title);
     /// Title, match condition and rules from the editor's valid result.
     base::Result<void> editSmart(const CollectionNode& node, const QVariantMap& result);

@@ -31,7 +31,7 @@ public:
 
     /// A tag with the defaults; gives its row. The caller has seen to it that the title is free.
     [[nodiscard]] base::Result<store::RowId> addTag(const QString& title);
-    /// Titles that are "" or " " are no titles; the caller leaves them alone.
+    /// A title without a visible character is none; the caller leaves it alone.
     [[nodiscard]] static bool isAcceptableTitle(const QString& title);
     [[nodiscard]] base::Result<void> rename(store::RowId tag, const QString& title);
     /// Nothing takes the colour away.

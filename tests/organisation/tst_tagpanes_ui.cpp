@@ -181,6 +181,7 @@ private Q_SLOTS:
         QTest::newRow("sorted anew") << u"Zoo"_s << u"b|[Zoo]"_s << false;
         QTest::newRow("empty") << u""_s << u"[a]|b"_s << false;
         QTest::newRow("a blank") << u" "_s << u"[a]|b"_s << false;
+        QTest::newRow("blanks") << u" \t "_s << u"[a]|b"_s << false;
         QTest::newRow("taken") << u"b"_s << u"[a]|b"_s << true;
         QTest::newRow("taken in another case") << u"B"_s << u"[a]|b"_s << true;
         QTest::newRow("its own in another case") << u"A"_s << u"[a]|b"_s << true;

@@ -2,6 +2,7 @@
 
 #include "kit/Look.h"
 #include "kit/Paint.h"
+#include "organisation/ui/SidebarRow.h"
 
 #include <QAbstractItemView>
 #include <QLineEdit>
@@ -18,7 +19,6 @@ constexpr int kRightMargin = 14;
 constexpr int kGroupGap = 8; ///< Above a group's heading.
 constexpr int kDotSize = 8;
 constexpr int kBadgeMinimum = 20;
-constexpr double kTitleSize = 13;
 constexpr double kHeadingSize = 11;
 constexpr double kBadgeSize = 11;
 
@@ -32,20 +32,28 @@ QRect titleRect(const QRect& row)
     return row.adjusted(kImageSize + kImageGap, 0, -kRightMargin, 0);
 }
 
-/// Draws the badge at the right end and gives the width that it took.
-int paintBadge(QPainter& painter, const QRect& rect, qint64 count, bool selected)
+QFont badgeFont()
 {
-    if (count <= 0) {
-        return 0;
-    }
-    const QFont font = kit::font(kBadgeSize, QFont::Light);
-    const QString text = QString::number(count);
-    const int width = qMax(kBadgeMinimum, QFontMetrics(font).horizontalAdvance(text));
-    painter.setFont(font);
-    painter.setPen(selected ? kit::color::text : kit::color::text2);
-    painter.drawText(QRect(rect.right() - width + 1, rect.top(), width, rect.height()),
-                     Qt::AlignRight | Qt::AlignVCenter, text);
-    return width + kit::metric::gap;
+    return kit::font(kBadgeSize, QFont::Light);
+}
+
+/// With the gap left of it.
+int badgeWidth(qint64 count)
+{
+    const int digits = QFontMetrics(badgeFont()).horizontalAdvance(QString::number(count));
+    return count > 0 ? std::max(kBadgeMinimum, digits) + kit::metric::gap : 0;
+}
+
+bool hasDot(const SidebarCellContent& row)
+{
+    return kit::labelColor(row.label).isValid() || row.tagColor.isValid();
+}
+
+/// What is left for the title between the image and the dot or the badge.
+int titleWidth(const QRect& rect, const SidebarCellContent& row)
+{
+    const int dot = hasDot(row) ? kDotSize + kit::metric::gap : 0;
+    return titleRect(rect).width() - badgeWidth(row.count) - dot;
 }
 
 } // namespace
@@ -84,19 +92,20 @@ void MRLibraryImageAndTextCell::paintRow(QPainter& painter, const QRect& rect, c
 {
     row.image.paint(&painter, imageRect(rect));
 
-    QRect line = titleRect(rect);
-    line.setRight(line.right() - paintBadge(painter, line, row.count, selected));
-    const bool hasLabel = kit::labelColor(row.label).isValid();
-    const bool hasDot = hasLabel || row.tagColor.isValid();
-    const int dotSpace = hasDot ? kDotSize + kit::metric::gap : 0;
-
+    const QRect line = titleRect(rect);
+    if (row.count > 0) {
+        painter.setFont(badgeFont());
+        painter.setPen(selected ? kit::color::text : kit::color::text2);
+        painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, QString::number(row.count));
+    }
     const QFont font = kit::font(kTitleSize);
     const QFontMetrics metrics(font);
-    const QString title = metrics.elidedText(row.title, Qt::ElideRight, line.width() - dotSpace);
+    const QString title = metrics.elidedText(row.title, Qt::ElideRight, titleWidth(rect, row));
     painter.setFont(font);
     painter.setPen(selected ? QColor(Qt::white) : kit::color::text);
     painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, title);
-    if (hasDot) {
+    if (hasDot(row)) {
+        const bool hasLabel = kit::labelColor(row.label).isValid();
         const QRectF dot(line.left() + metrics.horizontalAdvance(title) + kit::metric::gap,
                          rect.top() + (rect.height() - kDotSize) / 2.0, kDotSize, kDotSize);
         kit::paint::dot(painter, dot, hasLabel ? kit::labelColor(row.label) : row.tagColor);
@@ -107,6 +116,19 @@ QSize MRLibraryImageAndTextCell::sizeHint(const QStyleOptionViewItem&, const QMo
 {
     const int gap = isGroup(index) ? kGroupGap : 0;
     return {kit::metric::tabRowHeight, kit::metric::rowHeight + kRowSpacing + gap};
+}
+
+bool MRLibraryImageAndTextCell::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                          const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    if (index.isValid() && !isGroup(index)) {
+        const SidebarCellContent row = content(index);
+        const int width = titleWidth(option.rect.adjusted(m_leftMargin, 0, 0, 0), row);
+        if (showCutTitle(*event, *view, option.rect, row.title, width)) {
+            return true;
+        }
+    }
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
 }
 
 QWidget* MRLibraryImageAndTextCell::createEditor(QWidget* parent, const QStyleOptionViewItem&,

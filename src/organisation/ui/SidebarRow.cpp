@@ -5,7 +5,9 @@
 #include "organisation/ui/MRLibraryImageAndTextCell.h"
 
 #include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace mosaro::organisation {
 
@@ -60,6 +62,19 @@ void paintGuide(QPainter& painter, const QAbstractItemView& list, const QString&
     if (list.hasFocus() && list.window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
         kit::paint::focusRing(painter, box, kit::metric::sheetRadius);
     }
+}
+
+bool showCutTitle(const QHelpEvent& event, QAbstractItemView& list, const QRect& row, const QString& title,
+                  int width)
+{
+    if (event.type() != QEvent::ToolTip ||
+        QFontMetrics(kit::font(kTitleSize)).horizontalAdvance(title) <= width) {
+        return false;
+    }
+    // As markup of its own: a title is not read as one, and is wrapped.
+    QToolTip::showText(event.globalPos(), QStringLiteral("<qt>%1</qt>").arg(title.toHtmlEscaped()),
+                       list.viewport(), row);
+    return true;
 }
 
 } // namespace mosaro::organisation

@@ -3,6 +3,7 @@
 #include <QRect>
 
 class QAbstractItemView;
+class QHelpEvent;
 class QPainter;
 
 namespace mosaro::organisation {
@@ -22,5 +23,12 @@ void paintRowGround(QPainter& painter, const QRect& row, const QAbstractItemView
 
 /// What stands in the middle of a list without rows, on a box; nothing for an empty text.
 void paintGuide(QPainter& painter, const QAbstractItemView& list, const QString& text);
+
+/// Shows the whole title as a tool tip where the row has no room for it; false where it has.
+bool showCutTitle(const QHelpEvent& event, QAbstractItemView& list, const QRect& row, const QString& title,
+                  int width);
+
+/// The size of the titles in all lists.
+inline constexpr double kTitleSize = 13;
 
 } // namespace mosaro::organisation

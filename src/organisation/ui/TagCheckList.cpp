@@ -18,10 +18,19 @@ namespace {
 constexpr int kSide = 12;
 constexpr int kBoxSize = 14;
 constexpr int kDotSize = 8;
-constexpr double kTitleSize = 13;
 
 /// Where a click acts: the box with some room around it.
 constexpr int kBoxColumn = kSide + kBoxSize + kSide / 2;
+
+QRect titleRect(const QRect& row)
+{
+    return row.adjusted(kBoxColumn + 2, 0, -kSide, 0);
+}
+
+int titleWidth(const QRect& row, bool hasDot)
+{
+    return titleRect(row).width() - (hasDot ? kDotSize + kit::metric::gap : 0);
+}
 
 class TagCheckCell : public QStyledItemDelegate {
 public:
@@ -38,11 +47,11 @@ public:
         paintBox(*painter, option.rect, row.use);
 
         const QColor color = shownTagColor(row.tag.tagColor);
-        const QRect line = option.rect.adjusted(kBoxColumn + 2, 0, -kSide, 0);
+        const QRect line = titleRect(option.rect);
         const QFont font = kit::font(kTitleSize);
         const QFontMetrics metrics(font);
-        const int dotSpace = color.isValid() ? kDotSize + kit::metric::gap : 0;
-        const QString title = metrics.elidedText(row.tag.title, Qt::ElideRight, line.width() - dotSpace);
+        const QString title =
+            metrics.elidedText(row.tag.title, Qt::ElideRight, titleWidth(option.rect, color.isValid()));
         painter->setFont(font);
         painter->setPen(m_tags.isEnabled() ? QColor(Qt::white) : kit::color::text3);
         painter->drawText(line, Qt::AlignLeft | Qt::AlignVCenter, title);
@@ -52,6 +61,19 @@ public:
                                    line.top() + (line.height() - kDotSize) / 2.0, kDotSize, kDotSize),
                             color);
         }
+    }
+
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override
+    {
+        if (index.isValid()) {
+            const TagRecord& tag = m_tags.at(index.row()).tag;
+            const int width = titleWidth(option.rect, shownTagColor(tag.tagColor).isValid());
+            if (showCutTitle(*event, *view, option.rect, tag.title, width)) {
+                return true;
+            }
+        }
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
     }
 
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override
