@@ -151,10 +151,17 @@ void WindowMenus::performInBrowser(const MenuRow& row)
 
 bool WindowMenus::validateInBrowser(const MenuRow& row) const
 {
-    if (row.command == Command::RatingImages) {
+    switch (row.command) {
+    case Command::None:
+        return true;
+    case Command::RatingImages:
         return !m_controller.isBusy() && m_browser.selectedCount() > 0;
+    case Command::SortMedia:
+    case Command::AscendOrDescendMedia:
+        return !m_controller.isBusy() && m_browser.itemCount() > 0;
+    default:
+        return !m_controller.isBusy();
     }
-    return row.command == Command::None || !m_controller.isBusy();
 }
 
 void WindowMenus::performInWindow(const MenuRow& row)

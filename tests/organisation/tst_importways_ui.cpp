@@ -6,6 +6,7 @@
 #include "kit/Sheet.h"
 #include "organisation/ui/CollectionOutline.h"
 #include "organisation/ui/MRLibraryView.h"
+#include "organisation/ui/SidebarTabs.h"
 #include "support/FakeDesktop.h"
 #include "support/TemporaryLibrary.h"
 #include "support/WebServer.h"
@@ -252,7 +253,7 @@ private Q_SLOTS:
         World world;
         const std::unique_ptr<QMimeData> data(World::urls({server.url(u"/a.png"_s)}));
         QVERIFY(world.drop(*data, u"Shop"_s));
-        auto* stop = world.view->findChild<QPushButton*>(u"stopDownload"_s);
+        auto* stop = world.view->findChild<QPushButton*>(u"stopProgress"_s);
         QVERIFY(stop && stop->isVisible() && !stop->toolTip().isEmpty());
         QVERIFY(!world.drop(*data, u"Box"_s)); // Busy.
         QTRY_COMPARE(server.asked, 1);
@@ -266,17 +267,19 @@ private Q_SLOTS:
 
     void pastedFiles()
     {
-        const std::tuple<QString, QString, int> cases[] = {
-            {u"Shop"_s, u"Shop"_s, 0},
-            {u"Box"_s, u"Untitled Collection in Box"_s, 0},
-            {QString(), u"Untitled Collection"_s, 0},
-            {u"Shop|Smart"_s, u"Untitled Collection"_s, 0},
-            {u"Smart"_s, QString(), 1},
-            {u"All"_s, QString(), 1},
+        const std::tuple<QString, QString, int, int> cases[] = {
+            {u"Shop"_s, u"Shop"_s, 0, organisation::kCollectionsTab},
+            {u"Box"_s, u"Untitled Collection in Box"_s, 0, organisation::kCollectionsTab},
+            {QString(), u"Untitled Collection"_s, 0, organisation::kCollectionsTab},
+            {u"Shop|Smart"_s, u"Untitled Collection"_s, 0, organisation::kCollectionsTab},
+            {u"Smart"_s, QString(), 1, organisation::kCollectionsTab},
+            {u"All"_s, QString(), 1, organisation::kCollectionsTab},
+            {u"Shop"_s, QString(), 1, organisation::kTagsTab}, // the tree is not on show
         };
-        for (const auto& [selected, target, beeps] : cases) {
+        for (const auto& [selected, target, beeps, tab] : cases) {
             World world;
             world.select(selected);
+            world.view->changeCollection(tab);
             const std::unique_ptr<QMimeData> data(World::urls({QUrl::fromLocalFile(world.file(u"a.png"_s))}));
             world.view->paste(*data);
             QCOMPARE(selected + world.imported(),

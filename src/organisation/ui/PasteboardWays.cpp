@@ -35,7 +35,7 @@ void PasteboardWays::accept(const QMimeData& data, const CollectionNode* onto)
 void PasteboardWays::pasteItemsToOutlineView(const QMimeData& data)
 {
     const bool isWindowBusy = m_environment.isWindowBusy && m_environment.isWindowBusy();
-    if (isWindowBusy || m_source.isBusy() || m_arrival.isBusy() ||
+    if (isWindowBusy || !m_source.isInstalled() || m_source.isBusy() || m_arrival.isBusy() ||
         !m_environment.library.isOpenedDatabase()) {
         m_environment.prompts.beep();
         return;
