@@ -1,16 +1,11 @@
 #include "platform/LinuxPlatform.h"
 #include "support/Files.h"
 
-#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusContext>
-#include <QFile>
-#include <QProcess>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
 
 using namespace mosaro::platform;
 using namespace Qt::StringLiterals;
@@ -60,14 +55,12 @@ class Launcher : public QObject {
     Q_OBJECT
 
 public:
-    QStringList applications;
-    QList<QVariantMap> updates;
+    QList<std::pair<QString, QVariantMap>> updates; ///< Application and properties.
 
 public Q_SLOTS:
     void Update(const QString& application, const QVariantMap& properties)
     {
-        applications.append(application);
-        updates.append(properties);
+        updates.append({application, properties});
     }
 };
 
@@ -81,62 +74,47 @@ private Q_SLOTS:
         QVERIFY2(m_services.isConnected(), "run under dbus-run-session");
     }
 
-    void notifies_data()
-    {
-        QTest::addColumn<QStringList>("capabilities");
-        QTest::addColumn<QString>("subtitle");
-        QTest::addColumn<QString>("body");
-        QTest::newRow("plain") << QStringList{u"body"_s} << QString() << u"1 < 2 & 3"_s;
-        QTest::newRow("with mark-up")
-            << QStringList{u"body"_s, u"body-markup"_s} << QString() << u"1 &lt; 2 &amp; 3"_s;
-        QTest::newRow("subtitle") << QStringList{u"body"_s} << u"Sub"_s << u"Sub\n1 < 2 & 3"_s;
-    }
     void notifies()
     {
-        QFETCH(const QStringList, capabilities);
-        QFETCH(const QString, subtitle);
-        QFETCH(const QString, body);
-        FakeNotifications server;
-        server.capabilities = capabilities;
-        const auto service =
-            offer(u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s, server);
-        const Platform platform = makeLinuxPlatform(true);
-        platform.notifier->notify(u"Title"_s, subtitle, u"1 < 2 & 3"_s);
-        QTRY_COMPARE(server.notes.size(), 1);
-        QCOMPARE(server.notes.first(), (QStringList{u"Mosaro"_s, u"org.mosaro.Mosaro"_s, u"Title"_s, body,
-                                                    u"message-new-instant"_s}));
+        const std::tuple<QStringList, QString, QString> rows[] = {
+            {{u"body"_s}, {}, u"1 < 2 & 3"_s},
+            {{u"body"_s, u"body-markup"_s}, {}, u"1 &lt; 2 &amp; 3"_s},
+            {{u"body"_s}, u"Sub"_s, u"Sub\n1 < 2 & 3"_s}};
+        for (const auto& [capabilities, subtitle, body] : rows) {
+            FakeNotifications server;
+            server.capabilities = capabilities;
+            const auto service =
+                offer(u"org.freedesktop.Notifications"_s, u"/org/freedesktop/Notifications"_s, server);
+            const Platform platform = makeLinuxPlatform(true);
+            platform.notifier->notify(u"Title"_s, subtitle, u"1 < 2 & 3"_s);
+            QTRY_COMPARE(server.notes.size(), 1);
+            QCOMPARE(server.notes.first(), (QStringList{u"Mosaro"_s, u"org.mosaro.Mosaro"_s, u"Title"_s, body,
+                                                        u"message-new-instant"_s}));
+        }
     }
 
     void reveals()
     {
         FakeFileManager manager;
-        const auto service =
-            offer(u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s, manager);
+        const auto service = offerFileManager(manager);
         const Platform platform = makeLinuxPlatform(true);
         platform.revealer->reveal(u"/tmp/a b#ü%.png"_s);
         QTRY_COMPARE(manager.shown, QStringList{u"file:///tmp/a%20b%23%C3%BC%25.png"_s});
     }
 
-    void opensTheFolderInstead_data()
-    {
-        QTest::addColumn<bool>("managerRefuses");
-        QTest::newRow("no file manager") << false;
-        QTest::newRow("a file manager that cannot") << true;
-    }
     void opensTheFolderInstead()
     {
-        QFETCH(const bool, managerRefuses);
-        const QTemporaryDir folder;
-        const QString note = folder.filePath(u"opened"_s);
-        installOpener(folder, note);
-        FakeFileManager manager;
-        manager.refuses = true;
-        std::shared_ptr<void> service;
-        if (managerRefuses)
-            service = offer(u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s, manager);
-        const Platform platform = makeLinuxPlatform(true);
-        platform.revealer->reveal(u"/tmp/some folder/file.png"_s);
-        QTRY_COMPARE(mosaro::test::fileContents(note), "/tmp/some folder"_ba);
+        for (const bool managerRefuses : {false, true}) { // Else there is none.
+            const QTemporaryDir folder;
+            const QString note = folder.filePath(u"opened"_s);
+            installOpener(folder, note);
+            FakeFileManager manager;
+            manager.refuses = true;
+            const auto service = managerRefuses ? offerFileManager(manager) : nullptr;
+            const Platform platform = makeLinuxPlatform(true);
+            platform.revealer->reveal(u"/tmp/some folder/file.png"_s);
+            QTRY_COMPARE(mosaro::test::fileContents(note), "/tmp/some folder"_ba);
+        }
     }
 
     void showsProgressOnTheLauncher()
@@ -146,21 +124,21 @@ private Q_SLOTS:
                                    &launcher, SLOT(Update(QString, QVariantMap))));
         const Platform platform = makeLinuxPlatform(true);
         platform.badge->clear();
-        platform.badge->setPercent(40);
-        platform.badge->setPercent(40);
-        platform.badge->setPercent(130);
+        for (const int percent : {40, 40, 130})
+            platform.badge->setPercent(percent);
         platform.badge->clear();
         platform.badge->clear();
         QTRY_COMPARE(launcher.updates.size(), 3);
         roundTrip();
         QCOMPARE(launcher.updates.size(), 3);
-        QCOMPARE(launcher.applications.first(), u"application://org.mosaro.Mosaro.desktop"_s);
-        QCOMPARE(launcher.updates[0].value(u"progress"_s).toDouble(), 0.4);
-        QCOMPARE(launcher.updates[0].value(u"count"_s).metaType().id(), int(QMetaType::LongLong));
-        QCOMPARE(launcher.updates[1].value(u"progress"_s).toDouble(), 1.0);
-        QVERIFY(launcher.updates[1].value(u"progress-visible"_s).toBool());
-        QVERIFY(!launcher.updates[2].value(u"progress-visible"_s).toBool());
-        QVERIFY(!launcher.updates[2].value(u"count-visible"_s).toBool());
+        const auto& [application, first] = launcher.updates[0];
+        QCOMPARE(application, u"application://org.mosaro.Mosaro.desktop"_s);
+        QCOMPARE(first[u"progress"_s].toDouble(), 0.4);
+        QCOMPARE(first[u"count"_s].metaType().id(), int(QMetaType::LongLong));
+        const QVariantMap& second = launcher.updates[1].second;
+        QVERIFY(second[u"progress"_s] == 1.0 && second[u"progress-visible"_s].toBool());
+        const QVariantMap& third = launcher.updates[2].second;
+        QVERIFY(!third[u"progress-visible"_s].toBool() && !third[u"count-visible"_s].toBool());
     }
 
     void aSecondStartRaisesTheFirst()
@@ -195,6 +173,11 @@ private:
                     m_services.unregisterObject(path);
                     m_services.unregisterService(name);
                 }};
+    }
+
+    std::shared_ptr<void> offerFileManager(FakeFileManager& manager)
+    {
+        return offer(u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s, manager);
     }
 
     /// Lets everything that is under way arrive: the bus keeps the order.
