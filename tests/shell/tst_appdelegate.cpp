@@ -51,6 +51,12 @@ class AppDelegateTest : public QObject {
         m_home->delegate = std::make_unique<AppDelegate>(m_home->shell.environment, std::move(options));
         delegate().start();
     }
+    /// One whose store is none.
+    [[nodiscard]] QString makeBadLibrary() const
+    {
+        test::writeFile(path("Bad.mrlibrary/Mosaro"), QByteArray(4096, 'x'));
+        return path("Bad.mrlibrary");
+    }
     void startAndLoad()
     {
         start();
@@ -61,9 +67,8 @@ class AppDelegateTest : public QObject {
     static QPushButton* chooserButton(int button)
     {
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (auto* found = qobject_cast<ChooserWindow*>(window); found != nullptr && found->isVisible()) {
+            if (auto* found = qobject_cast<ChooserWindow*>(window); found != nullptr && found->isVisible())
                 return found->findChildren<QPushButton*>().at(button);
-            }
         }
         return nullptr;
     }
@@ -102,17 +107,16 @@ private Q_SLOTS:
         start({.chooseLibrary = true});
         prompts().saveAnswers = {path("New.mrlibrary")};
         press(1);
-        QVERIFY(!standing().chooserVisible);
-        QVERIFY(standing().windowVisible && standing().loaded);
+        QVERIFY(!standing().chooserVisible && standing().windowVisible && standing().loaded);
         QCOMPARE(library().libraryDirPath(), path("New.mrlibrary"));
     }
 
     void chooserTellsWhyALibraryDoesNotOpen()
     {
         start({.chooseLibrary = true});
-        test::writeFile(path("Bad.mrlibrary/Mosaro"), QByteArray(4096, 'x'));
+        const QString bad = makeBadLibrary();
         for (int times = 1; times <= 2; ++times) {
-            prompts().openAnswers = {{path("Bad.mrlibrary")}};
+            prompts().openAnswers = {{bad}};
             press(0);
             QCOMPARE(prompts().alerts.size(), times);
         }
@@ -122,9 +126,8 @@ private Q_SLOTS:
 
     void damagedLibraryLeadsToTheChooser()
     {
-        test::writeFile(path("Bad.mrlibrary/Mosaro"), QByteArray(4096, 'x'));
         prompts().alertAnswers = {1};
-        start({.library = path("Bad.mrlibrary")});
+        start({.library = makeBadLibrary()});
         QTRY_VERIFY(standing().chooserVisible);
         QCOMPARE(prompts().alerts.size(), 1);
         const base::AlertRequest alert = prompts().alerts.first();
@@ -140,13 +143,10 @@ private Q_SLOTS:
         QCOMPARE(library().libraryDirPath(), path("support/Mosaro/Mosaro.mrlibrary"));
         QCOMPARE(m_home->defaults.savedApplicationVersion(), base::ZNUserDefaults::applicationVersion());
         delegate().showChooseLibraryWindow();
-        QVERIFY(standing().chooserVisible);
-        QVERIFY(!standing().windowVisible);
-        QVERIFY(!library().isOpenedDatabase());
+        QVERIFY(standing().chooserVisible && !standing().windowVisible && !library().isOpenedDatabase());
         prompts().openAnswers = {{path("support/Mosaro/Mosaro.mrlibrary")}};
         press(0);
-        QVERIFY(standing().loaded);
-        QVERIFY(!standing().chooserVisible);
+        QVERIFY(standing().loaded && !standing().chooserVisible);
     }
 
     void secondStartOpensAgainOrLeavesTheLibraryAlone()
@@ -154,8 +154,7 @@ private Q_SLOTS:
         startAndLoad();
         const QString path = library().libraryDirPath();
         delegate().sharedController().performClose();
-        QVERIFY(!delegate().hasController());
-        QVERIFY(!library().isOpenedDatabase());
+        QVERIFY(!delegate().hasController() && !library().isOpenedDatabase());
         delegate().applicationShouldHandleReopen();
         QTRY_VERIFY(standing().loaded);
         QCOMPARE(library().libraryDirPath(), path);
@@ -173,8 +172,7 @@ private Q_SLOTS:
         delegate().sharedController().begin(u"Working"_s);
         delegate().quitMosaro();
         QCOMPARE(prompts().beeps, 1);
-        QVERIFY(standing().loaded);
-        QVERIFY(library().isOpenedDatabase());
+        QVERIFY(standing().loaded && library().isOpenedDatabase());
         delegate().sharedController().end();
         QTRY_VERIFY(!delegate().sharedController().isBusy());
         delegate().quitMosaro();

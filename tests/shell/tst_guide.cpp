@@ -8,8 +8,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
+#include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
@@ -24,12 +23,11 @@ void setReducedMotion(bool reduced)
     qputenv("MOSARO_REDUCED_MOTION", reduced ? "1" : "0");
 }
 
-QPushButton* visibleButton(const Guide& guide, const QString& text)
+QPushButton* visibleButton(const Guide& guide, const char* key)
 {
     for (QPushButton* button : guide.findChildren<QPushButton*>()) {
-        if (button->text() == text && !button->isHidden()) {
+        if (button->text() == base::text(key) && !button->isHidden())
             return button;
-        }
     }
     return nullptr;
 }
@@ -38,13 +36,6 @@ void show(Guide& guide, const QSize& size)
 {
     guide.resize(size);
     guide.show();
-}
-
-void addMotion()
-{
-    QTest::addColumn<bool>("reduced");
-    QTest::newRow("at once") << true;
-    QTest::newRow("with motion") << false;
 }
 
 shell::AboutFacts facts()
@@ -65,57 +56,50 @@ private Q_SLOTS:
     }
     void init() { setReducedMotion(true); }
 
-    void buttonsOfEachPage()
+    void pages()
     {
-        QCOMPARE(GuideButtons::onPage(1), (GuideButtons{false, true, false}));
-        QCOMPARE(GuideButtons::onPage(2), (GuideButtons{true, true, false}));
-        QCOMPARE(GuideButtons::onPage(6), (GuideButtons{true, true, false}));
-        QCOMPARE(GuideButtons::onPage(7), (GuideButtons{false, false, true}));
-        QCOMPARE(GuideButtons::onPage(8), (GuideButtons{false, false, false}));
-    }
-
-    void everyPageHasTextAndADrawing()
-    {
+        const std::pair<int, GuideButtons> buttons[] = {{1, {false, true, false}},
+                                                        {2, {true, true, false}},
+                                                        {6, {true, true, false}},
+                                                        {7, {false, false, true}},
+                                                        {8, {false, false, false}}};
+        for (const auto& [index, expected] : buttons)
+            QCOMPARE(GuideButtons::onPage(index), expected);
         for (int index = 1; index <= GuidePage::kLast; ++index) {
             const GuidePage page(index);
-            QVERIFY(page.hasArtwork());
-            QVERIFY(!page.title().isEmpty() && !page.title().startsWith(QLatin1String("Guide.")));
+            QVERIFY(page.hasArtwork() && !page.title().isEmpty());
+            QVERIFY(!page.title().startsWith("Guide."_L1) && !page.subtitle().startsWith("Guide."_L1));
             QCOMPARE(page.subtitle().isEmpty(), index == GuidePage::kLast);
-            QVERIFY(!page.subtitle().startsWith(QLatin1String("Guide.")));
         }
     }
-
-    void navigation_data() { addMotion(); }
 
     void navigation()
     {
-        QFETCH(bool, reduced);
-        setReducedMotion(reduced); // the clicks are faster than the motion
-        Guide guide;
-        show(guide, {1000, 700});
-        guide.naviagateGuidePage(Guide::Back);
-        QCOMPARE(guide.guideIndex(), 1);
-        guide.showLastGuide();
-        QCOMPARE(guide.guideIndex(), 1);
-        for (int i = 0; i < 10; ++i) {
+        for (const bool reduced : {true, false}) {
+            setReducedMotion(reduced); // the clicks are faster than the motion
+            Guide guide;
+            show(guide, {1000, 700});
+            guide.naviagateGuidePage(Guide::Back);
+            guide.showLastGuide();
+            QCOMPARE(guide.guideIndex(), 1);
+            for (int i = 0; i < 10; ++i)
+                guide.naviagateGuidePage(Guide::On);
+            QCOMPARE(guide.guideIndex(), 7);
+            guide.naviagateGuidePage(Guide::Back);
+            QCOMPARE(guide.guideIndex(), 6);
             guide.naviagateGuidePage(Guide::On);
-        }
-        QCOMPARE(guide.guideIndex(), 7);
-        guide.naviagateGuidePage(Guide::Back);
-        QCOMPARE(guide.guideIndex(), 6);
-        guide.naviagateGuidePage(Guide::On);
-        visibleButton(guide, base::text("Basic.Start"))->click();
-        QCOMPARE(guide.guideIndex(), 8);
-        guide.naviagateGuidePage(Guide::Back);
-        QCOMPARE(guide.guideIndex(), 8);
+            visibleButton(guide, "Basic.Start")->click();
+            QCOMPARE(guide.guideIndex(), 8);
+            guide.naviagateGuidePage(Guide::Back);
+            QCOMPARE(guide.guideIndex(), 8);
 
-        QSignalSpy finished(&guide, &Guide::finished);
-        QPushButton* go = visibleButton(guide, base::text("Basic.Lets.Go"));
-        QVERIFY(go != nullptr);
-        go->click();
-        go->click();
-        QTRY_COMPARE(finished.count(), 1);
-        QTRY_COMPARE(guide.findChildren<GuidePage*>().size(), 1);
+            QSignalSpy finished(&guide, &Guide::finished);
+            QPushButton* go = visibleButton(guide, "Basic.Lets.Go");
+            go->click();
+            go->click();
+            QTRY_COMPARE(finished.count(), 1);
+            QTRY_COMPARE(guide.findChildren<GuidePage*>().size(), 1);
+        }
     }
 
     void keyboard()
@@ -123,16 +107,14 @@ private Q_SLOTS:
         Guide guide;
         show(guide, {1000, 700});
         QSignalSpy finished(&guide, &Guide::finished);
-        QTest::keyClick(&guide, Qt::Key_Right);
-        QTest::keyClick(&guide, Qt::Key_Return);
-        QCOMPARE(guide.guideIndex(), 3);
-        QTest::keyClick(&guide, Qt::Key_Left);
-        QCOMPARE(guide.guideIndex(), 2);
-        QTest::keyClick(&guide, Qt::Key_Escape);
-        QCOMPARE(guide.guideIndex(), 2);
-        for (int i = 0; i < 6; ++i) {
-            QTest::keyClick(&guide, Qt::Key_Return);
+        const std::pair<Qt::Key, int> rows[] = {
+            {Qt::Key_Right, 2}, {Qt::Key_Return, 3}, {Qt::Key_Left, 2}, {Qt::Key_Escape, 2}};
+        for (const auto& [key, page] : rows) {
+            QTest::keyClick(&guide, key);
+            QCOMPARE(guide.guideIndex(), page);
         }
+        for (int i = 0; i < 6; ++i)
+            QTest::keyClick(&guide, Qt::Key_Return);
         QCOMPARE(guide.guideIndex(), 8);
         QCOMPARE(finished.count(), 0);
         QTest::keyClick(&guide, Qt::Key_Return);
@@ -144,14 +126,17 @@ private Q_SLOTS:
         Guide guide;
         show(guide, {500, 360});
         for (const QPushButton* button : guide.findChildren<QPushButton*>()) {
-            if (!button->isHidden()) {
-                QVERIFY(guide.rect().contains(QRect(button->mapTo(&guide, QPoint(0, 0)), button->size())));
-            }
+            const QRect place(button->mapTo(&guide, QPoint(0, 0)), button->size());
+            QVERIFY(button->isHidden() || guide.rect().contains(place));
         }
     }
 
-    void about_data() { addMotion(); }
-
+    void about_data()
+    {
+        QTest::addColumn<bool>("reduced");
+        QTest::newRow("at once") << true;
+        QTest::newRow("with motion") << false;
+    }
     void about()
     {
         QFETCH(bool, reduced);
@@ -175,8 +160,7 @@ private Q_SLOTS:
         QVERIFY2(reduced ? leftmost == 0 : leftmost < 0 && leftmost >= -5,
                  qPrintable(QString::number(leftmost)));
         QCOMPARE(about.textFieldOffset(), 0);
-        QCOMPARE(about.labelAlpha(), 1.0);
-        QCOMPARE(about.specialThanksAlpha(), 1.0);
+        QVERIFY(about.labelAlpha() == 1.0 && about.specialThanksAlpha() == 1.0);
         QCOMPARE(about.specialThanksWidth(), 331);
         about.showWindow();
         QCOMPARE(ended.count(), 1);
@@ -186,9 +170,8 @@ private Q_SLOTS:
     {
         const shell::About about(facts());
         QStringList texts;
-        for (const QLabel* label : about.findChildren<QLabel*>()) {
+        for (const QLabel* label : about.findChildren<QLabel*>())
             texts << label->text();
-        }
         QVERIFY(texts.contains(u"Version 1.2.3 (45)"_s));
         QVERIFY(texts.contains(u"Special thanks to Maria Muster"_s));
         QVERIFY(texts.filter(u"2026"_s).size() == 1);

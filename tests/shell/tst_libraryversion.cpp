@@ -6,17 +6,15 @@
 #include "store/LibraryState.h"
 #include "support/FakePlatform.h"
 
-#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
 using namespace mosaro::shell;
 
-Q_DECLARE_METATYPE(mosaro::shell::LibraryWork)
-
 namespace {
 const QString kCopy = u"Copy items to library"_s;
+const QString kVersion = u"Version"_s;
 const QString kNow = u"1.1.0"_s;
 } // namespace
 
@@ -25,57 +23,45 @@ class LibraryVersionTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase() { mosaro::base::installTexts(); }
-    void copyMode_data()
-    {
-        QTest::addColumn<QVariantMap>("before");
-        QTest::addColumn<bool>("mode");
-        QTest::addColumn<QVariantMap>("after");
-        const QVariantMap fresh{{kCopy, true}, {u"Version"_s, kNow}};
-        const QVariantMap reference{{kCopy, false}, {u"Version"_s, kNow}};
-        QTest::newRow("no record") << QVariantMap() << true << fresh;
-        QTest::newRow("references") << reference << false << reference;
-        QTest::newRow("mode missing, unknown key kept")
-            << QVariantMap{{u"Version"_s, u"0.9"_s}, {u"Other"_s, u"x"_s}} << true
-            << QVariantMap{{kCopy, true}, {u"Version"_s, kNow}, {u"Other"_s, u"x"_s}};
-    }
-
     void copyMode()
     {
-        QFETCH(QVariantMap, before);
-        QTemporaryDir folder;
-        const store::LibraryPackage package(folder.path());
-        if (!before.isEmpty()) {
-            QVERIFY(package.writeVersionRecord(before).ok());
+        const QVariantMap fresh{{kCopy, true}, {kVersion, kNow}};
+        const QVariantMap reference{{kCopy, false}, {kVersion, kNow}};
+        // The record before, the mode, and the record after; a missing mode is added, an unknown key kept.
+        const std::tuple<QVariantMap, bool, QVariantMap> rows[] = {
+            {{}, true, fresh},
+            {reference, false, reference},
+            {{{kVersion, u"0.9"_s}, {u"Other"_s, u"x"_s}},
+             true,
+             {{kCopy, true}, {kVersion, kNow}, {u"Other"_s, u"x"_s}}}};
+        for (const auto& [before, mode, after] : rows) {
+            const QTemporaryDir folder;
+            const store::LibraryPackage package(folder.path());
+            QVERIFY(before.isEmpty() || package.writeVersionRecord(before).ok());
+            QCOMPARE(imageCopyMode(package, kNow), mode);
+            QCOMPARE(package.versionRecord(), after);
         }
-        QTEST(imageCopyMode(package, kNow), "mode");
-        QTEST(package.versionRecord(), "after");
-    }
-
-    void versionRecord_data()
-    {
-        QTest::addColumn<QString>("version");
-        QTest::addColumn<LibraryWork>("work");
-        QTest::addColumn<QString>("after");
-        QTest::newRow("older") << u"1.0.0"_s << LibraryWork::None << kNow;
-        QTest::newRow("newer") << u"9.0"_s << LibraryWork::None << kNow;
-        QTest::newRow("old JPEG previews") << u"1.0.1"_s << LibraryWork::JpegPreviews << u"1.0.1"_s;
-        QTest::newRow("none") << QString() << LibraryWork::AllPreviews << QString();
     }
 
     void versionRecord()
     {
-        QFETCH(QString, version);
-        QTemporaryDir folder;
-        const store::LibraryPackage package(folder.path());
-        QVariantMap record{{u"Other"_s, u"kept"_s}};
-        if (!version.isEmpty()) {
-            record.insert(u"Version"_s, version);
+        // The version before, what is to be done, and the version after.
+        const std::tuple<QVariant, LibraryWork, QVariant> rows[] = {
+            {u"1.0.0"_s, LibraryWork::None, kNow},
+            {u"9.0"_s, LibraryWork::None, kNow},
+            {u"1.0.1"_s, LibraryWork::JpegPreviews, u"1.0.1"_s},
+            {QVariant(), LibraryWork::AllPreviews, QVariant()}};
+        for (const auto& [version, work, after] : rows) {
+            const QTemporaryDir folder;
+            const store::LibraryPackage package(folder.path());
+            QVariantMap record{{u"Other"_s, u"kept"_s}};
+            if (version.isValid())
+                record.insert(kVersion, version);
+            QVERIFY(package.writeVersionRecord(record).ok());
+            QCOMPARE(updateVersionRecord(package, kNow), work);
+            QCOMPARE(package.versionRecord().value(kVersion), after);
+            QCOMPARE(package.versionRecord().value(u"Other"_s).toString(), u"kept"_s);
         }
-        QVERIFY(package.writeVersionRecord(record).ok());
-        QTEST(updateVersionRecord(package, kNow), "work");
-        const QVariantMap after = package.versionRecord();
-        QTEST(after.value(u"Version"_s).toString(), "after");
-        QCOMPARE(after.value(u"Other"_s).toString(), u"kept"_s);
     }
 
     void unwritableRecordIsNoFailure()
@@ -92,8 +78,8 @@ private Q_SLOTS:
             {QVariantMap{{u"PRESET_NAME"_s, u"Old"_s}}, QVariantMap{{u"PRESET_IS_USED"_s, false}}});
         QVERIFY(markExportPresetsUsed(state));
         const QVariantList presets = state.exportPresets();
-        QVERIFY(presets.at(0).toMap().value(u"PRESET_IS_USED"_s).toBool());
-        QVERIFY(!presets.at(1).toMap().value(u"PRESET_IS_USED"_s).toBool());
+        for (const int preset : {0, 1})
+            QCOMPARE(presets.at(preset).toMap().value(u"PRESET_IS_USED"_s).toBool(), preset == 0);
         QVERIFY(!markExportPresetsUsed(state));
     }
 
@@ -109,10 +95,10 @@ private Q_SLOTS:
         QVERIFY(list.write(package).ok());
 
         AccessFolders folders;
-        folders.start(package, test::FakeBookmarks());
-        QCOMPARE(folders.folders(), QStringList{granted.path()});
-        folders.start(package, test::FakeBookmarks());
-        QCOMPARE(folders.folders().size(), 1);
+        for (int time = 0; time < 2; ++time) {
+            folders.start(package, test::FakeBookmarks());
+            QCOMPARE(folders.folders(), QStringList{granted.path()});
+        }
         folders.stop();
         QVERIFY(folders.folders().isEmpty());
     }

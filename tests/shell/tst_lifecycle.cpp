@@ -33,9 +33,8 @@ private Q_SLOTS:
             {"a window without a library", {false, true, false, false}, ShowChooser},
             {"mini window without a library", {false, false, true, false}, ShowChooser},
         };
-        for (const auto& row : rows) {
-            QVERIFY2(reopenStep(row.standing) == row.step, row.name);
-        }
+        for (const auto& [name, standing, step] : rows)
+            QVERIFY2(reopenStep(standing) == step, name);
         QCOMPARE(showMosaroStep({}), OpenLibrary);
         QCOMPARE(showMosaroStep({.loaded = true}), RaiseWindow);
         QCOMPARE(showMosaroStep({.windowVisible = true, .loaded = true}), Nothing);
@@ -68,9 +67,7 @@ private Q_SLOTS:
         QCOMPARE(snapshot.value().snapshot, QDir::currentPath() + u"/o.png"_s);
         QCOMPARE(snapshot.value().imports,
                  (QStringList{u"/x/a.png"_s, QFileInfo(u"../b.png"_s).absoluteFilePath()}));
-        for (const char* line : {"mosaro --import /x/a.png", "mosaro --nonsense", "mosaro --library"}) {
-            QVERIFY2(!parse(line).ok() && !parse(line).reason().isEmpty(), line);
-        }
+        QVERIFY(!parse("mosaro --library").ok() && !parse("mosaro --library").reason().isEmpty());
     }
 };
 

@@ -51,9 +51,8 @@ private Q_SLOTS:
     /// The table has no gaps: what it calls a position is one.
     void rowsStandAtTheirPositions()
     {
-        for (const MenuRow& row : menuTable()) {
+        for (const MenuRow& row : menuTable())
             QCOMPARE(m_menus->menu(row.menu)->actions().value(row.position), item(row.menu, row.position));
-        }
         QCOMPARE(item(MenuId::BrowserView, 6)->text(), u"★★★★★"_s);
         QCOMPARE(item(MenuId::BrowserView, 0)->text(), base::text("CX.Rating").toUpper());
     }
@@ -62,9 +61,8 @@ private Q_SLOTS:
     {
         QSet<QString> seen;
         for (const MenuRow& row : menuTable()) {
-            if (row.shortcut == nullptr) {
+            if (row.shortcut == nullptr)
                 continue;
-            }
             for (const QKeySequence& sequence :
                  QKeySequence::listFromString(QString::fromLatin1(row.shortcut))) {
                 QVERIFY2(!sequence.isEmpty() && sequence[0].key() != Qt::Key_unknown, row.shortcut);
@@ -78,25 +76,21 @@ private Q_SLOTS:
     void mnemonicsAreUniqueInTheirMenu()
     {
         QSet<QString> seen;
-        const auto check = [&seen](int menu, const QString& title) {
+        const auto isNew = [&seen](int menu, const QString& title) {
             const auto at = title.indexOf(u'&');
-            if (at < 0) {
-                return true;
-            }
             const QString mark = QString::number(menu) + title.mid(at + 1, 1).toLower();
-            const bool isNew = !seen.contains(mark);
-            seen.insert(mark);
-            return isNew;
+            const auto size = seen.size();
+            if (at >= 0)
+                seen.insert(mark);
+            return at < 0 || seen.size() > size;
         };
         for (int menu = 0; menu < kTopLevelMenus; ++menu) {
             const QString title = base::text(menuTitleKey(static_cast<MenuId>(menu)));
-            QVERIFY2(title.contains(u'&') && check(-1, title), qPrintable(title));
+            QVERIFY2(title.contains(u'&') && isNew(-1, title), qPrintable(title));
         }
         for (const MenuRow& row : menuTable()) {
-            if (row.key != nullptr) {
-                const QString title = base::text(row.key);
-                QVERIFY2(check(static_cast<int>(row.menu), title), qPrintable(title));
-            }
+            const QString title = row.key == nullptr ? QString() : base::text(row.key);
+            QVERIFY2(isNew(static_cast<int>(row.menu), title), qPrintable(title));
         }
     }
 
@@ -119,9 +113,8 @@ private Q_SLOTS:
             {"about while busy", Command::ShowAbout, {false, true, true}, true},
             {"no library", Command::NoLibrary, {false, false, false}, false},
         };
-        for (const auto& row : rows) {
-            QVERIFY2(validateMenuItem(row.command, row.situation) == row.enabled, row.name);
-        }
+        for (const auto& [name, command, situation, enabled] : rows)
+            QVERIFY2(validateMenuItem(command, situation) == enabled, name);
     }
 
     void itemsShowAndEnableWithTheirOwner()
@@ -134,11 +127,10 @@ private Q_SLOTS:
 
         m_menus->setupMenuItems(MenuOwner::Library, m_library.target());
         m_menus->setupMenuItems(MenuOwner::Browser, m_browser.target());
-        QVERIFY(collection->isVisible() && collection->isEnabled());
-        QVERIFY(sort->isVisible() && sort->isEnabled());
-        QVERIFY(!noLibrary->isVisible());
-        QVERIFY(!item(MenuId::File, 1)->isVisible());
-        QVERIFY(!item(MenuId::View, 6)->isVisible());
+        for (const QAction* shown : {collection, sort})
+            QVERIFY(shown->isVisible() && shown->isEnabled());
+        for (const QAction* hidden : {noLibrary, item(MenuId::File, 1), item(MenuId::View, 6)})
+            QVERIFY(!hidden->isVisible());
 
         m_menus->setChecked(Command::SortMedia, 23, true);
         m_menus->removeMenuItems(MenuOwner::Library);
@@ -188,15 +180,12 @@ private Q_SLOTS:
 
     void menusServeOneWindowAfterTheOther()
     {
-        {
-            QMenuBar first;
-            m_menus->installIn(first);
-            QCOMPARE(first.actions().size(), kTopLevelMenus);
+        for (int window = 0; window < 2; ++window) {
+            QMenuBar bar;
+            m_menus->installIn(bar);
+            QCOMPARE(bar.actions().size(), kTopLevelMenus);
+            QVERIFY(!m_menus->menu(MenuId::Help)->actions().isEmpty());
         }
-        QMenuBar second;
-        m_menus->installIn(second);
-        QCOMPARE(second.actions().size(), kTopLevelMenus);
-        QVERIFY(!m_menus->menu(MenuId::Help)->actions().isEmpty());
     }
 };
 

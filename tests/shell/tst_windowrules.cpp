@@ -36,9 +36,9 @@ private Q_SLOTS:
             {"too far right", 900, 1000, 400, 400},  {"at the most", 400, 1000, 400, 400},
             {"part of a point", 400, 999, 399, 399}, {"no room for the least", 300, 400, 160, 160},
         };
-        for (const auto& row : rows) {
-            QVERIFY2(draggedSidebarWidth(row.wanted, row.total) == row.dragged, row.name);
-            QVERIFY2(resizedSidebarWidth(row.wanted, row.total) == row.resized, row.name);
+        for (const auto& [name, wanted, total, dragged, resized] : rows) {
+            QVERIFY2(draggedSidebarWidth(wanted, total) == dragged, name);
+            QVERIFY2(resizedSidebarWidth(wanted, total) == resized, name);
         }
     }
 
@@ -46,9 +46,8 @@ private Q_SLOTS:
     {
         QCOMPARE(frameFromText(u"-900 20 800 600 0 0 1920 1080"_s), std::optional(QRect(-900, 20, 800, 600)));
         for (const char* text :
-             {"", "1 2 3", "a b c d", "10 20 0 -4", "0 0 2147483647 600", "0 0 99999999999 600"}) {
+             {"", "1 2 3", "a b c d", "10 20 0 -4", "0 0 2147483647 600", "0 0 99999999999 600"})
             QVERIFY2(!frameFromText(QString::fromLatin1(text)), text);
-        }
         const QRect frame(-20, 40, 1280, 800);
         QCOMPARE(frameFromText(frameAsText(frame, QRect(0, 0, 1920, 1080))), std::optional(frame));
     }
