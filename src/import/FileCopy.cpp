@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -174,8 +175,9 @@ QString storedFileName(const QString& name)
     const QString tail = extension.isEmpty() ? QString() : u'.' + extension;
     QString stem = name.chopped(tail.size());
     const qsizetype room = kLongestFileName - kRoomForSuffix - tail.toUtf8().size();
-    while (!stem.isEmpty() && stem.toUtf8().size() > room) {
-        stem.chop(stem.back().isLowSurrogate() ? 2 : 1);
+    stem.truncate(std::max<qsizetype>(room, 0)); // A letter has at least one byte.
+    while (!stem.isEmpty() && (stem.back().isHighSurrogate() || stem.toUtf8().size() > room)) {
+        stem.chop(1);
     }
     return stem.isEmpty() && !name.startsWith(u'.') ? QStringLiteral("file") : stem + tail;
 }

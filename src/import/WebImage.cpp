@@ -1,12 +1,11 @@
 #include "import/WebImage.h"
 
+#include "import/FileCopy.h"
 #include "import/ImageOperations.h"
 
 namespace mosaro::importing {
 
 namespace {
-
-constexpr qsizetype kLongestName = 200; ///< In bytes; a file system allows 255 with number and extension.
 
 /// The last part of the path. An encoded slash in it must not lead into another folder.
 QString lastPathComponent(const QUrl& url)
@@ -17,15 +16,6 @@ QString lastPathComponent(const QUrl& url)
         if (letter == QLatin1Char('/') || letter.category() == QChar::Other_Control) {
             letter = QLatin1Char('-');
         }
-    }
-    return name;
-}
-
-QString shortened(QString name)
-{
-    name.truncate(kLongestName);
-    while (name.toUtf8().size() > kLongestName) {
-        name.chop(1);
     }
     return name;
 }
@@ -69,9 +59,9 @@ std::optional<LoosePicture> downloadedPicture(const QUrl& url, const QByteArray&
         picture.name = dateAsString(now);
         picture.suffix = contentTypeForImageData(data);
     } else if (!isWebPage(data)) {
-        const QString name = lastPathComponent(url);
+        const QString name = storedFileName(lastPathComponent(url));
         picture.suffix = pathExtension(url);
-        picture.name = shortened(name.left(name.lastIndexOf(QLatin1Char('.'))));
+        picture.name = name.left(name.lastIndexOf(QLatin1Char('.')));
     }
     picture.address = QString::fromLatin1(url.toEncoded());
     return data.isEmpty() || picture.suffix.isEmpty() ? std::nullopt : std::optional(picture);
