@@ -202,6 +202,20 @@ private Q_SLOTS:
         QTEST(world.rows(), "rows");
     }
 
+    void pressThatEndsARenamingSelectsWhatItMeant()
+    {
+        World world(u"a|b|c"_s);
+        world.open();
+        world.click(0);
+        world.press(Qt::Key_F2);
+        world.editor()->setText(u"z"_s);
+        QCursor::setPos(world.list().viewport()->mapToGlobal(world.middle(1)));
+        world.click(1);
+        QCOMPARE(world.rows(), u"[b]|c|z"_s);
+        world.click(1);
+        QCOMPARE(world.rows(), u"b|[c]|z"_s);
+    }
+
     void selectionIsTheUnionAndComesBack()
     {
         World world(u"a:1,2|b:2,3|c:4"_s, 4);

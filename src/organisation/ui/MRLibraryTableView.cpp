@@ -7,8 +7,10 @@
 
 #include <QContextMenuEvent>
 #include <QDragEnterEvent>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QPainter>
+#include <utility>
 
 namespace mosaro::organisation {
 
@@ -105,13 +107,33 @@ void MRLibraryTableView::endEditing()
         commitData(editor);
         closeEditor(editor, QAbstractItemDelegate::NoHint);
     }
+    m_pressedTitle.clear(); // A pressed mouse drags here.
 }
 
 void MRLibraryTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint)
 {
     // No hint: Tab ends the editing and does not go on to the next title.
     QListView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    m_pressedTitle = pressedTitle();
     m_cell->applyCommitted(*this);
+}
+
+/// The title under a pressed mouse; empty when there is none.
+QString MRLibraryTableView::pressedTitle() const
+{
+    const QPoint position = viewport()->mapFromGlobal(QCursor::pos());
+    const bool isPressed = QGuiApplication::mouseButtons() == Qt::LeftButton;
+    return isPressed && viewport()->rect().contains(position) ? indexAt(position).data().toString()
+                                                              : QString();
+}
+
+int MRLibraryTableView::rowOfTitle(const QString& title) const
+{
+    int row = title.isEmpty() ? -1 : model()->rowCount() - 1;
+    while (row >= 0 && model()->index(row, 0).data().toString() != title) {
+        --row;
+    }
+    return row;
 }
 
 void MRLibraryTableView::paintEvent(QPaintEvent* event)
@@ -172,7 +194,12 @@ void MRLibraryTableView::keyPressEvent(QKeyEvent* event)
 void MRLibraryTableView::mousePressEvent(QMouseEvent* event)
 {
     const bool isOnRow = indexAt(event->position().toPoint()).isValid();
-    if (event->button() == Qt::RightButton) {
+    // A new title has sorted the list anew before the press came: what was pressed lies elsewhere now.
+    const int pressed = rowOfTitle(std::exchange(m_pressedTitle, {}));
+    if (pressed >= 0) {
+        event->accept();
+        selectRows({pressed});
+    } else if (event->button() == Qt::RightButton) {
         event->accept(); // The menu follows, with its own rule of what is selected.
     } else if (event->button() == Qt::LeftButton && !isOnRow) {
         endEditing();

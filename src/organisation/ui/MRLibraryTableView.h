@@ -59,6 +59,8 @@ protected:
 
 private:
     void paintRows(QPainter& painter, const QRect& area) const;
+    [[nodiscard]] QString pressedTitle() const;
+    [[nodiscard]] int rowOfTitle(const QString& title) const;
     void prepareSelectionForMenu(const QModelIndex& index);
     void considerDrop(QDropEvent& event);
     void setDropRow(int row);
@@ -67,6 +69,7 @@ private:
     QString m_guideText;
     std::function<bool(const QMimeData& data, int row)> m_acceptsDrop;
     int m_dropRow = -1;
+    QString m_pressedTitle; ///< Of the row whose press closed an editor.
 };
 
 } // namespace mosaro::organisation
