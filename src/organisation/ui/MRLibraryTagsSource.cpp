@@ -109,7 +109,7 @@ void MRLibraryTagsSource::restoreSelectedTags()
         m_list->scrollToRow(rows.first());
     }
     // While the tab is not on show nobody asks for its items; showing it asks for them anew.
-    if (isInstalled() && (!rows.isEmpty() || !m_selectedMedia.ids.empty())) {
+    if (isInstalled()) {
         tableViewSelectionDidChange();
     }
 }
