@@ -1,5 +1,6 @@
 #include "import/ImageOperations.h"
 #include "import/RendererTest.h"
+#include "support/Files.h"
 #include "support/Parallel.h"
 
 using namespace mosaro;
@@ -186,7 +187,7 @@ private Q_SLOTS:
         QCOMPARE(gray.software, odd);
         QCOMPARE(gray.colorModel, u"Gray"_s);
         QVERIFY(test::writePng(png, image));
-        const QByteArray plain = test::fileBytes(png);
+        const QByteArray plain = test::fileContents(png);
         const std::tuple<const char*, QByteArray, QString> behindPixels[] = {
             {"tEXt", "Software\0T\xf6\xf6l"_ba, u"Tööl"_s},
             {"zTXt", "Software\0\0"_ba + qCompress("Tool").mid(4), u"Tool"_s},
@@ -250,7 +251,7 @@ private Q_SLOTS:
               u"plain.tif"_s, u"plain.bmp"_s, u"color.tga"_s, u"runs.tga"_s}) {
             const QString path = file(name);
             QVERIFY(writePicture(path, u"noise-"_s + name, {400, 1200}));
-            const QByteArray whole = test::fileBytes(path);
+            const QByteArray whole = test::fileContents(path);
             QVERIFY(analysed(path, typeOf(name)).outcome.ok());
             for (const double keep : {0.001, 0.3, 0.9}) {
                 QVERIFY(test::writeBytes(path, whole) && test::cutOff(path, keep));
@@ -308,7 +309,7 @@ private Q_SLOTS:
               u"cmyk.tif"_s, u"plain.bmp"_s, u"runs.tga"_s, u"palette.tga"_s, u"palette.png"_s}) {
             const QString path = file(u"damaged-"_s + name);
             QVERIFY(writePicture(path, name, {150, 140}));
-            const QByteArray good = test::fileBytes(path);
+            const QByteArray good = test::fileContents(path);
             unsigned state = 12345;
             const auto random = [&state] { return state = state * 1664525U + 1013904223U; };
             for (int round = 0; round < 25; ++round) {

@@ -1,70 +1,11 @@
 #include "import/RendererTest.h"
-
-#include <QDataStream>
-#include <map>
+#include "support/Bytes.h"
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
 using namespace mosaro::importing;
 
 namespace {
-
-/// One directory of a file of the TIFF form, with what its entries point to behind it.
-class Directory {
-public:
-    explicit Directory(quint32 start) : m_data(start) {}
-
-    /// `type` 1 bytes, 2 text, 3 shorts, 4 longs, 10 fractions; `value` as it is stored.
-    void add(quint16 tag, quint16 type, const QByteArray& value) { m_entries[tag] = {type, value}; }
-    void addShort(quint16 tag, quint16 value) { add(tag, 3, QByteArray(1, char(value)) + char(value >> 8)); }
-    void addLong(quint16 tag, quint32 value) { add(tag, 4, stored({qint32(value)})); }
-    void addFractions(quint16 tag, const std::vector<qint32>& tenThousandths)
-    {
-        QByteArray bytes;
-        for (const qint32 number : tenThousandths)
-            bytes += stored({number, 10'000});
-        add(tag, 10, bytes);
-    }
-    /// A strip of data, behind all directories.
-    void addStrip(quint32 offset, qsizetype length)
-    {
-        addLong(273, offset);
-        addLong(279, quint32(length));
-    }
-
-    [[nodiscard]] QByteArray written(bool isLast) const
-    {
-        static constexpr int kUnit[] = {0, 1, 1, 2, 4, 0, 0, 0, 0, 0, 8};
-        QByteArray bytes;
-        QByteArray behind;
-        QDataStream stream(&bytes, QIODevice::WriteOnly);
-        stream.setByteOrder(QDataStream::LittleEndian);
-        const auto data = quint32(m_data + 2 + m_entries.size() * 12 + 4);
-        stream << quint16(m_entries.size());
-        for (const auto& [tag, entry] : m_entries) {
-            const auto& [type, value] = entry;
-            stream << tag << type << quint32(value.size() / kUnit[type]);
-            if (value.size() > 4) {
-                stream << quint32(data + behind.size());
-                behind += value + QByteArray(value.size() % 2, '\0');
-            } else {
-                stream.writeRawData(value.leftJustified(4, '\0').constData(), 4);
-            }
-        }
-        stream << quint32(isLast ? 0 : data + behind.size());
-        return bytes + behind;
-    }
-
-private:
-    static QByteArray stored(const std::vector<qint32>& numbers)
-    {
-        return {reinterpret_cast<const char*>(numbers.data()), qsizetype(numbers.size()) * 4};
-    }
-
-    quint32 m_data;
-    std::map<quint16, std::pair<quint16, QByteArray>>
-        m_entries; ///< In the order of their tags, as they must be.
-};
 
 struct Dng {
     QSize size{1000, 800};
@@ -84,51 +25,54 @@ QByteArray cells(QSize size)
     return {reinterpret_cast<const char*>(numbers.data()), qsizetype(numbers.size()) * 2};
 }
 
-void addSize(Directory& directory, QSize size)
+/// A directory's entries on size and place.
+std::vector<test::TiffTag> placed(QSize size, qsizetype offset, qsizetype length)
 {
-    directory.addLong(256, quint32(size.width()));
-    directory.addLong(257, quint32(size.height()));
+    return {{256, 4, {size.width()}}, {257, 4, {size.height()}}, {273, 4, {offset}}, {279, 4, {length}}};
 }
 
-void describeSensor(Directory& raw, const Dng& dng, quint32 offset, qsizetype length)
+std::vector<test::TiffTag> sensorTags(const Dng& dng, qsizetype offset, qsizetype length)
 {
-    raw.addLong(254, 0);
-    addSize(raw, dng.size);
-    const std::pair<quint16, int> shorts[] = {{258, 16}, {259, 1},   {262, 32803}, {274, dng.orientation},
-                                              {277, 1},  {50778, 21}};
-    for (const auto& [tag, value] : shorts)
-        raw.addShort(tag, quint16(value));
-    const std::tuple<quint16, quint16, QByteArray> entries[] = {
-        {271, 2, "Maker\0"_ba},          {272, 2, "Camera\0"_ba},   {305, 2, "Firmware 2.1\0"_ba},
-        {50708, 2, "Maker Camera\0"_ba}, {33421, 3, "\2\0\2\0"_ba}, {33422, 1, "\0\1\1\2"_ba},
-        {50706, 1, "\1\4\0\0"_ba}};
-    for (const auto& [tag, type, value] : entries)
-        raw.add(tag, type, value);
-    raw.addLong(278, quint32(dng.size.height()));
-    raw.addStrip(offset, length);
-    raw.addFractions(50721, {32405, -15371, -4985, -9693, 18760, 416, 556, -2040, 10572});
-    raw.addFractions(50728, {10'000, 10'000, 10'000});
+    std::vector<test::TiffTag> tags = placed(dng.size, offset, length);
+    const std::vector<test::TiffTag> others = {{254, 4, {0}},
+                                               {258, 3, {16}},
+                                               {259, 3, {1}},
+                                               {262, 3, {32803}},
+                                               {271, 2, {}, "Maker\0"_ba},
+                                               {272, 2, {}, "Camera\0"_ba},
+                                               {274, 3, {dng.orientation}},
+                                               {277, 3, {1}},
+                                               {278, 4, {dng.size.height()}},
+                                               {305, 2, {}, "Firmware 2.1\0"_ba},
+                                               {33421, 3, {2, 2}},
+                                               {33422, 1, {}, "\0\1\1\2"_ba},
+                                               {50706, 1, {}, "\1\4\0\0"_ba},
+                                               {50708, 2, {}, "Maker Camera\0"_ba},
+                                               {50778, 3, {21}}};
+    tags.insert(tags.end(), others.begin(), others.end());
+    for (const auto& [tag, tenThousandths] :
+         {std::pair(50721, std::vector{32405, -15371, -4985, -9693, 18760, 416, 556, -2040, 10572}),
+          {50728, {10'000, 10'000, 10'000}}}) {
+        test::TiffTag& fractions = tags.emplace_back(test::TiffTag{tag, 10, {}});
+        for (const int number : tenThousandths)
+            fractions.numbers.insert(fractions.numbers.end(), {number, 10'000});
+    }
+    return tags;
 }
 
 QByteArray written(const Dng& dng)
 {
-    constexpr quint32 kFirst = 8;
-    constexpr quint32 kStrips = 4096;
+    constexpr qsizetype kStrips = 4096;
     const QByteArray jpeg = dng.preview.isNull() ? QByteArray() : test::encoded(dng.preview, "jpg");
     const QByteArray sensor = cells(dng.size);
-    Directory raw(kFirst);
-    describeSensor(raw, dng, kStrips, sensor.size());
-    QByteArray bytes = "II*\0\10\0\0\0"_ba + raw.written(dng.preview.isNull());
+    QByteArray bytes = "II*\0\10\0\0\0"_ba +
+                       test::tiffDirectory(sensorTags(dng, kStrips, sensor.size()), 8, dng.preview.isNull());
     if (!dng.preview.isNull()) {
-        Directory preview(quint32(bytes.size()));
-        preview.addLong(254, 1);
-        addSize(preview, dng.preview.size());
-        preview.add(258, 3, "\10\0\10\0\10\0"_ba);
-        preview.addShort(259, 7);
-        preview.addShort(262, 6);
-        preview.addShort(277, 3);
-        preview.addStrip(kStrips + quint32(sensor.size()), jpeg.size());
-        bytes += preview.written(true);
+        std::vector<test::TiffTag> tags = placed(dng.preview.size(), kStrips + sensor.size(), jpeg.size());
+        for (const test::TiffTag& tag : std::vector<test::TiffTag>{
+                 {254, 4, {1}}, {258, 3, {8, 8, 8}}, {259, 3, {7}}, {262, 3, {6}}, {277, 3, {3}}})
+            tags.push_back(tag);
+        bytes += test::tiffDirectory(tags, bytes.size());
     }
     return bytes.leftJustified(kStrips, '\0') + sensor + jpeg;
 }

@@ -1,6 +1,5 @@
 #include "import/RendererTest.h"
-
-#include <QDataStream>
+#include "support/Bytes.h"
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
@@ -8,34 +7,25 @@ using namespace mosaro::importing;
 
 namespace {
 
-QByteArray ico(const std::vector<QByteArray>& pngs)
+QByteArray ico(const QList<QByteArray>& pngs)
 {
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream.setByteOrder(QDataStream::LittleEndian);
-    stream << quint16(0) << quint16(1) << quint16(pngs.size());
-    quint32 offset = 6 + 16 * static_cast<quint32>(pngs.size());
+    test::Bytes bytes;
+    bytes.put16(0, 1, pngs.size());
+    qsizetype offset = 6 + 16 * pngs.size();
     for (const QByteArray& png : pngs) {
-        stream << quint32(0) << quint16(1) << quint16(32) << quint32(png.size()) << offset;
-        offset += static_cast<quint32>(png.size());
+        bytes.put32(0).put16(1, 32).put32(png.size(), offset);
+        offset += png.size();
     }
-    for (const QByteArray& png : pngs)
-        stream.writeRawData(png.constData(), static_cast<int>(png.size()));
-    return bytes;
+    return bytes.all() + pngs.join();
 }
 
 QByteArray icns(const std::vector<std::pair<QByteArray, QByteArray>>& entries)
 {
-    QByteArray content;
-    QDataStream stream(&content, QIODevice::WriteOnly);
-    for (const auto& [type, data] : entries) {
-        stream.writeRawData(type.constData(), 4);
-        stream << quint32(8 + data.size());
-        stream.writeRawData(data.constData(), static_cast<int>(data.size()));
-    }
-    QByteArray head("icns\0\0\0\0", 8);
-    qToBigEndian(quint32(content.size() + 8), head.data() + 4);
-    return head + content;
+    test::Bytes content(QDataStream::BigEndian);
+    for (const auto& [type, data] : entries)
+        content.put(type).put32(8 + data.size()).put(data);
+    test::Bytes head(QDataStream::BigEndian);
+    return head.put("icns").put32(content.all().size() + 8).put(content.all()).all();
 }
 
 QByteArray square(int side, const QColor& color)

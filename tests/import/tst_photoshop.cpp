@@ -1,7 +1,7 @@
 #include "import/RendererTest.h"
+#include "support/Bytes.h"
 
 #include <QColorSpace>
-#include <QDataStream>
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
@@ -19,66 +19,61 @@ struct Psd {
     QByteArray deepBlock = {};  ///< Name of the block that says so for more than 8 bits.
     QByteArray profile = {};
     QByteArray xmp = {};
-    QByteArray palette = ""; ///< Not a null one, whose length is written as -1.
+    QByteArray palette = {};
     int transparentColor = -1;
     QByteArray pixels = {}; ///< With how they are packed in front; empty for plain values.
 };
 
-void addResource(QDataStream& stream, quint16 number, const QByteArray& data)
-{
-    stream.writeRawData("8BIM", 4);
-    stream << number << quint16(0) << quint32(data.size());
-    stream.writeRawData(data.constData(), static_cast<int>(data.size()));
-    if (data.size() % 2)
-        stream << quint8(0);
-}
+constexpr auto kOrder = QDataStream::BigEndian;
 
 QByteArray resources(const Psd& psd)
 {
-    QByteArray bytes("");
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    test::Bytes bytes(kOrder);
+    const auto add = [&bytes](int number, const QByteArray& data) {
+        bytes.put("8BIM")
+            .put16(number, 0)
+            .put32(data.size())
+            .put(data)
+            .put(QByteArray(data.size() % 2, '\0'));
+    };
     if (psd.dpi > 0)
-        addResource(stream, 1005,
-                    QByteArray(1, char(psd.dpi >> 8)) + char(psd.dpi & 255) + QByteArray(14, '\0'));
-    stream.writeRawData("AgHg\4\x25\0\0\0\0\0\0", 12); // Of another program.
+        add(1005, test::Bytes(kOrder).put16(psd.dpi).put(QByteArray(14, '\0')).all());
+    bytes.put("AgHg\4\x25\0\0\0\0\0\0"_ba); // Of another program.
     if (!psd.profile.isEmpty())
-        addResource(stream, 1039, psd.profile);
+        add(1039, psd.profile);
     if (!psd.xmp.isEmpty())
-        addResource(stream, 1060, psd.xmp);
+        add(1060, psd.xmp);
     if (psd.transparentColor >= 0)
-        addResource(stream, 1047, QByteArray(1, '\0') + char(psd.transparentColor));
-    return bytes;
+        add(1047, test::Bytes(kOrder).put16(psd.transparentColor).all());
+    return bytes.all();
+}
+
+QByteArray layers(const Psd& psd)
+{
+    test::Bytes bytes(kOrder);
+    if (!psd.deepBlock.isEmpty())
+        return bytes.put32(0, 0).put("8BIM" + psd.deepBlock).put32(2).put16(-1).all();
+    if (!psd.isTransparent)
+        return {};
+    // One layer of no size; the sign of their number tells of the transparency.
+    const QByteArray layer =
+        QByteArray(18, '\0') + "8BIMnorm\xff" + QByteArray(6, '\0') + '\x0c' + QByteArray(12, '\0');
+    return bytes.put32(2 + layer.size()).put16(-1).put(layer).put32(0).all();
 }
 
 QByteArray written(const Psd& psd)
 {
-    QByteArray bytes("8BPS\0\1\0\0\0\0\0\0", 12);
-    QDataStream stream(&bytes, QIODevice::WriteOnly | QIODevice::Append);
-    stream << quint16(psd.samples.size()) << quint32(psd.size.height()) << quint32(psd.size.width())
-           << quint16(psd.depth) << quint16(psd.mode);
-    stream << psd.palette << resources(psd); // With their lengths in front.
-    if (!psd.deepBlock.isEmpty()) {
-        stream << quint32(20 + 2) << quint32(0) << quint32(0);
-        stream.writeRawData("8BIM" + psd.deepBlock, 8);
-        stream << quint32(2) << qint16(-1);
-    } else if (psd.isTransparent) {
-        // One layer of no size; the sign of their number tells of the transparency.
-        const QByteArray layer = QByteArray(18, '\0') + "8BIMnorm\xff" + QByteArray(3, '\0') +
-                                 QByteArray(3, '\0') + '\x0c' + QByteArray(12, '\0');
-        stream << quint32(10 + layer.size()) << quint32(2 + layer.size()) << qint16(-1);
-        stream.writeRawData(layer.constData(), static_cast<int>(layer.size()));
-        stream << quint32(0);
-    } else {
-        stream << quint32(0);
-    }
+    test::Bytes bytes(kOrder);
+    bytes.put("8BPS\0\1\0\0\0\0\0\0"_ba).put16(psd.samples.size());
+    bytes.put32(psd.size.height(), psd.size.width()).put16(psd.depth, psd.mode);
+    for (const QByteArray& section : {psd.palette, resources(psd), layers(psd)})
+        bytes.put32(section.size()).put(section);
     if (!psd.pixels.isEmpty())
-        return bytes + psd.pixels;
-    stream << quint16(0);
-    for (const int sample : psd.samples) {
-        const QByteArray plane(qsizetype(psd.size.width()) * psd.size.height() * psd.depth / 8, char(sample));
-        stream.writeRawData(plane.constData(), static_cast<int>(plane.size()));
-    }
-    return bytes;
+        return bytes.put(psd.pixels).all();
+    bytes.put16(0);
+    for (const int sample : psd.samples)
+        bytes.put(QByteArray(qsizetype(psd.size.width()) * psd.size.height() * psd.depth / 8, char(sample)));
+    return bytes.all();
 }
 
 /// Colour 1 is red, 2 is blue.

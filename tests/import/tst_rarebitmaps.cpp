@@ -1,8 +1,7 @@
 #include "import/ChildProcess.h"
 #include "import/RendererTest.h"
 #include "import/VipsSupport.h"
-
-#include <QDataStream>
+#include "support/Bytes.h"
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
@@ -35,57 +34,42 @@ QByteArray pict(const QImage& image)
 /// Uncompressed, gray and opacity, from the bottom.
 QByteArray grayTga(QSize size, uchar gray, uchar opacity)
 {
-    QByteArray bytes("\0\0\3\0\0\0\0\0\0\0\0\0w\0h\0\x10\x08", 18);
-    bytes[12] = char(size.width());
-    bytes[14] = char(size.height());
+    test::Bytes bytes;
+    bytes.put8(0, 0, 3).put16(0, 0).put8(0).put32(0).put16(size.width(), size.height()).put8(16, 8);
     for (int pixel = 0; pixel < size.width() * size.height(); ++pixel)
-        bytes += QByteArray(1, char(gray)) + char(opacity);
-    return bytes;
+        bytes.put8(gray, opacity);
+    return bytes.all();
 }
 
 /// The atoms that describe and hold the picture, the data first.
 QByteArray quickTimeImage(QSize size, const QByteArray& codec, int bits, const QByteArray& data)
 {
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream << quint32(8 + data.size());
-    stream.writeRawData("idat", 4);
-    stream.writeRawData(data.constData(), static_cast<int>(data.size()));
-    stream << quint32(8 + 86);
-    stream.writeRawData("idsc", 4);
-    stream << quint32(86);
-    stream.writeRawData(codec.constData(), 4);
-    stream.writeRawData(QByteArray(24, '\0').constData(), 24);
-    stream << quint16(size.width()) << quint16(size.height()) << quint32(144 << 16) << quint32(144 << 16)
-           << quint32(data.size()) << quint16(1);
-    stream.writeRawData(QByteArray(32, '\0').constData(), 32);
-    stream << quint16(bits) << quint16(0xffff);
-    return bytes;
+    test::Bytes bytes(QDataStream::BigEndian);
+    bytes.put32(8 + data.size()).put("idat").put(data);
+    bytes.put32(8 + 86).put("idsc").put32(86).put(codec).put(QByteArray(24, '\0'));
+    bytes.put16(size.width(), size.height()).put32(144 << 16, 144 << 16, data.size()).put16(1);
+    return bytes.put(QByteArray(32, '\0')).put16(bits, 0xffff).all();
 }
 
 QByteArray plainPixels(const QImage& image)
 {
-    QByteArray bytes;
+    test::Bytes bytes;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             const QRgb pixel = image.pixel(x, y);
-            bytes += QByteArray(1, char(qRed(pixel))) + char(qGreen(pixel)) + char(qBlue(pixel));
+            bytes.put8(qRed(pixel), qGreen(pixel), qBlue(pixel));
         }
-        bytes += QByteArray(image.width() % 2, '\0');
+        bytes.put(QByteArray(image.width() % 2, '\0'));
     }
-    return bytes;
+    return bytes.all();
 }
 
 /// One row of pixels behind masks or a palette; `used` is the number of colours that the header says.
 QByteArray bmp(int bits, int compression, quint32 used, const QByteArray& table, const QByteArray& row)
 {
-    QByteArray bytes("BM");
-    QDataStream stream(&bytes, QIODevice::WriteOnly | QIODevice::Append);
-    stream.setByteOrder(QDataStream::LittleEndian);
-    stream << quint32(0) << quint32(0) << quint32(54 + table.size()) << quint32(40) << qint32(2) << qint32(1)
-           << quint16(1) << quint16(bits) << quint32(compression) << quint32(0) << qint32(2835)
-           << qint32(2835) << used << quint32(0);
-    return bytes + table + row;
+    test::Bytes bytes;
+    bytes.put("BM").put32(0, 0, 54 + table.size(), 40, 2, 1).put16(1, bits);
+    return bytes.put32(compression, 0, 2835, 2835, used, 0).put(table).put(row).all();
 }
 
 } // namespace
@@ -154,19 +138,15 @@ private Q_SLOTS:
     /// Two gray pixels, as the highest of their bytes say, whatever the order of bytes.
     void tripleBytesOfTiff()
     {
-        const std::vector<quint16> words = {256, 2, 257, 1, 258, 24, 262, 1, 273, 8};
+        const std::vector<test::TiffTag> tags = {
+            {256, 3, {2}}, {257, 3, {1}}, {258, 3, {24}}, {262, 3, {1}}, {273, 3, {8}}};
         for (const auto order : {QDataStream::LittleEndian, QDataStream::BigEndian}) {
             const bool isBig = order == QDataStream::BigEndian;
-            QByteArray bytes(isBig ? "MM" : "II");
-            QDataStream stream(&bytes, QIODevice::WriteOnly | QIODevice::Append);
-            stream.setByteOrder(order);
-            stream << quint16(42) << quint32(14);
-            stream.writeRawData(isBig ? "\xc8\0\0\x5a\0\0" : "\0\0\xc8\0\0\x5a", 6);
-            stream << quint16(words.size() / 2);
-            for (std::size_t at = 0; at < words.size(); at += 2)
-                stream << words[at] << quint16(3) << quint32(1) << words[at + 1] << quint16(0);
-            stream << quint32(0);
-            const QImage shown = drawn(DocumentType::Tiff, bytes).shown;
+            test::Bytes bytes(order);
+            bytes.put(isBig ? "MM" : "II").put16(42).put32(14);
+            bytes.put(isBig ? "\xc8\0\0\x5a\0\0"_ba : "\0\0\xc8\0\0\x5a"_ba);
+            bytes.put(test::tiffDirectory(tags, 14, true, order));
+            const QImage shown = drawn(DocumentType::Tiff, bytes.all()).shown;
             QCOMPARE(shown.pixelColor(65, 65), QColor(200, 200, 200));
             QCOMPARE(shown.pixelColor(66, 65), QColor(90, 90, 90));
         }

@@ -139,8 +139,6 @@ QByteArray encoded(const QImage& image, const char* format)
 bool writeJpeg(const QString& path, const QImage& image, const JpegOptions& options)
 {
     Image pixels = fromQImage(image);
-    if (options.gray)
-        pixels = inColourspace(std::move(pixels), VIPS_INTERPRETATION_B_W);
     if (options.cmyk)
         pixels = inProfile(std::move(pixels), QStringLiteral("cmyk"));
     if (!options.profile.isEmpty())
@@ -198,12 +196,6 @@ bool writeBmp(const QString& path, const QImage& image)
     QImage copy = image;
     copy.setDotsPerMeterX(11811);
     return copy.save(path, "BMP");
-}
-
-QByteArray fileBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 bool writeBytes(const QString& path, const QByteArray& bytes)

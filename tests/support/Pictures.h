@@ -25,7 +25,6 @@ namespace mosaro::test {
 struct JpegOptions {
     bool progressive = false;
     bool cmyk = false;
-    bool gray = false;
     int orientation = 1;  ///< EXIF's number.
     double dpi = 0;       ///< 0: not said.
     QString profile = {}; ///< "p3", "srgb" or a path; the colours are converted to it.
@@ -78,7 +77,6 @@ bool writeTga(const QString& path, const QImage& image, TgaKind kind = TgaKind::
 /// With one more chunk, behind the pixels.
 [[nodiscard]] QByteArray pngWithChunk(const QByteArray& png, const QByteArray& name, const QByteArray& data);
 
-[[nodiscard]] QByteArray fileBytes(const QString& path);
 bool writeBytes(const QString& path, const QByteArray& bytes);
 /// Keeps the first part of a file, 0 to 1.
 bool cutOff(const QString& path, double keep);
