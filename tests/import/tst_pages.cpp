@@ -23,7 +23,7 @@ QByteArray postScript(const QByteArray& box, const QByteArray& program)
 /// The smallest document that is whole; readers build its table anew.
 QByteArray pdf(const QByteArray& page, const QByteArray& trailer = {})
 {
-    const QByteArray drawing = "1 0 0 rg 0 0 2000 2000 re f";
+    const QByteArray drawing = "/State gs 1 0 0 rg 0 0 2000 2000 re f";
     return "%PDF-1.6\n1 0 obj <</Type/Catalog/Pages 2 0 R>> endobj\n"
            "2 0 obj <</Type/Pages/Kids[3 0 R]/Count 1>> endobj\n"
            "3 0 obj <</Type/Page/Parent 2 0 R/Contents 4 0 R " +
@@ -87,6 +87,9 @@ private Q_SLOTS:
         QCOMPARE(page.documentSize, QSizeF(1000, 700));
         QCOMPARE(page.kind, MediaKind::Other);
         QCOMPARE(page.pdf->pageCount, 1);
+        const Drawn clear = drawn(DocumentType::Illustrator,
+                                  pdf("/MediaBox[0 0 200 200]/Resources<</ExtGState<</State<</ca .2>>>>>>"));
+        QCOMPARE(at(clear.side, 0.5, 0.5), QColor(255, 0, 0, 51));
         // Drawn larger in parts, not by pixels; the lengths are no whole numbers.
         QVERIFY(analysed(DocumentType::Illustrator, pdf("/MediaBox[0 0 399.005 399.005]")).outcome.ok());
 
