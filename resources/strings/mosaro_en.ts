@@ -2151,6 +2151,10 @@
     <source></source>
     <translation>Stop after the file that is being imported</translation>
   </message>
+  <message id="Tooltip.Stop.Run">
+    <source></source>
+    <translation>Stop here; what is done stays done</translation>
+  </message>
   <message id="Tooltip.Tab.Collections">
     <source></source>
     <translation>Collections of the library</translation>

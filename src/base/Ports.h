@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <optional>
 
 namespace mosaro::base {
@@ -20,6 +21,8 @@ public:
     virtual void begin(const QString& text) = 0;
     virtual void update(const QString& text, int percent) = 0;
     virtual void end() = 0;
+    /// After begin(): the user may stop the work, once. Null takes the offer back; a new begin() does, too.
+    virtual void offerStop(const std::function<void()>& /*stop*/) {}
 };
 
 /// An alert: texts are resolved already. An empty alternate button leaves it out.

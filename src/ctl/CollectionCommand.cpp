@@ -114,8 +114,8 @@ int remove(Session& session, const QCommandLineParser& line, const CollectionTre
                                             session.library().masterDirPath());
     QEventLoop loop;
     QString failure;
-    removal.start(ids, {}, [&](const QString& reason) {
-        failure = reason;
+    removal.start(ids, {}, [&](const organisation::RecordRun::End& end) {
+        failure = end.failure;
         loop.quit();
     });
     loop.exec();

@@ -1,5 +1,6 @@
 #include "kit/ProgressPanel.h"
 
+#include "base/Text.h"
 #include "kit/ProgressView.h"
 #include "kit/Sheet.h"
 
@@ -37,6 +38,13 @@ void ProgressPanel::end()
 {
     if (m_sheet != nullptr) {
         m_sheet->endSheet();
+    }
+}
+
+void ProgressPanel::offerStop(const std::function<void()>& stop)
+{
+    if (m_view != nullptr) {
+        m_view->offerStop(stop, base::text("Tooltip.Stop.Run"));
     }
 }
 

@@ -12,7 +12,8 @@ namespace mosaro::kit {
 class ProgressView;
 class Sheet;
 
-/// The progress sheet of one window: a text over a bar from 0 to 100. May outlive the window.
+/// The progress sheet of one window: a text over a bar from 0 to 100, and a button that stops the
+/// work when that is offered. May outlive the window.
 class ProgressPanel : public QObject, public base::ProgressSink {
     Q_OBJECT
 
@@ -24,6 +25,7 @@ public:
     /// An empty text keeps the one on show; a negative value counts as 0.
     void update(const QString& text, int percent) override;
     void end() override;
+    void offerStop(const std::function<void()>& stop) override;
 
     [[nodiscard]] ProgressView* view() const;
 

@@ -5,7 +5,9 @@
 
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace mosaro::kit {
 
@@ -13,7 +15,8 @@ namespace {
 constexpr int kPanelWidth = 380;
 }
 
-ProgressView::ProgressView(QWidget* parent) : QWidget(parent), m_text(new QLabel), m_bar(new QProgressBar)
+ProgressView::ProgressView(QWidget* parent)
+    : QWidget(parent), m_text(new QLabel), m_bar(new QProgressBar), m_stopBtn(new QPushButton)
 {
     setFixedWidth(kPanelWidth);
     auto* layout = new QVBoxLayout(this);
@@ -25,6 +28,9 @@ ProgressView::ProgressView(QWidget* parent) : QWidget(parent), m_text(new QLabel
     m_bar->setAccessibleName(base::text("Accessible.Progress"));
     layout->addWidget(m_text);
     layout->addWidget(m_bar);
+    layout->addWidget(m_stopBtn, 0, Qt::AlignRight);
+    m_stopBtn->setObjectName(QStringLiteral("stopProgress"));
+    connect(m_stopBtn, &QPushButton::clicked, this, &ProgressView::stop);
     setupProgressElements();
 }
 
@@ -33,6 +39,7 @@ void ProgressView::setupProgressElements()
     m_text->clear();
     m_bar->setAccessibleDescription({});
     m_bar->setValue(0);
+    offerStop(nullptr, {});
 }
 
 void ProgressView::updateProgress(const QString& text, double value)
@@ -42,6 +49,33 @@ void ProgressView::updateProgress(const QString& text, double value)
         m_bar->setAccessibleDescription(text);
     }
     m_bar->setValue(qBound(0, int(value), 100));
+}
+
+void ProgressView::offerStop(std::function<void()> stop, const QString& toolTip)
+{
+    m_stop = std::move(stop);
+    m_stopBtn->setText(base::text("Basic.Stop"));
+    m_stopBtn->setShortcut(Qt::Key_Escape); // A new text takes the shortcut along.
+    m_stopBtn->setToolTip(toolTip);
+    m_stopBtn->setEnabled(true);
+    m_stopBtn->setVisible(m_stop != nullptr);
+    if (m_stop) {
+        m_stopBtn->setFocus();
+    }
+}
+
+void ProgressView::stop()
+{
+    m_stopBtn->setText(base::text("Basic.Stopping"));
+    m_stopBtn->setEnabled(false);
+    if (const auto stop = std::exchange(m_stop, nullptr)) {
+        stop();
+    }
+}
+
+QSize ProgressView::sizeHint() const
+{
+    return {kPanelWidth, heightForWidth(kPanelWidth)};
 }
 
 QString ProgressView::text() const

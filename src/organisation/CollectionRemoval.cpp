@@ -31,7 +31,7 @@ CollectionRemoval::CollectionRemoval(SlicedRun& run, store::StoreContext& contex
 }
 
 bool CollectionRemoval::start(const QStringList& collectionIDs, std::function<void(int)> progress,
-                              std::function<void(const QString&)> finished)
+                              std::function<void(const RecordRun::End&)> finished)
 {
     if (m_run.isRunning()) {
         return false;
@@ -45,13 +45,14 @@ bool CollectionRemoval::start(const QStringList& collectionIDs, std::function<vo
         {.count = qsizetype(m_steps.size()),
          .change = [this](qsizetype position) { return take(m_steps[size_t(position)]); },
          .saved = [this, progress = std::move(progress)](qsizetype done) { saved(done, progress); },
-         .finished = [finished = std::move(finished)](const RecordRun::End& end) { finished(end.failure); }});
+         .finished = std::move(finished)});
 }
 
+/// From the last, so that no collection is left whose folder is gone: it would not be in the tree.
 void CollectionRemoval::plan()
 {
     m_steps.clear();
-    for (qsizetype i = 0; i < m_collectionIDs.size(); ++i) {
+    for (qsizetype i = m_collectionIDs.size() - 1; i >= 0; --i) {
         const auto record = collectionOf(m_context, m_collectionIDs[i]);
         if (!record) {
             continue;

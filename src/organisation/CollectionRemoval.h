@@ -8,17 +8,18 @@
 namespace mosaro::organisation {
 
 /// Takes collections out of the store with the items that they own. Item by item, so that the window lives
-/// and the work can end anywhere: what is left then is a collection with fewer items. Smart collections and
-/// folders take nothing along.
+/// and the work can end anywhere: what is left then is a collection with fewer items, in its folder. Smart
+/// collections and folders take nothing along.
 class CollectionRemoval {
 public:
     /// All outlive it.
     CollectionRemoval(SlicedRun& run, store::StoreContext& context, store::LibraryState& state,
                       QString masterDirPath);
 
-    /// False while another run goes on. `progress` gets 0 to 100.
+    /// Parents before what is below them. False while another run goes on. `progress` gets 0 to 100;
+    /// `finished` how many collections are gone. Stopping the run ends it.
     bool start(const QStringList& collectionIDs, std::function<void(int percent)> progress,
-               std::function<void(const QString& failure)> finished);
+               std::function<void(const RecordRun::End& end)> finished);
 
     /// The folders of the items that are gone from the store: to be removed from the disk.
     [[nodiscard]] const QStringList& packages() const { return m_packages; }

@@ -12,6 +12,7 @@ void RunProgress::report(const QString& text, int percent)
     if (!m_isShown) {
         m_isShown = true;
         m_sink->begin(m_title.isEmpty() ? text : m_title);
+        m_sink->offerStop(m_stop);
     }
     m_sink->update(text, percent);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 namespace mosaro::base {
 class ProgressSink;
@@ -17,12 +18,15 @@ public:
 
     /// What the panel opens with, before there is a figure; empty: the first report's text.
     void setTitle(const QString& title) { m_title = title; }
+    /// What the panel's button for a stop does; null: it has none.
+    void setStop(std::function<void()> stop) { m_stop = std::move(stop); }
     void report(const QString& text, int percent);
     void end();
 
 private:
     base::ProgressSink* m_sink;
     QString m_title;
+    std::function<void()> m_stop;
     bool m_isShown = false;
 };
 

@@ -252,6 +252,11 @@ void MRController::end()
     m_progress->end();
 }
 
+void MRController::offerStop(const std::function<void()>& stop)
+{
+    m_progress->offerStop(stop);
+}
+
 void MRController::showAlertView(bool show, const QString& withMessage)
 {
     m_isWorking = show;

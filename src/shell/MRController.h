@@ -101,6 +101,7 @@ public:
     void begin(const QString& text) override;
     void update(const QString& text, int percent) override;
     void end() override;
+    void offerStop(const std::function<void()>& stop) override;
     /// A spinner over the whole window, with a line of text when one is given.
     void showAlertView(bool show, const QString& withMessage);
     void updateAlertViewMessage(const QString& message);

@@ -51,6 +51,9 @@ struct Filled {
         content->setFixedSize(300, 120);
         auto* layout = new QVBoxLayout(content);
         layout->addWidget(first);
+        auto* part = new QLineEdit; // As the text of a date field.
+        part->setFocusProxy(first);
+        layout->addWidget(part);
         layout->addWidget(second);
         sheet.setContent(content);
     }
@@ -169,6 +172,25 @@ private Q_SLOTS:
         QVERIFY(!kit::Sheet::isAttachedTo(window));
         panel.begin(u"Again"_s);
         QCOMPARE(panel.view()->value(), 0);
+    }
+
+    void progressPanelOffersAStopOnce()
+    {
+        Window window;
+        kit::ProgressPanel panel(window);
+        auto* button = panel.view()->findChild<QPushButton*>();
+        int stops = 0;
+        panel.begin(u"Deleting"_s);
+        QVERIFY(!button->isVisible());
+        for (const int expected : {1, 2}) {
+            panel.offerStop([&stops] { ++stops; });
+            QVERIFY(button->isVisible() && button->hasFocus());
+            QTest::keyClick(button, Qt::Key_Escape);
+            QTRY_COMPARE(stops, expected);
+            QVERIFY(!button->isEnabled());
+        }
+        panel.offerStop({});
+        QVERIFY(!button->isVisible());
     }
 
     void progressPanelOutlivesItsWindow()

@@ -19,6 +19,7 @@ struct SidebarWorld : FakeDesktop {
     base::ZNUtilities utilities;
     std::unique_ptr<organisation::MRLibraryView> view;
     bool busy = false;
+    base::ProgressSink* progress = nullptr;
 
     SidebarWorld() { library.defaults().initialize(); }
 
@@ -36,7 +37,7 @@ struct SidebarWorld : FakeDesktop {
         }
         view = std::make_unique<organisation::MRLibraryView>(organisation::SidebarEnvironment{
             library.manager(), library.defaults(), library.prompts(), platform, utilities, classification,
-            [this] { return busy; }, [] { return true; }, [] {}, pictureUnlessBad});
+            [this] { return busy; }, [] { return true; }, [] {}, pictureUnlessBad, progress});
         view->resize(231, 700);
         view->readLibrary();
         view->show();

@@ -72,6 +72,46 @@ private Q_SLOTS:
         QVERIFY(world.library.state().expandedCollections().contains(u"16"_s));
     }
 
+    /// Stopped before it began, and after the first of many items.
+    void deletionCanBeStopped()
+    {
+        struct Panel : base::ProgressSink {
+            std::function<void()> stop;
+            bool isUp = false;
+            bool stopsAtFirst = false;
+            void begin(const QString&) override { isUp = true; }
+            void update(const QString&, int percent) override
+            {
+                if (stopsAtFirst && percent > 0 && stop)
+                    std::exchange(stop, nullptr)();
+            }
+            void end() override { isUp = false; }
+            void offerStop(const std::function<void()>& offered) override { stop = offered; }
+        } panel;
+        World world;
+        world.progress = &panel;
+        const auto collection = world.add(u"C"_s);
+        for (int i = 0; i < 100; ++i)
+            world.library.addMedia(QString::number(i), collection, true);
+        world.open({u"16"_s});
+        world.click(u"C"_s);
+        for (const bool atOnce : {true, false}) {
+            world.library.prompts().alertAnswers = {1};
+            panel.stopsAtFirst = !atOnce;
+            world.press(Qt::Key_Delete);
+            if (atOnce)
+                panel.stop();
+            QTRY_VERIFY(!world.view->isBusy() && !panel.isUp);
+            QCOMPARE(world.selected(), u"C"_s);
+            QCOMPARE(world.notifier.notes.size(), atOnce ? 0 : 1);
+            QVERIFY(!panel.stop || atOnce);
+        }
+        const qsizetype left = qsizetype(world.view->selectedObjects().ids.size());
+        QVERIFY(left > 0 && left < 100);
+        QCOMPARE(world.notifier.notes.first().content,
+                 base::text("Message.Remove.Completed.Items", QString::number(100 - left)));
+    }
+
     void filesOfADeletionThatIsCutShortGoToo()
     {
         World world;

@@ -109,7 +109,7 @@ private Q_SLOTS:
         QVERIFY(removal.start(
             {u"folder"_s, u"in"_s, u"smart"_s, u"gone"_s},
             [&percents](int percent) { percents.append(percent); },
-            [&isDone](const QString& failure) { isDone = failure.isEmpty(); }));
+            [&isDone](const RecordRun::End& end) { isDone = end.changed == 3 && end.failure.isEmpty(); }));
         QVERIFY(!removal.start({u"keep"_s}, {}, {}));
         QTRY_VERIFY(isDone);
         QCOMPARE(percents.last(), 100);
@@ -120,6 +120,28 @@ private Q_SLOTS:
         QCOMPARE(count(library, store::Media::info()), 1);
         QCOMPARE(count(library, store::Tags::info()), 40);
         QCOMPARE(library.state().lastSelectedMedia().keys(), QStringList(u"keep+Collection"_s));
+    }
+
+    /// What is left is in its folder, and each item that is gone is named with its files.
+    void aStoppedRemovalLeavesWholeCollections()
+    {
+        test::TreeFixture world(u"folder,Folder,10002|in,In,10000,folder|also,Also,10000,folder"_s);
+        test::TemporaryLibrary& library = world.library;
+        for (int i = 0; i < 120; ++i) {
+            library.addMedia(QString::number(i), world.record(i < 40 ? u"also"_s : u"in"_s), true);
+        }
+        SlicedRun run;
+        organisation::CollectionRemoval removal(run, library.context(), library.state(),
+                                                library.package().masterDirPath());
+        int gone = -1;
+        QVERIFY(removal.start(
+            {u"folder"_s, u"in"_s, u"also"_s}, [&run](int percent) { percent > 40 ? run.stop() : void(); },
+            [&gone](const RecordRun::End& end) { gone = end.changed; }));
+        QTRY_COMPARE(gone, 1);
+        QVERIFY(library.reopen());
+        QCOMPARE(count(library, store::Collections::info()), 2);
+        const qint64 left = count(library, store::Media::info());
+        QVERIFY(left > 0 && left + removal.packages().size() == 120);
     }
 };
 

@@ -2,28 +2,12 @@
 
 #include "base/Text.h"
 #include "import/WebImageFetcher.h"
-#include "kit/Look.h"
 #include "kit/ProgressView.h"
 #include "kit/Sheet.h"
 
-#include <QPushButton>
-#include <QVBoxLayout>
 #include <utility>
 
 namespace mosaro::importing {
-
-namespace {
-
-QPushButton* makeStopButton()
-{
-    auto* stop = new QPushButton(base::text("Basic.Stop"));
-    stop->setObjectName(QStringLiteral("stopDownload"));
-    stop->setToolTip(base::text("Tooltip.Stop.Download"));
-    stop->setShortcut(Qt::Key_Escape);
-    return stop;
-}
-
-} // namespace
 
 ImageArrival::ImageArrival(QWidget& pane) : QObject(&pane), m_pane(pane) {}
 
@@ -59,24 +43,14 @@ WebImageFetcher& ImageArrival::start(const QString& folder, Arrived arrived)
 
 void ImageArrival::showSheet(WebImageFetcher& fetcher)
 {
-    auto* content = new QWidget;
     auto* progress = new kit::ProgressView;
     progress->updateProgress(base::text("Basic.Downloading.Image"), 0);
-    QPushButton* stop = makeStopButton();
-    auto* column = new QVBoxLayout(content);
-    const int margin = kit::metric::wideGap;
-    column->setContentsMargins(0, 0, margin, margin);
-    column->setSpacing(0);
-    column->addWidget(progress);
-    column->addWidget(stop, 0, Qt::AlignRight);
-
-    m_sheet = new kit::Sheet(*m_pane.window());
-    m_sheet->setContent(content);
     connect(&fetcher, &WebImageFetcher::progressed, progress,
             [progress](int percent) { progress->updateProgress({}, percent); });
-    connect(stop, &QPushButton::clicked, &fetcher, &WebImageFetcher::cancel);
+    m_sheet = new kit::Sheet(*m_pane.window());
+    m_sheet->setContent(progress);
     m_sheet->showSheet();
-    stop->setFocus();
+    progress->offerStop([&fetcher] { fetcher.cancel(); }, base::text("Tooltip.Stop.Download"));
 }
 
 void ImageArrival::end(const std::optional<ImportItem>& item)

@@ -41,6 +41,7 @@ CollectionChanges::CollectionChanges(MRLibraryCollectionSource& source, const Si
     : m_source(source), m_environment(environment), m_panel(panelOf(environment)),
       m_files(m_panel, environment.utilities, environment.defaults), m_moveProgress(environment.progress)
 {
+    m_moveProgress.setStop([this] { m_run.stop(); });
 }
 
 CollectionChanges::~CollectionChanges()
@@ -77,35 +78,47 @@ void CollectionChanges::deleteCollection()
     }
     all.removeDuplicates();
     m_isDeleting = true;
+    m_isStopped = false;
     m_panel.begin(base::text("Basic.Delete.Collections"));
     m_panel.update(base::text("Basic.Delete.Collections"), int(kUnknownProgress));
+    m_panel.offerStop([this] {
+        m_isStopped = true;
+        m_run.stop();
+    });
     QTimer::singleShot(kBreath, this, [this, all] { startRemoval(all); });
 }
 
 void CollectionChanges::startRemoval(const QStringList& ids)
 {
+    if (m_isStopped) {
+        m_isDeleting = false;
+        m_panel.end();
+        return;
+    }
     store::ZNDBManager& library = m_environment.library;
     m_removal = std::make_unique<CollectionRemoval>(m_run, *library.context(), library.state(),
                                                     library.masterDirPath());
     m_removal->start(
         ids, [this](int percent) { m_panel.update({}, percent); },
-        [this, ids](const QString& failure) { finishRemoval(ids, failure); });
+        [this](const RecordRun::End& end) { finishRemoval(end); });
 }
 
-void CollectionChanges::finishRemoval(const QStringList& ids, const QString& failure)
+/// Of a run that was stopped, too: what is gone by then is gone with its files.
+void CollectionChanges::finishRemoval(const RecordRun::End& end)
 {
-    if (!failure.isEmpty()) {
-        showDatabaseError(failure);
+    m_panel.offerStop(nullptr);
+    if (!end.failure.isEmpty()) {
+        showDatabaseError(end.failure);
     }
     m_source.rebuild();
     m_source.reopenUserGroup();
     base::ZNUtilities& utilities = m_environment.utilities;
     utilities.postNotification(base::MOSARO_NOTI_COMPLETED_COLLECTION_DELETED);
-    if (m_removal->packages().isEmpty()) {
+    if (m_removal->packages().isEmpty() && end.changed > 0) {
         if (m_environment.defaults.boolean(base::PREFS_GENERAL_SHOW_REMOVE_MEDIA_NOTI)) {
             utilities.postUserNotification(base::text("Message.Remove.Completed"), {},
                                            counted("Message.Remove.Completed.Collection",
-                                                   "Message.Remove.Completed.Collections", ids.size()));
+                                                   "Message.Remove.Completed.Collections", end.changed));
         }
         utilities.playSoundEffect(kDeleteSound, m_environment.defaults);
     }

@@ -16,9 +16,9 @@ namespace mosaro::organisation {
 class MRLibraryCollectionSource;
 struct SidebarEnvironment;
 
-/// The commands of the tree that change more than one record: deletion with its question, its progress and
-/// the files afterwards, moves of items and of collections, labels, and what the editor of a smart collection
-/// gives back.
+/// The commands of the tree that change more than one record: deletion with its question, its progress
+/// that offers a stop, and the files afterwards, moves of items and of collections, labels, and what the
+/// editor of a smart collection gives back.
 class CollectionChanges : public QObject {
     Q_OBJECT
 
@@ -46,7 +46,7 @@ public:
 
 private:
     void startRemoval(const QStringList& ids);
-    void finishRemoval(const QStringList& ids, const QString& failure);
+    void finishRemoval(const RecordRun::End& end);
     void removeFiles();
     void showMove(qsizetype done, qsizetype total);
     void finishMove(const RecordRun::End& end);
@@ -61,6 +61,7 @@ private:
     RunProgress m_moveProgress;
     QElapsedTimer m_moveClock;
     bool m_isDeleting = false;
+    bool m_isStopped = false; ///< By the user, the deletion.
 };
 
 } // namespace mosaro::organisation
