@@ -50,7 +50,8 @@ SmartRuleColorLabelView::SmartRuleColorLabelView(QVariantMap& values, const base
     const QSignalBlocker silent(choices());
     int label = 0;
     for (const QString& name : labelNames(defaults)) {
-        const QIcon dot = label > 0 ? kit::icon(QStringLiteral("dot"), kit::labelColor(label)) : QIcon();
+        const QIcon dot = label > 0 ? kit::icon(QStringLiteral("dot"), kit::labelColor(label))
+                                    : kit::icon(QStringLiteral("dot_none"));
         choices().addItem(dot, name, label++);
     }
 }
