@@ -139,8 +139,8 @@ private Q_SLOTS:
         QVERIFY(!gone.reason().isEmpty());
 
         QVERIFY(!CollectionCommands::isAcceptableTitle(QString()));
-        QVERIFY(!CollectionCommands::isAcceptableTitle(u" "_s));
-        QVERIFY(CollectionCommands::isAcceptableTitle(u"  "_s));
+        QVERIFY(!CollectionCommands::isAcceptableTitle(u"  "_s));
+        QVERIFY(CollectionCommands::isAcceptableTitle(u" a"_s));
     }
 };
 
