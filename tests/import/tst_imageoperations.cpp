@@ -85,11 +85,9 @@ private Q_SLOTS:
     {
         const QImage half = test::halfTransparent({64, 64}, Qt::white);
         const QByteArray jpeg = JPEGRepresentation(half, 0.6);
-        QVERIFY(jpeg.contains("\xff\xc2"));
-        QVERIFY(!jpeg.contains("\xff\xc0"));
+        QVERIFY(jpeg.contains("\xff\xc2") && !jpeg.contains("\xff\xc0"));
         const QImage onBlack = QImage::fromData(jpeg);
-        QVERIFY(onBlack.pixelColor(8, 32).lightness() < 10);
-        QVERIFY(onBlack.pixelColor(56, 32).lightness() > 245);
+        QVERIFY(onBlack.pixelColor(8, 32).lightness() < 10 && onBlack.pixelColor(56, 32).lightness() > 245);
 
         const QByteArray png = PNGRepresentation(half);
         QCOMPARE(png.at(28), '\1');
@@ -128,8 +126,7 @@ private Q_SLOTS:
     {
         QCOMPARE(averageColor(test::plain({30, 20}, QColor(10, 200, 30))).name(), u"#0ac81e"_s);
         const QColor half = averageColor(test::halfTransparent({100, 10}, QColor(255, 0, 0)));
-        QVERIFY(qAbs(half.alphaF() - 0.5F) < 0.01F);
-        QVERIFY(qAbs(half.redF() - 0.25F) < 0.01F);
+        QVERIFY(qAbs(half.alphaF() - 0.5F) < 0.01F && qAbs(half.redF() - 0.25F) < 0.01F);
         QCOMPARE(averageColor(test::halfTransparent({2, 1}, Qt::transparent)).alpha(), 0);
     }
 

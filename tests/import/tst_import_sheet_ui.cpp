@@ -68,8 +68,7 @@ private Q_SLOTS:
         auto* swatches = sheet.findChild<importing::SwatchRow*>();
         ImportProgress progress{u"a.png"_s, 1, 2, pictureBytes(QSize(460, 360), Qt::red), {{1, 0, 0, 1}}};
         sheet.showProgress(progress);
-        QVERIFY(!well->picture().isNull());
-        QVERIFY(well->picture().width() <= 230 * well->devicePixelRatio());
+        QVERIFY(!well->picture().isNull() && well->picture().width() <= 230 * well->devicePixelRatio());
         QCOMPARE(swatches->colors().size(), size_t(4));
         QCOMPARE(swatches->colors()[0], QColor(Qt::red));
         QVERIFY(!swatches->colors()[1].isValid());
@@ -90,8 +89,7 @@ private Q_SLOTS:
             well.setPreview(pictureBytes(QSize(10, 10), Qt::green));
             QCOMPARE(well.picture().size(), QSize(10, 10));
             well.setPreview(bytes);
-            QVERIFY(well.picture().isNull());
-            QVERIFY(!well.grab().isNull());
+            QVERIFY(well.picture().isNull() && !well.grab().isNull());
         }
     }
 

@@ -125,8 +125,7 @@ private Q_SLOTS:
         QVERIFY(report.failed.empty());
         QCOMPARE(fixture.recordCount(), 2);
         QCOMPARE(fixture.itemFolders().size(), 2);
-        QVERIFY(!fixture.hasStagingDirectory());
-        QVERIFY(!run->isRunning());
+        QVERIFY(!fixture.hasStagingDirectory() && !run->isRunning());
     }
 
     void honoursAStopBeforeTheFirstItem()

@@ -88,8 +88,7 @@ private Q_SLOTS:
         lookup.installed = QStringList{u"application/x-sketch"_s, u"application/x-idraw"_s};
         const MediaClassification classification(m_types, lookup);
         QCOMPARE(classification.allowedMedia().mid(32).join(u' '), u"idraw IDRAW sketch SKETCH"_s);
-        QVERIFY(classification.installedSketch());
-        QVERIFY(!classification.installedAcorn());
+        QVERIFY(classification.installedSketch() && !classification.installedAcorn());
     }
 
     void absentFilesHaveNoType()

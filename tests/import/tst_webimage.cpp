@@ -1,9 +1,9 @@
 #include "base/Text.h"
 #include "import/WebImageFetcher.h"
+#include "support/Pictures.h"
 #include "support/WebServer.h"
 
 #include <QMimeData>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -34,18 +34,19 @@ struct Bench {
     QString fetch(const WebImageRequest& request)
     {
         start(request);
-        if (ends != 0 || !QTest::qWaitFor([this] { return ends == 1; }, 20000)) {
+        if (ends != 0 || !QTest::qWaitFor([this] { return ends == 1; }, 20000))
             return u"it never ended"_s;
-        }
         ends = 0;
-        if (!item) {
+        if (!item)
             return files().isEmpty() ? QString() : u"left "_s + files().join(u' ');
-        }
         QFile file(item->path);
         const bool isOpen = file.open(QIODevice::ReadOnly);
         const QString made = QFileInfo(item->path).fileName() + u'=' + QString::fromLatin1(file.readAll());
         return isOpen && file.remove() ? made : u"no file"_s;
     }
+    QString fetch(const QUrl& address) { return fetch(WebImageRequest{address, true, {}, {}}); }
+    QString fetchFromServer(const QString& path) { return fetch(server.url(path)); }
+    void start(const QUrl& address) { start(WebImageRequest{address, true, {}, {}}); }
     QStringList files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
 };
 
@@ -60,38 +61,29 @@ private Q_SLOTS:
     void pictureAtAnAddress()
     {
         Bench bench;
-        bench.server.answers = {
-            {"/a/photo.png", WebServer::answer("PICTURE")},
-            {"/a/two%20words.jpeg?size=2", WebServer::answer("PICTURE")},
-            {"/..%2F..%2Fout.png", WebServer::answer("PICTURE")},
-            {"/page.png", WebServer::answer("<html><body>")},
-            {"/other.png", WebServer::answer("<!DOCTYPE html>")},
-            {"/blank.png", WebServer::answer(" <html>")},
-            {"/gone.png", WebServer::answer("PICTURE", "404 Not Found")},
-            {"/nothing.png", WebServer::answer("")},
-            {"/moved.png", WebServer::answer("", "302 Found", "Location: /a/photo.png\r\n")},
-            {"/steals.png", WebServer::answer("", "302 Found", "Location: file:///etc/passwd\r\n")},
-            {"/circle.png", WebServer::answer("", "302 Found", "Location: /circle.png\r\n")},
-            {"/cut.png", "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nPICTURE"},
+        const auto redirect = [](const QByteArray& place) {
+            return WebServer::answer("", "302 Found", "Location: " + place + "\r\n");
         };
-        const std::pair<QString, QString> cases[] = {
-            {u"/a/photo.png"_s, u"photo.png=PICTURE"_s},
-            {u"/a/two%20words.jpeg?size=2"_s, u"two words.jpeg=PICTURE"_s},
-            {u"/..%2F..%2Fout.png"_s, u"..-..-out.png=PICTURE"_s},
-            {u"/page.png"_s, {}},
-            {u"/other.png"_s, {}},
-            {u"/blank.png"_s, u"blank.png= <html>"_s},
-            {u"/gone.png"_s, {}},
-            {u"/nothing.png"_s, {}},
-            {u"/moved.png"_s, u"moved.png=PICTURE"_s},
-            {u"/steals.png"_s, {}},
-            {u"/circle.png"_s, {}},
-            {u"/cut.png"_s, {}},
+        // The path, what the server answers, and the file that is made of it.
+        const std::tuple<QString, QByteArray, QString> rows[] = {
+            {u"/a/photo.png"_s, WebServer::answer("PICTURE"), u"photo.png=PICTURE"_s},
+            {u"/a/two%20words.jpeg?size=2"_s, WebServer::answer("PICTURE"), u"two words.jpeg=PICTURE"_s},
+            {u"/..%2F..%2Fout.png"_s, WebServer::answer("PICTURE"), u"..-..-out.png=PICTURE"_s},
+            {u"/page.png"_s, WebServer::answer("<html><body>"), {}},
+            {u"/other.png"_s, WebServer::answer("<!DOCTYPE html>"), {}},
+            {u"/blank.png"_s, WebServer::answer(" <html>"), u"blank.png= <html>"_s},
+            {u"/gone.png"_s, WebServer::answer("PICTURE", "404 Not Found"), {}},
+            {u"/nothing.png"_s, WebServer::answer(""), {}},
+            {u"/moved.png"_s, redirect("/a/photo.png"), u"moved.png=PICTURE"_s},
+            {u"/steals.png"_s, redirect("file:///etc/passwd"), {}},
+            {u"/circle.png"_s, redirect("/circle.png"), {}},
+            {u"/cut.png"_s, "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nPICTURE", {}},
         };
-        for (const auto& [path, expected] : cases) {
-            QCOMPARE(path + bench.fetch({bench.server.url(path), true, {}, {}}), path + expected);
-        }
-        QVERIFY(bench.fetch({bench.server.url(u"/a/photo.png"_s), true, {}, {}}).endsWith(u"PICTURE"));
+        for (const auto& [path, answer, made] : rows)
+            bench.server.answers[path.toLatin1()] = answer;
+        for (const auto& [path, answer, made] : rows)
+            QCOMPARE(path + bench.fetchFromServer(path), path + made);
+        QVERIFY(bench.fetchFromServer(u"/a/photo.png"_s).endsWith(u"PICTURE"));
         QCOMPARE(bench.item->url, bench.server.url(u"/a/photo.png"_s).toString());
         QCOMPARE(bench.item->kind, MediaKind::Web);
     }
@@ -102,9 +94,8 @@ private Q_SLOTS:
         QFile secret(bench.folder.filePath(u"secret.png"_s));
         QVERIFY(secret.open(QIODevice::WriteOnly));
         for (const QUrl& url : {QUrl::fromLocalFile(secret.fileName()), QUrl(u"ftp://127.0.0.1/a.png"_s),
-                                QUrl(u"qrc:/a.png"_s), QUrl(u"//host/a.png"_s)}) {
-            QCOMPARE(bench.fetch({url, true, {}, {}}), u"left secret.png"_s);
-        }
+                                QUrl(u"qrc:/a.png"_s), QUrl(u"//host/a.png"_s)})
+            QCOMPARE(bench.fetch(url), u"left secret.png"_s);
     }
 
     void limits()
@@ -114,33 +105,33 @@ private Q_SLOTS:
         bench.server.answers = {{"/long.png", WebServer::answer("12345678901")},
                                 {"/fits.png", WebServer::answer("1234567890")},
                                 {"/untold.png", "HTTP/1.1 200 OK\r\n\r\n12345678901"}};
-        QCOMPARE(bench.fetch({bench.server.url(u"/long.png"_s), true, {}, {}}), QString());
-        QCOMPARE(bench.fetch({bench.server.url(u"/untold.png"_s), true, {}, {}}), QString());
-        QCOMPARE(bench.fetch({bench.server.url(u"/fits.png"_s), true, {}, {}}), u"fits.png=1234567890"_s);
+        QCOMPARE(bench.fetchFromServer(u"/long.png"_s), QString());
+        QCOMPARE(bench.fetchFromServer(u"/untold.png"_s), QString());
+        QCOMPARE(bench.fetchFromServer(u"/fits.png"_s), u"fits.png=1234567890"_s);
         bench.limits = {.wholeTime = 50, .silence = 60'000, .bytes = 10};
-        QCOMPARE(bench.fetch({bench.server.url(u"/silent.png"_s), true, {}, {}}), QString());
+        QCOMPARE(bench.fetchFromServer(u"/silent.png"_s), QString());
         bench.limits = {.wholeTime = 60'000, .silence = 50, .bytes = 10};
-        QCOMPARE(bench.fetch({bench.server.url(u"/silent.png"_s), true, {}, {}}), QString());
+        QCOMPARE(bench.fetchFromServer(u"/silent.png"_s), QString());
     }
 
     void cancelledOrDestroyedInBetween()
     {
         Bench bench;
-        bench.start({bench.server.url(u"/silent.png"_s), true, {}, {}});
+        bench.start(bench.server.url(u"/silent.png"_s));
         QTRY_COMPARE(bench.server.asked, 1);
         bench.fetcher->cancel();
         QTRY_COMPARE(bench.ends, 1);
         QVERIFY(!bench.item);
 
-        bench.start({bench.server.url(u"/silent.png"_s), true, {}, {}});
+        bench.start(bench.server.url(u"/silent.png"_s));
         QTRY_COMPARE(bench.server.asked, 2);
         bench.fetcher.reset();
 
         // While the file is being written: nobody will hear of it.
-        bench.start({QUrl(u"data:,\x47IF"_s), true, {}, {}});
+        bench.start(QUrl(u"data:,\x47IF"_s));
         bench.fetcher->cancel();
         QTRY_COMPARE(bench.ends, 2);
-        bench.start({QUrl(u"data:,\x47IF"_s), true, {}, {}});
+        bench.start(QUrl(u"data:,\x47IF"_s));
         bench.fetcher.reset();
         QCoreApplication::processEvents();
         QCOMPARE(bench.ends, 2);
@@ -160,7 +151,7 @@ private Q_SLOTS:
             {u"data:,"_s, {}},
         };
         for (const auto& [address, expected] : cases) {
-            const QString made = bench.fetch({QUrl(address), true, {}, {}});
+            const QString made = bench.fetch(QUrl(address));
             QCOMPARE(address + made.mid(made.indexOf(u'.')), address + expected);
             QVERIFY(expected.isEmpty() || QRegularExpression(u"^\\d{14}\\."_s).match(made).hasMatch());
         }
@@ -169,10 +160,8 @@ private Q_SLOTS:
     /// An extension counts only as it is written; else the picture of the drop is what counts.
     void pictureOfTheDrop()
     {
-        QImage opaque(4, 4, QImage::Format_RGB32);
-        opaque.fill(Qt::red);
-        QImage clear(4, 4, QImage::Format_ARGB32);
-        clear.fill(Qt::transparent);
+        const QImage opaque = mosaro::test::plain({4, 4}, Qt::red);
+        const QImage clear = mosaro::test::halfTransparent({4, 4}, Qt::red);
         const std::tuple<QString, QImage, bool, QByteArray> cases[] = {
             {u"http://host/a.png"_s, opaque, true, {}},
             {u"http://host/a.PNG"_s, opaque, false, "\xff\xd8"},
@@ -183,19 +172,17 @@ private Q_SLOTS:
         for (const auto& [address, image, downloads, start] : cases) {
             QMimeData data;
             data.setUrls({QUrl(address)});
-            if (!image.isNull()) {
+            if (!image.isNull())
                 data.setImageData(image);
-            }
             const WebImageRequest request = webImageOf(data, {u"png"_s, u"jpg"_s});
-            QCOMPARE(address + (request.downloads ? u"+"_s : QString()),
-                     address + (downloads ? u"+"_s : QString()));
-            if (!downloads) {
-                Bench bench;
-                const QString made = bench.fetch(request);
-                QVERIFY2(made.section(u'=', 1).toLatin1().startsWith(start), qPrintable(address));
-                QCOMPARE(made.isEmpty(), start.isEmpty());
-                QCOMPARE(made.contains(u".png="), start == "\x89PNG");
-            }
+            QVERIFY2(request.downloads == downloads, qPrintable(address));
+            if (downloads)
+                continue;
+            Bench bench;
+            const QString made = bench.fetch(request);
+            QVERIFY2(made.section(u'=', 1).toLatin1().startsWith(start), qPrintable(address));
+            QCOMPARE(made.isEmpty(), start.isEmpty());
+            QCOMPARE(made.contains(u".png="), start == "\x89PNG");
         }
     }
 

@@ -124,8 +124,7 @@ private Q_SLOTS:
         m_library->state().addExpandedCollection(u"kept"_s);
         m_controller->performClose();
         QCOMPARE(closed.count(), 1);
-        QVERIFY(*preferencesClosed > 0);
-        QVERIFY(!m_library->isOpen() && !m_controller->controllerDidLoad());
+        QVERIFY(*preferencesClosed > 0 && !m_library->isOpen() && !m_controller->controllerDidLoad());
         QVERIFY(!m_library->defaults().boolean(base::PREFS_GLOBAL_MAIN_WINDOW_IS_FULLSCREEN, true));
         QVERIFY(m_library->reopen());
         QVERIFY(m_library->state().expandedCollections().contains(u"kept"_s));

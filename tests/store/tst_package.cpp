@@ -86,8 +86,7 @@ private Q_SLOTS:
     void accessListFile()
     {
         AccessList list = AccessList::read(package());
-        QVERIFY(list.entries().isEmpty());
-        QVERIFY(!QFileInfo::exists(package().accessListInfoPath()));
+        QVERIFY(list.entries().isEmpty() && !QFileInfo::exists(package().accessListInfoPath()));
         list.enter(u"/gone/é"_s, "token\0x"_ba);
         list.enter(u"/none"_s, QByteArray());
         QVERIFY(list.write(package()).ok());
@@ -226,8 +225,7 @@ private Q_SLOTS:
         QCOMPARE(repairLibrary(verify(), package()).size(), 3);
         QVERIFY(!QFileInfo::exists(master(u"/2020"_s)) && !QFileInfo::exists(accompanied));
         QVERIFY(QFileInfo::exists(master(u"/2021/5/6/keep.txt"_s)));
-        QVERIFY(QFileInfo::exists(master(media->mediaPath())));
-        QVERIFY(verify().isClean());
+        QVERIFY(QFileInfo::exists(master(media->mediaPath())) && verify().isClean());
     }
 
     void repairTrustsNoReport()

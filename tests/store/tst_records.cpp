@@ -108,15 +108,11 @@ private Q_SLOTS:
         link->setMedia(media);
         link->setTags(tag);
         const std::vector<std::shared_ptr<MediaTagList>> links{link};
-        QVERIFY(media->collections() == collection);
-        QVERIFY(collection->media() == std::vector{media});
-        QVERIFY(media->mediaTagList() == links && tag->mediaTagList() == links);
-        QVERIFY(!media->isSaved());
+        QVERIFY(media->collections() == collection && collection->media() == std::vector{media});
+        QVERIFY(media->mediaTagList() == links && tag->mediaTagList() == links && !media->isSaved());
         QVERIFY(m_context->save().ok());
         QVERIFY(media->isSaved() && link->isSaved() && tag->isSaved() && collection->isSaved());
-        QVERIFY(!m_context->hasChanges());
-        QVERIFY(link->media() == media);
-        QVERIFY(tag->mediaTagList() == links);
+        QVERIFY(!m_context->hasChanges() && link->media() == media && tag->mediaTagList() == links);
         QCOMPARE(collection->mediaCount(), 1);
         saveAndReopen();
         const auto again = m_context->first<MediaTagList>(Predicate::all());
@@ -128,8 +124,7 @@ private Q_SLOTS:
         const auto to = m_library->addCollection(u"to"_s);
         m_media->setCollections(to);
         m_media->setMediaRating(5);
-        QVERIFY(m_collection->media().empty());
-        QVERIFY(to->media() == std::vector{m_media});
+        QVERIFY(m_collection->media().empty() && to->media() == std::vector{m_media});
         QVERIFY(m_context->save().ok());
         QVERIFY(m_collection->media().empty());
         QCOMPARE(to->mediaCount(), 1);
@@ -180,8 +175,7 @@ private Q_SLOTS:
         QCOMPARE(tagLink->isRemoved(), &removed != color.get());
         QCOMPARE(colorLink->isRemoved(), &removed != tag.get());
         QCOMPARE(pair->isRemoved(), &removed == m_collection.get() || &removed == tag.get());
-        QVERIFY(!other->isRemoved());
-        QVERIFY(removed.attribute(0).isNull());
+        QVERIFY(!other->isRemoved() && removed.attribute(0).isNull());
         removed.setAttribute(0, 1); // Of no effect, and harmless.
         QVERIFY(!m_context->hasChanges());
     }
@@ -230,11 +224,9 @@ private Q_SLOTS:
         m_context->remove(*doomed);
         for (int attempt = 0; attempt < 2; ++attempt) {
             const auto saved = m_context->save();
-            QVERIFY(!saved.ok() && !saved.reason().isEmpty());
-            QVERIFY(m_context->hasChanges());
+            QVERIFY(!saved.ok() && !saved.reason().isEmpty() && m_context->hasChanges());
             QVERIFY(!media->isSaved() && !link->isSaved() && m_collection->isDirty());
-            QVERIFY(!doomed->isRemoved() && !inDoomed->isRemoved());
-            QVERIFY(link->media() == media);
+            QVERIFY(!doomed->isRemoved() && !inDoomed->isRemoved() && link->media() == media);
             QCOMPARE(rows(Collections::info()), 2);
             QCOMPARE(rows(Media::info()), 2);
         }
@@ -266,8 +258,7 @@ private Q_SLOTS:
         auto media = m_context->insert<Media>();
         m_context->remove(*m_collection);
         m_context->rollback();
-        QVERIFY(media->isRemoved());
-        QVERIFY(!m_context->hasChanges());
+        QVERIFY(media->isRemoved() && !m_context->hasChanges());
         QCOMPARE(m_collection->title(), u"c"_s);
         QVERIFY(m_context->save().ok());
         QCOMPARE(rows(Collections::info()), 1);
