@@ -4,7 +4,10 @@
 
 namespace mosaro::organisation {
 
-TagRun::TagRun(base::ProgressSink* progress, QObject* parent) : QObject(parent), m_progress(progress) {}
+TagRun::TagRun(base::ProgressSink* progress, QObject* parent) : QObject(parent), m_progress(progress)
+{
+    m_progress.setStop([this] { m_run.stop(); });
+}
 
 TagRun::~TagRun() = default;
 

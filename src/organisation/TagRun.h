@@ -8,8 +8,8 @@
 
 namespace mosaro::organisation {
 
-/// A TagLinker at work while the window lives, with the window's progress panel. Going away ends a run
-/// without a word; what is saved stays.
+/// A TagLinker at work while the window lives, with the window's progress panel, which can stop it. Going
+/// away ends a run without a word. What is saved stays in either case.
 class TagRun : public QObject {
 public:
     /// Null: no progress is shown.

@@ -19,6 +19,7 @@ TagChanges::TagChanges(MRLibraryTagsSource& source, const SidebarEnvironment& en
     : m_source(source), m_environment(environment), m_list(list), m_tags(tags),
       m_progress(environment.progress)
 {
+    m_progress.setStop([this] { m_deletion.stop(); });
 }
 
 bool TagChanges::isOpen() const
