@@ -5,6 +5,12 @@
 
 namespace mosaro::organisation {
 
+namespace {
+
+constexpr int kWidestTitle = 300;
+
+} // namespace
+
 CollectionMenu::CollectionMenu(Questions questions, QWidget* parent)
     : QMenu(parent), m_questions(std::move(questions)),
       m_labelRow(new kit::ZNFlatUIKitLabelView(base::text("Label.Label")))
@@ -39,7 +45,8 @@ void CollectionMenu::validate()
         action->setVisible(m_questions.exists(command));
         action->setEnabled(m_questions.isPossible(command));
         if (command == SidebarCommand::Edit) {
-            action->setText(m_questions.editTitle().replace(QLatin1Char('&'), QStringLiteral("&&")));
+            QString title = fontMetrics().elidedText(m_questions.editTitle(), Qt::ElideMiddle, kWidestTitle);
+            action->setText(title.replace(QLatin1Char('&'), QStringLiteral("&&")));
         }
     }
 }
