@@ -131,6 +131,13 @@ public:
     {
         return QFileInfo::exists(library.package().stagingDirPath());
     }
+    /// The library holds so many items, whole ones, and nothing is under way.
+    void expectItems(qint64 count)
+    {
+        QCOMPARE(recordCount(), count);
+        QCOMPARE(itemFolders().size(), count);
+        QVERIFY(!hasStagingDirectory());
+    }
     [[nodiscard]] QString masters() const { return library.package().masterDirPath(); }
 
     /// From now on an analysis gives that, changed so.

@@ -41,16 +41,9 @@ private Q_SLOTS:
             return QLocale::c().toString(when.addYears(years), QLocale::ShortFormat);
         };
         const QString size = u"640 x 480"_s;
-        const QStringList expected{size,
-                                   u"1 KB"_s,
-                                   size,
-                                   base::text("Label.Width", u"640"_s),
-                                   base::text("Label.Height", u"480"_s),
-                                   date(0),
-                                   date(1),
-                                   date(2),
-                                   date(3),
-                                   size};
+        QStringList expected{size, u"1 KB"_s, size};
+        expected << base::text("Label.Width", u"640"_s) << base::text("Label.Height", u"480"_s);
+        expected << date(0) << date(1) << date(2) << date(3) << size;
         MRBrowserItem item = itemOf(media);
         QCOMPARE(item.sortKey(), 7);
         for (int key = 0; key < expected.size(); ++key) {

@@ -40,19 +40,21 @@ void writeZip(const QString& path, const std::vector<Entry>& entries)
         qFatal("cannot write the archive");
 }
 
-void writeDatabase(const QString& path, const std::vector<Entry>& rows, bool isNamed)
+constexpr const char* kNamed = "\"the \"\"Preview\"";
+
+void writeDatabase(const QString& path, const std::string& table, const std::vector<Entry>& rows)
 {
     QFile::remove(path);
     SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    const std::string table = isNamed ? "\"the \"\"Preview\"" : "layers";
     database.exec("CREATE VIEW trap AS SELECT load_extension('x') AS preview");
-    for (const std::string& name : {std::string("layers"), std::string("\"the \"\"Preview\"")})
+    for (const std::string name : {"layers", kNamed})
         database.exec("CREATE TABLE " + name + " (name TEXT, data BLOB)");
+    SQLite::Statement insert(database, "INSERT INTO " + table + " VALUES (?, ?)");
     for (const Entry& row : rows) {
-        SQLite::Statement insert(database, "INSERT INTO " + table + " VALUES (?, ?)");
         insert.bind(1, row.name);
         insert.bind(2, row.bytes.constData(), int(row.bytes.size()));
         insert.exec();
+        insert.reset();
     }
 }
 
@@ -118,8 +120,8 @@ private Q_SLOTS:
         const QByteArray large = bytesOf({300, 300}, "bmp"); // no format that counts
         const QByteArray noisy = test::encoded(test::noise({250, 250}), "png");
         const std::vector<Entry> rows = {{"a", bytesOf({200, 150})}, {"b", noisy}, {"c", large}};
-        for (const bool isNamed : {true, false}) {
-            writeDatabase(file(), rows, isNamed);
+        for (const char* table : {kNamed, "layers"}) {
+            writeDatabase(file(), table, rows);
             expect({250, 250}); // over many pages, in pieces
         }
         SQLite::Database database(file().toStdString(), SQLite::OPEN_READWRITE);

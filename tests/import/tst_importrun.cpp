@@ -73,8 +73,7 @@ private Q_SLOTS:
             QCOMPARE(fixture.media(report.imported[number - 1])->mediaTitle().toInt(), number);
         QVERIFY2(most > 1, "several files are analysed at once");
         QVERIFY(most <= fixture.parallel);
-        QCOMPARE(fixture.itemFolders().size(), 40);
-        QVERIFY(!fixture.hasStagingDirectory());
+        fixture.expectItems(40);
     }
 
     void goesNoFurtherAheadThanItsWindow()
@@ -119,13 +118,11 @@ private Q_SLOTS:
             }
         });
         const ImportReport report = ImportFixture::finish(*run, ImportItem::fromPaths(fixture.makeFiles(10)));
-        QVERIFY(report.stopped);
+        QVERIFY(report.stopped && report.failed.empty());
         QCOMPARE(report.tried, 3);
         QCOMPARE(report.imported.size(), 2);
-        QVERIFY(report.failed.empty());
-        QCOMPARE(fixture.recordCount(), 2);
-        QCOMPARE(fixture.itemFolders().size(), 2);
-        QVERIFY(!fixture.hasStagingDirectory() && !run->isRunning());
+        fixture.expectItems(2);
+        QVERIFY(!run->isRunning());
     }
 
     void honoursAStopBeforeTheFirstItem()
@@ -139,8 +136,7 @@ private Q_SLOTS:
         const auto report = finished[0][0].value<ImportReport>();
         QVERIFY(report.stopped);
         QCOMPARE(report.tried, 1);
-        QCOMPARE(fixture.recordCount(), 0);
-        QCOMPARE(fixture.itemFolders(), QStringList());
+        fixture.expectItems(0);
     }
 
     void endsCleanlyWhenDestroyed()
@@ -162,9 +158,7 @@ private Q_SLOTS:
             QTRY_COMPARE(waiting.load(), fixture.parallel);
             gate.release(1000);
             run.reset();
-            QCOMPARE(fixture.recordCount(), committed);
-            QCOMPARE(fixture.itemFolders().size(), committed);
-            QVERIFY(!fixture.hasStagingDirectory());
+            fixture.expectItems(committed);
         }
     }
 
@@ -209,10 +203,8 @@ private Q_SLOTS:
         const ImportReport report = fixture.import(files);
         QCOMPARE(fixture.titles(report.imported), QStringList({u"01"_s, u"03"_s, u"04"_s}));
         QCOMPARE(namesOf(report.failed), QStringList{u"02.png"_s});
-        QCOMPARE(fixture.itemFolders().size(), 3);
-        QVERIFY(!fixture.library.context().hasChanges());
-        QVERIFY(fixture.library.reopen());
-        QCOMPARE(fixture.recordCount(), 3);
+        QVERIFY(!fixture.library.context().hasChanges() && fixture.library.reopen());
+        fixture.expectItems(3);
         // "shared", and one for each item that is there.
         QCOMPARE(fixture.recordCount(store::Tags::info()), 4);
         QVERIFY(QFileInfo::exists(files[1]));
@@ -279,7 +271,7 @@ private Q_SLOTS:
         // Nor what an interrupted run left.
         test::writeFile(fixture.library.package().stagingDirPath() + u"/OLD.mritem/Originals/x"_s, "x");
         QCOMPARE(fixture.import(fixture.makeFiles(2)).imported.size(), 2);
-        QVERIFY(!fixture.hasStagingDirectory());
+        fixture.expectItems(2);
     }
 
     void keepsTheEventLoopTurning()

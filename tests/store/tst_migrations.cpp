@@ -72,7 +72,6 @@ private Q_SLOTS:
         const auto context = StoreContext::open(m_path);
         QVERIFY2(context.ok(), qPrintable(context.ok() ? QString() : context.reason()));
         const auto media = context.value()->first<Media>(Predicate::all());
-        QVERIFY(media);
         QCOMPARE(media->mediaTagList().front()->tags()->title(), u"red"_s);
         const QByteArray indexes = "SELECT count(*) FROM sqlite_master WHERE type = 'index'";
         const auto created = StoreFile::open(m_folder->filePath(u"new"_s));
@@ -88,12 +87,10 @@ private Q_SLOTS:
             const auto file = StoreFile::open(m_path);
             QVERIFY(file.ok());
             std::vector<Migration> steps = currentMigrations();
-            steps.push_back({steps.back().number + 1, [](SQLite::Database& database) {
-                                 database.exec("ALTER TABLE Media ADD COLUMN extra TEXT");
-                                 database.exec("DELETE FROM StoreInformation");
-                                 database.exec("DROP TABLE ColorList");
-                                 database.exec("INSERT INTO NoSuchTable VALUES (1)");
-                             }});
+            const char* const sql = "ALTER TABLE Media ADD COLUMN extra TEXT; DELETE FROM StoreInformation;"
+                                    "DROP TABLE ColorList; INSERT INTO NoSuchTable VALUES (1)";
+            steps.push_back(
+                {steps.back().number + 1, [sql](SQLite::Database& database) { database.exec(sql); }});
             const auto migrated = migrate(file.value()->database(), m_path, steps);
             QVERIFY(!migrated.ok() && !migrated.reason().isEmpty());
             QVERIFY(!file.value()->information(u"storeID"_s).isEmpty());
