@@ -42,14 +42,20 @@ private Q_SLOTS:
         QCOMPARE(id, id.toUpper());
         const auto collection = media->collections();
         const QString folder = store::LibraryPackage::itemFolder(before.date(), id);
-        QCOMPARE((QStringList{media->mediaPID(), collection->title(), media->mediaOriginalPath(),
-                              media->mediaPath(), media->mediaThumbPath(), media->mediaTitle(),
-                              media->mediaNotes(), media->mediaWeburl(), media->imageColorModel(),
-                              media->imageProfile(), media->mediaSoftware()}),
-                 (QStringList{collection->collectionID(), u"Target"_s, path,
-                              folder + u"/Originals/My Picture.v2.png"_s, folder + u"/Preivew/preview.png"_s,
-                              u"My Picture.v2"_s, u"a comment"_s, u"https://from.example/x"_s, u"RGB"_s,
-                              u"sRGB"_s, u"Brush 3"_s}));
+        const std::pair<QString, QString> texts[] = {
+            {media->mediaPID(), collection->collectionID()},
+            {collection->title(), u"Target"_s},
+            {media->mediaOriginalPath(), path},
+            {media->mediaPath(), folder + u"/Originals/My Picture.v2.png"_s},
+            {media->mediaThumbPath(), folder + u"/Preivew/preview.png"_s},
+            {media->mediaTitle(), u"My Picture.v2"_s},
+            {media->mediaNotes(), u"a comment"_s},
+            {media->mediaWeburl(), u"https://from.example/x"_s},
+            {media->imageColorModel(), u"RGB"_s},
+            {media->imageProfile(), u"sRGB"_s},
+            {media->mediaSoftware(), u"Brush 3"_s}};
+        for (const auto& [text, expected] : texts)
+            QCOMPARE(text, expected);
         const std::pair<qint64, qint64> numbers[] = {
             {media->mediaDocumentType(), 6}, {media->mediaFileSize(), 5}, {media->mediaRating(), 0},
             {media->mediaLabel(), 1},        {media->mediaKind(), 15},    {media->imageDepth(), 8}};
