@@ -262,6 +262,17 @@ void MRSmartRuleEditor::countMatches()
     m_search.start({*query, {}, -1}, [show](const std::vector<store::RowId>& rows) { show(rows.size()); });
 }
 
+/// The list of rules scrolls by itself only while the keyboard goes from one of them to another.
+bool MRSmartRuleEditor::focusNextPrevChild(bool next)
+{
+    const bool moved = QWidget::focusNextPrevChild(next);
+    QWidget* now = focusWidget();
+    if (now != nullptr && m_ruleCollectionView->isAncestorOf(now)) {
+        m_ruleCollectionView->ensureWidgetVisible(now);
+    }
+    return moved;
+}
+
 void MRSmartRuleEditor::keyPressEvent(QKeyEvent* event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

@@ -52,6 +52,7 @@ Q_SIGNALS:
     void closeSheet(int returnCode);
 
 protected:
+    bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
