@@ -1,6 +1,7 @@
 #include "base/PropertyList.h"
 
 #include "base/Text.h"
+#include "support/Bytes.h"
 #include "support/CommaLocale.h"
 #include "support/Files.h"
 
@@ -8,6 +9,7 @@
 #include <limits>
 
 using namespace mosaro::base;
+using namespace mosaro::test;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -25,36 +27,30 @@ QByteArray xml(const QByteArray& body)
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">" + body + "</plist>";
 }
 
-QByteArray bigEndian(quint64 number, int size)
-{
-    QByteArray bytes;
-    for (int shift = size - 1; shift >= 0; --shift)
-        bytes.append(char(number >> (8 * shift)));
-    return bytes;
-}
-
 /// A binary list of these objects, the first being the root; references are two bytes wide.
-QByteArray binary(const QList<QByteArray>& objects, quint64 top = 0)
+QByteArray binary(const QList<QByteArray>& objects, int top = 0)
 {
-    QByteArray data("bplist00");
-    QByteArray table;
+    Bytes data(QDataStream::BigEndian);
+    Bytes table(QDataStream::BigEndian);
+    data.put("bplist00");
     for (const QByteArray& object : objects) {
-        table += bigEndian(quint64(data.size()), 4);
-        data += object;
+        table.put32(data.all().size());
+        data.put(object);
     }
-    const auto tableOffset = quint64(data.size());
-    return data + table + QByteArray(6, '\0') + char(4) + char(2) + bigEndian(quint64(objects.size()), 8) +
-           bigEndian(top, 8) + bigEndian(tableOffset, 8);
+    const qsizetype tableOffset = data.all().size();
+    data.put(table.all()).put(QByteArray(6, '\0')).put8(4, 2);
+    return data.put32(0, objects.size(), 0, top, 0, tableOffset).all();
 }
 
 QByteArray arrayOf(const QList<int>& references)
 {
-    QByteArray object(1, char(0xA0 | std::min<qsizetype>(references.size(), 15)));
+    Bytes object(QDataStream::BigEndian);
+    object.put8(0xA0 | std::min<qsizetype>(references.size(), 15));
     if (references.size() >= 15)
-        object += char(0x12) + bigEndian(quint64(references.size()), 4);
+        object.put8(0x12).put32(references.size());
     for (const int reference : references)
-        object += bigEndian(quint64(reference), 2);
-    return object;
+        object.put16(reference);
+    return object.all();
 }
 
 /// Each array names the next one so many times: that number to the power of `levels` leaves.
@@ -70,7 +66,7 @@ QByteArray levels(int levels, int times = 1)
 /// One long text, named a thousand times by each of a thousand arrays.
 QByteArray amplified()
 {
-    const QByteArray text = "\x5F\x12"_ba + bigEndian(100'000, 4) + QByteArray(100'000, 'x');
+    const QByteArray text = "\x5F\x12\x00\x01\x86\xA0"_ba + QByteArray(100'000, 'x');
     return binary({arrayOf(QList<int>(1000, 1)), arrayOf(QList<int>(1000, 2)), text});
 }
 
@@ -133,7 +129,7 @@ private Q_SLOTS:
 
     void readsRealsAlikeInEveryLocale()
     {
-        const mosaro::test::CommaLocale comma;
+        const CommaLocale comma;
         if (!comma.isActive())
             QSKIP("no locale with a decimal comma can be made on this machine");
         QCOMPARE(readPropertyList(xml("<real>0.5</real>")).value().toDouble(), 0.5);
@@ -188,7 +184,7 @@ private Q_SLOTS:
             {"reference out of range", binary({arrayOf({9})})},
             {"root out of range", binary({QByteArray(1, char(0x09))}, 5)},
             {"text beyond the end", binary({"\x5F\x12\x7F\xFF\xFF\xFF"_ba})},
-            {"count that wraps", binary({"\xAF\x13" + bigEndian(~0ULL / 2 + 2, 8)})},
+            {"count that wraps", binary({"\xAF\x13\x80\0\0\0\0\0\0\1"_ba})},
             {"65 levels", levels(65)},
             {"10,000 levels", levels(10'000)},
             {"two to the 40th", levels(40, 2)},
@@ -242,7 +238,7 @@ private Q_SLOTS:
         QVERIFY(writePropertyListFile(path, true, PropertyListFormat::Xml).ok());
         QVERIFY(!writePropertyListFile(path, QVariant(QSize()), PropertyListFormat::Xml).ok());
         {
-            const mosaro::test::FullDisk disk(10);
+            const FullDisk disk(10);
             QVERIFY(!writePropertyListFile(path, false, PropertyListFormat::Xml).ok());
         }
         QCOMPARE(readPropertyListFile(path).value().toBool(), true);
