@@ -14,6 +14,7 @@ namespace {
 
 constexpr qint64 kSortByImportDate = 7;
 constexpr double kDefaultZoom = 0.4;
+constexpr qsizetype kShownTitle = 30; ///< Characters; as a word without a gap it still fits into an alert.
 
 } // namespace
 
@@ -34,6 +35,16 @@ bool isTagCommandPossible(TagCommand command, int selected)
 bool isTagDropPossible(bool isBusy, bool carriesItems, bool isOnRow, int selected)
 {
     return !isBusy && carriesItems && isOnRow && selected == 1;
+}
+
+QString titleTakenText(const QString& title)
+{
+    QString shown = title.left(kShownTitle);
+    if (shown.size() < title.size()) {
+        shown.chop(shown.back().isHighSurrogate() ? 1 : 0);
+        shown += QChar(0x2026);
+    }
+    return base::text("Error.Already.Exsts", shown);
 }
 
 base::Result<void> TagCommands::saveOrDrop()

@@ -22,6 +22,9 @@ enum class TagCommand { NewTag, TagColor, Edit, Delete };
 /// only while exactly one tag is selected, whichever that is.
 [[nodiscard]] bool isTagDropPossible(bool isBusy, bool carriesItems, bool isOnRow, int selected);
 
+/// What an alert says of a title that is taken. A long title is cut, so that the alert fits on the screen.
+[[nodiscard]] QString titleTakenText(const QString& title);
+
 /// Changes of single tags in the store; each saves at once.
 class TagCommands {
 public:

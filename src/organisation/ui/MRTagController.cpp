@@ -164,7 +164,7 @@ void MRTagController::addNewTag()
         // Nothing but the emptied field: no name was meant.
     } else if (m_list.isTitleTaken(title)) {
         m_environment.utilities.alertWithMessageText(base::text("Basic.Alert"), base::text("Basic.OK"), {},
-                                                     base::text("Error.Already.Exsts", title));
+                                                     titleTakenText(title));
     } else if (const auto made = TagCommands(context, m_environment.library.state()).addTag(title); !made) {
         showDatabaseError(made.reason());
     } else {

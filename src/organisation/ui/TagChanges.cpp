@@ -83,7 +83,7 @@ void TagChanges::refuseTitle(const QString& tagID, const QString& title)
 {
     const QPointer<TagChanges> self(this); // The alert runs an event loop.
     m_environment.utilities.alertWithMessageText(base::text("Basic.Alert"), base::text("Basic.OK"), {},
-                                                 base::text("Error.Already.Exsts", title));
+                                                 titleTakenText(title));
     if (const int row = self ? m_tags.indexOf(tagID) : -1; row >= 0) {
         m_list.editRow(row, title);
     }
