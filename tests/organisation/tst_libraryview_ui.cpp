@@ -151,6 +151,8 @@ private Q_SLOTS:
         world.click(u"B"_s, Qt::ControlModifier);
         QCOMPARE(world.selected(), u"A|B"_s);
         QVERIFY(!world.view->validateCommand(0));
+        world.press(Qt::Key_F2); // as the menu's command
+        QVERIFY(!world.editor());
         world.click(base::text("Lib.All"), Qt::ControlModifier);
         QCOMPARE(world.selected(), u"A|B"_s);
         world.click(base::text("Lib.All"));

@@ -64,7 +64,11 @@ void MRLibraryCollectionSource::connectTree()
             [this](const CollectionNode* node) { m_memory.willExpand(*node); });
     connect(m_outline, &CollectionOutline::nodeCollapsed, this,
             [this](const CollectionNode* node) { itemWillCollapse(*node); });
-    connect(m_outline, &CollectionOutline::renameRequested, this, &MRLibraryCollectionSource::editCollection);
+    connect(m_outline, &CollectionOutline::renameRequested, this, [this] {
+        if (validate(SidebarCommand::Edit)) {
+            editCollection();
+        }
+    });
     connect(m_outline, &CollectionOutline::menuRequested, m_menu,
             [this](const QPoint& position) { m_menu->popup(position); });
     connect(m_outline, &CollectionOutline::deleteRequested, this, [this] {
