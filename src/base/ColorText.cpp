@@ -2,17 +2,21 @@
 
 #include <QStringView>
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace mosaro::base {
 
 namespace {
 
+/// Not by toFloat(), which takes eight times as long: a library has tens of thousands of colours.
 float componentFromText(QStringView text)
 {
-    bool ok = false;
-    const float value = text.toFloat(&ok);
-    return ok && std::isfinite(value) ? value : 0.0F;
+    const QByteArray digits = text.trimmed().toLatin1();
+    const char* end = digits.constData() + digits.size();
+    float value = 0;
+    const auto [stop, error] = std::from_chars(digits.constData(), end, value);
+    return error == std::errc() && stop == end && std::isfinite(value) ? value : 0.0F;
 }
 
 float shown(float component)
