@@ -115,6 +115,19 @@ private Q_SLOTS:
         }
     }
 
+    void zipsThatLie()
+    {
+        writeZip(file(), {{"preview.png", bytesOf({300, 300})}});
+        const QByteArray honest = test::fileContents(file());
+        const qsizetype end = honest.lastIndexOf("PK\5\6");
+        QByteArray many = honest;
+        many.replace(end + 8, 4, "\xff\xff\xff\xff");
+        for (const QByteArray& bytes : {many, honest.left(end), honest.left(200), honest + "PK\5\6"}) {
+            test::writeFile(file(), bytes);
+            expect({});
+        }
+    }
+
     void databases()
     {
         const QByteArray large = bytesOf({300, 300}, "bmp"); // no format that counts
