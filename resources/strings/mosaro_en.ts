@@ -2007,6 +2007,10 @@
     <source></source>
     <translation>matches</translation>
   </message>
+  <message id="Smart.No.Tags">
+    <source></source>
+    <translation>No tags yet</translation>
+  </message>
   <message id="Smart.Range.To">
     <source></source>
     <translation>to</translation>

@@ -77,7 +77,10 @@ SmartRuleTokenFieldView::SmartRuleTokenFieldView(QVariantMap& values, store::ZND
             m_tags->addItem(tag.title, tag.tagID);
         }
     }
-    m_tags->setEnabled(m_tags->count() > 0);
+    if (m_tags->count() == 0) {
+        m_tags->addItem(base::text("Smart.No.Tags"));
+        m_tags->setEnabled(false);
+    }
 }
 
 void SmartRuleTokenFieldView::readValues()
