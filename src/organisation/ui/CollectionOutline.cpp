@@ -21,6 +21,7 @@ CollectionOutline::CollectionOutline(CollectionTreeModel& model,
     setSelectionModel(m_selection);
     setItemDelegate(m_cell);
     setHeaderHidden(true);
+    setAllColumnsShowFocus(true); // The ring is drawn round the whole row, and is to go as a whole.
     setFrameShape(QFrame::NoFrame);
     setIndentation(MRLibraryImageAndTextCell::kIndentation);
     setRootIsDecorated(false); // Groups draw their triangle themselves, in the column of their children's.
