@@ -83,13 +83,17 @@ public:
         return import(importing::ImportItem::fromPaths(paths), copyMode);
     }
 
-    static importing::ImportReport finish(importing::ImportRun& run, std::vector<importing::ImportItem> items)
+    /// The rest of a run; `meanwhile` is done when it has started.
+    static importing::ImportReport finish(
+        importing::ImportRun& run, std::vector<importing::ImportItem> items,
+        const std::function<void()>& meanwhile = [] {})
     {
         importing::ImportReport report;
         QSignalSpy finished(&run, &importing::ImportRun::finished);
         QObject::connect(&run, &importing::ImportRun::finished, &run,
                          [&report](const importing::ImportReport& result) { report = result; });
         run.start(std::move(items));
+        meanwhile();
         if (!finished.wait(30'000))
             qFatal("the import does not end");
         return report;

@@ -23,8 +23,6 @@ private:
     }
 
 private Q_SLOTS:
-    void initTestCase() { base::installTexts(); }
-
     void fillsTheRecord()
     {
         ImportFixture fixture;

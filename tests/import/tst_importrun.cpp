@@ -49,8 +49,6 @@ class ImportRunTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { base::installTexts(); }
-
     void commitsInListOrderWhateverComesFirst()
     {
         ImportFixture fixture;
@@ -92,12 +90,12 @@ private Q_SLOTS:
             return sampleAnalysis(request);
         };
         const auto run = fixture.makeRun();
-        QSignalSpy finished(run.get(), &ImportRun::finished);
-        run->start(ImportItem::fromPaths(fixture.makeFiles(30)));
-        QTRY_COMPARE(begun.load(), 6); // Two for each thread, and two more.
-        gate.release();
-        QVERIFY(finished.wait());
-        QCOMPARE(finished[0][0].value<ImportReport>().imported.size(), 30);
+        const auto letGo = [&] {
+            QTRY_COMPARE(begun.load(), 6); // Two for each thread, and two more.
+            gate.release();
+        };
+        const auto report = ImportFixture::finish(*run, ImportItem::fromPaths(fixture.makeFiles(30)), letGo);
+        QCOMPARE(report.imported.size(), 30);
         QCOMPARE(begunBehindTheFirst, 6);
     }
 
@@ -129,11 +127,8 @@ private Q_SLOTS:
     {
         ImportFixture fixture;
         const auto run = fixture.makeRun();
-        QSignalSpy finished(run.get(), &ImportRun::finished);
-        run->start(ImportItem::fromPaths(fixture.makeFiles(5)));
-        run->requestStop();
-        QVERIFY(finished.wait());
-        const auto report = finished[0][0].value<ImportReport>();
+        const auto report = ImportFixture::finish(*run, ImportItem::fromPaths(fixture.makeFiles(5)),
+                                                  [&run] { run->requestStop(); });
         QVERIFY(report.stopped);
         QCOMPARE(report.tried, 1);
         fixture.expectItems(0);

@@ -1,6 +1,4 @@
 #include "base/PreferenceKeys.h"
-#include "base/Text.h"
-#include "kit/Look.h"
 #include "platform/Ports.h"
 #include "shell/AppDelegate.h"
 #include "shell/ChooserWindow.h"
@@ -11,14 +9,13 @@
 
 #include <QAction>
 #include <QPushButton>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
 using namespace mosaro::shell;
 
 /// The flows from start to end, with a home of its own for each.
-class AppDelegateTest : public QObject {
+class AppDelegateTest : public test::WindowTest {
     Q_OBJECT
 
     struct Home {
@@ -75,12 +72,7 @@ class AppDelegateTest : public QObject {
     static void press(int button) { QTest::mouseClick(chooserButton(button), Qt::LeftButton); }
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-        QApplication::setQuitOnLastWindowClosed(false);
-    }
+    void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
     void init()
     {
         m_home = std::make_unique<Home>();

@@ -1,14 +1,12 @@
-#include "base/Text.h"
-#include "kit/Look.h"
 #include "shell/About.h"
 #include "shell/Guide.h"
 #include "shell/GuidePage.h"
+#include "shell/ShellFixture.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
@@ -45,15 +43,10 @@ shell::AboutFacts facts()
 
 } // namespace
 
-class TestGuide : public QObject {
+class TestGuide : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-    }
     void init() { setReducedMotion(true); }
 
     void pages()

@@ -1,8 +1,6 @@
 #include "base/Notifications.h"
 #include "base/PreferenceKeys.h"
-#include "base/Text.h"
 #include "browser/ui/MRBrowserView.h"
-#include "kit/Look.h"
 #include "kit/Sheet.h"
 #include "organisation/ui/MRLibraryView.h"
 #include "shell/Guide.h"
@@ -12,13 +10,12 @@
 #include <QAction>
 #include <QMainWindow>
 #include <QMenuBar>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
 using namespace mosaro::shell;
 
-class MainControllerTest : public QObject {
+class MainControllerTest : public test::WindowTest {
     Q_OBJECT
 
     std::unique_ptr<test::TemporaryLibrary> m_library;
@@ -42,12 +39,6 @@ class MainControllerTest : public QObject {
     }
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-    }
-
     void init()
     {
         m_library = std::make_unique<test::TemporaryLibrary>();

@@ -1,5 +1,4 @@
 #include "base/FinderStyleCompare.h"
-#include "base/Text.h"
 #include "store/AsynchronousFetch.h"
 #include "store/MediaSet.h"
 #include "store/MediaTagList.h"
@@ -40,7 +39,6 @@ private Q_SLOTS:
     /// Ten items: the title is the row's number but for those with a name; some have no rating or no address.
     void initTestCase()
     {
-        mosaro::base::installTexts();
         m_library = std::make_unique<TemporaryLibrary>();
         const auto collection = m_library->addCollection(u"c"_s);
         const QStringList names{u"it's \"50%\" _off_ \\ [a-z]*?"_s,

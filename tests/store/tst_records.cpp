@@ -1,4 +1,3 @@
-#include "base/Text.h"
 #include "store/CollectionTagList.h"
 #include "store/ColorList.h"
 #include "store/MediaTagList.h"
@@ -35,7 +34,6 @@ private:
     qint64 rows(const EntityInfo& entity) { return m_context->count(entity, Predicate::all()).value(); }
 
 private Q_SLOTS:
-    void initTestCase() { mosaro::base::installTexts(); }
     /// One saved item "m" in one collection "c".
     void init()
     {

@@ -11,21 +11,9 @@ class Bytes {
 public:
     explicit Bytes(QDataStream::ByteOrder order = QDataStream::LittleEndian) { m_stream.setByteOrder(order); }
 
-    template <class... Numbers>
-    Bytes& put8(Numbers... numbers)
-    {
-        return ((m_stream << static_cast<quint8>(numbers)), ...), *this;
-    }
-    template <class... Numbers>
-    Bytes& put16(Numbers... numbers)
-    {
-        return ((m_stream << static_cast<quint16>(numbers)), ...), *this;
-    }
-    template <class... Numbers>
-    Bytes& put32(Numbers... numbers)
-    {
-        return ((m_stream << static_cast<quint32>(numbers)), ...), *this;
-    }
+    Bytes& put8(auto... numbers) { return ((m_stream << static_cast<quint8>(numbers)), ...), *this; }
+    Bytes& put16(auto... numbers) { return ((m_stream << static_cast<quint16>(numbers)), ...), *this; }
+    Bytes& put32(auto... numbers) { return ((m_stream << static_cast<quint32>(numbers)), ...), *this; }
     Bytes& put(const QByteArray& bytes)
     {
         m_stream.writeRawData(bytes.constData(), static_cast<int>(bytes.size()));

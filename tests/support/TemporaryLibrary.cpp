@@ -1,5 +1,6 @@
 #include "support/TemporaryLibrary.h"
 
+#include "base/Text.h"
 #include "store/ColorList.h"
 #include "store/MediaTagList.h"
 
@@ -28,6 +29,7 @@ QString freshID()
 
 TemporaryLibrary::TemporaryLibrary()
 {
+    base::installTexts();
     m_manager.setUp(m_defaults, m_bookmarks, m_root.path() + u"/support"_s);
     m_manager.setPrompts(&m_prompts);
     if (!m_manager.createLibaryAtPath(packagePath()))

@@ -15,7 +15,7 @@
 namespace mosaro::test {
 
 /// An open library in a temporary folder, with preferences and a support folder of its own. Its
-/// ZNDBManager is not the shared one.
+/// ZNDBManager is not the shared one. Texts are installed.
 class TemporaryLibrary {
 public:
     TemporaryLibrary();
