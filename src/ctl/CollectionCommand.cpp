@@ -105,9 +105,9 @@ int remove(Session& session, const QCommandLineParser& line, const CollectionTre
     }
     QStringList ids;
     for (const CollectionNode* node : doomed) {
+        ids.removeAll(node->id); // The last place counts: a folder comes before what lies in it.
         ids.append(node->id);
     }
-    ids.removeDuplicates();
 
     organisation::SlicedRun run;
     organisation::CollectionRemoval removal(run, session.context(), session.library().state(),
