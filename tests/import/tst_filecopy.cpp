@@ -42,6 +42,8 @@ private Q_SLOTS:
     {
         QVERIFY(copyFile(u"/proc/version"_s, at("version")).ok());
         QCOMPARE(test::fileContents(at("version")), test::fileContents(u"/proc/version"_s));
+        const test::FullDisk disk(10);
+        QVERIFY(!copyFile(u"/proc/version"_s, at("cut")).ok() && !QFileInfo::exists(at("cut")));
     }
 
     void makesReadOnlyFilesRemovable()
