@@ -1,15 +1,15 @@
 #pragma once
 
+#include "base/PreferenceKeys.h"
 #include "base/ZNUtilities.h"
+#include "kit/Sheet.h"
 #include "organisation/ui/CollectionOutline.h"
 #include "organisation/ui/MRLibraryView.h"
 #include "support/FakeDesktop.h"
 #include "support/TemporaryLibrary.h"
+#include "support/WindowTest.h"
 
-#include <QDragMoveEvent>
 #include <QLineEdit>
-#include <QMimeData>
-#include <QtTest>
 
 namespace mosaro::test {
 
@@ -17,11 +17,20 @@ namespace mosaro::test {
 struct SidebarWorld : FakeDesktop {
     TemporaryLibrary library;
     base::ZNUtilities utilities;
+    FakeNotifier notifier;
+    FakeSounds sounds;
     std::unique_ptr<organisation::MRLibraryView> view;
     bool busy = false;
     base::ProgressSink* progress = nullptr;
 
-    SidebarWorld() { library.defaults().initialize(); }
+    SidebarWorld()
+    {
+        library.defaults().initialize();
+        library.defaults().updateUserDefaults(base::PREFS_GENERAL_SOUND_EFFECTS, true);
+        utilities.setPrompts(&library.prompts());
+        utilities.setUserNotifier(&notifier);
+        utilities.setSoundPlayer(&sounds);
+    }
 
     std::shared_ptr<store::Collections> add(const QString& title,
                                             const std::shared_ptr<store::Collections>& parent = {},
@@ -30,14 +39,26 @@ struct SidebarWorld : FakeDesktop {
         return library.addCollection(title, type, parent ? parent->collectionID() : QString());
     }
 
+    organisation::SidebarEnvironment environment()
+    {
+        return {library.manager(),
+                library.defaults(),
+                library.prompts(),
+                platform,
+                utilities,
+                classification,
+                [this] { return busy || (view && kit::Sheet::isAttachedTo(*view)); },
+                [] { return true; },
+                [] {},
+                pictureUnlessBad,
+                progress};
+    }
+
     void open(const QStringList& expanded = {})
     {
-        for (const QString& id : expanded) {
+        for (const QString& id : expanded)
             library.state().addExpandedCollection(id);
-        }
-        view = std::make_unique<organisation::MRLibraryView>(organisation::SidebarEnvironment{
-            library.manager(), library.defaults(), library.prompts(), platform, utilities, classification,
-            [this] { return busy; }, [] { return true; }, [] {}, pictureUnlessBad, progress});
+        view = std::make_unique<organisation::MRLibraryView>(environment());
         view->resize(231, 700);
         view->readLibrary();
         view->show();
@@ -67,9 +88,8 @@ struct SidebarWorld : FakeDesktop {
     {
         const auto& model = *outline().model();
         QModelIndex index = model.index(0, 0);
-        while (index.isValid() && index.data().toString() != title) {
+        while (index.isValid() && index.data().toString() != title)
             index = outline().indexBelow(index);
-        }
         return index;
     }
 
@@ -85,28 +105,18 @@ struct SidebarWorld : FakeDesktop {
     QString selected() const
     {
         QStringList titles;
-        for (const auto& element : view->selectedCollections()) {
+        for (const auto& element : view->selectedCollections())
             titles.append(element.title);
-        }
         return titles.join(u'|');
     }
 
-    /// Drops at a point of the tree, as the desktop would; whether the place accepted them.
-    bool drop(const QMimeData& data, const QPoint& position) const
+    /// Drops at the row with a title, below all rows for an empty one; whether the place took it.
+    bool drop(const QMimeData& data, const QString& title) const
     {
-        QWidget* viewport = outline().viewport();
-        QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(viewport, &enter);
-        QDragMoveEvent move(position, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(viewport, &move);
-        if (!move.isAccepted()) {
-            QDragLeaveEvent leave;
-            QCoreApplication::sendEvent(viewport, &leave);
-            return false;
-        }
-        QDropEvent dropped(position, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(viewport, &dropped);
-        return true;
+        QWidget& viewport = *outline().viewport();
+        const QPoint below(100, viewport.height() - 4);
+        return test::drop(viewport, data,
+                          title.isEmpty() ? below : outline().visualRect(row(title)).center());
     }
 
     QLineEdit* editor() const { return outline().viewport()->findChild<QLineEdit*>(); }

@@ -1,8 +1,5 @@
 #include "base/Notifications.h"
-#include "base/PreferenceKeys.h"
-#include "base/Text.h"
 #include "import/MediaDrag.h"
-#include "kit/Look.h"
 #include "kit/ZNFlatUIKitLabelView.h"
 #include "organisation/SidebarWorld.h"
 
@@ -11,31 +8,13 @@
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
+using World = test::SidebarWorld;
 
 /// Commands on the tree that change the store, as the sidebar carries them out.
-class TestCollectionOperations : public QObject {
+class TestCollectionOperations : public test::WindowTest {
     Q_OBJECT
 
-    struct World : test::SidebarWorld {
-        test::FakeNotifier notifier;
-        test::FakeSounds sounds;
-
-        World()
-        {
-            utilities.setPrompts(&library.prompts());
-            utilities.setUserNotifier(&notifier);
-            utilities.setSoundPlayer(&sounds);
-            library.defaults().updateUserDefaults(base::PREFS_GENERAL_SOUND_EFFECTS, true);
-        }
-    };
-
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-    }
-
     void deletionAsksAndTakesItemsAndFilesAlong()
     {
         World world;
@@ -138,13 +117,10 @@ private Q_SLOTS:
         world.open({u"16"_s});
         QMimeData data;
         importing::writeMediaDrag(data, {{one->mediaID()}, {from->collectionID()}});
-        const auto drop = [&](const QString& onto) {
-            return world.drop(data, world.outline().visualRect(world.row(onto)).center());
-        };
-        QVERIFY(!drop(u"B"_s)); // nothing is selected
+        QVERIFY(!world.drop(data, u"B"_s)); // nothing is selected
         world.click(u"A"_s);
-        QVERIFY(!drop(u"A"_s) && !drop(u"F"_s));
-        QVERIFY(drop(u"B"_s));
+        QVERIFY(!world.drop(data, u"A"_s) && !world.drop(data, u"F"_s));
+        QVERIFY(world.drop(data, u"B"_s));
         QTRY_COMPARE(world.notifier.notes.size(), 1);
         QCOMPARE(world.notifier.notes.first().content, base::text("Message.Move.Completed.Item", 1));
         QCOMPARE(one->collections()->title(), u"B"_s);

@@ -1,113 +1,52 @@
 #include "base/Notifications.h"
-#include "base/Text.h"
-#include "base/ZNUtilities.h"
 #include "import/ImportItem.h"
-#include "kit/Look.h"
-#include "kit/Sheet.h"
-#include "organisation/ui/CollectionOutline.h"
-#include "organisation/ui/MRLibraryView.h"
+#include "organisation/SidebarWorld.h"
 #include "organisation/ui/SidebarTabs.h"
-#include "support/FakeDesktop.h"
-#include "support/TemporaryLibrary.h"
 #include "support/WebServer.h"
 
-#include <QDragEnterEvent>
-#include <QMimeData>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
-using organisation::CollectionOutline;
-using organisation::MRLibraryView;
 
 namespace {
 
-/// A picture of the kind that the item said.
-importing::AnalysisResult analyse(const importing::AnalysisRequest& request)
-{
-    importing::AnalysisResult result = test::pictureUnlessBad(request);
-    if (request.kind != importing::MediaKind::Unset) {
-        result.kind = request.kind;
-    }
-    return result;
-}
-
 /// The sidebar over a folder "Box" with a collection and a smart collection in it, and one of each beside it.
-struct World : test::FakeDesktop {
-    test::TemporaryLibrary library;
-    base::ZNUtilities utilities;
-    std::shared_ptr<store::Collections> box = library.addCollection(u"Box"_s, store::kTypeFolder);
-    std::shared_ptr<store::Collections> inner = add(u"Inner"_s, store::kTypeCollection, true);
-    std::shared_ptr<store::Collections> innerSmart = add(u"Inner smart"_s, store::kTypeSmartCollection, true);
-    std::shared_ptr<store::Collections> shop = add(u"Shop"_s, store::kTypeCollection);
-    std::shared_ptr<store::Collections> smart = add(u"Smart"_s, store::kTypeSmartCollection);
-    std::unique_ptr<MRLibraryView> view;
+struct World : test::SidebarWorld {
+    std::shared_ptr<store::Collections> box = add(u"Box"_s, {}, store::kTypeFolder);
+    std::shared_ptr<store::Collections> inner = add(u"Inner"_s, box);
+    std::shared_ptr<store::Collections> innerSmart = add(u"Inner smart"_s, box, store::kTypeSmartCollection);
+    std::shared_ptr<store::Collections> shop = add(u"Shop"_s);
+    std::shared_ptr<store::Collections> smart = add(u"Smart"_s, {}, store::kTypeSmartCollection);
 
-    World()
-    {
-        library.defaults().initialize();
-        for (const QString& id : {u"0"_s, u"16"_s, box->collectionID()}) {
-            library.state().addExpandedCollection(id);
-        }
-        view = std::make_unique<MRLibraryView>(organisation::SidebarEnvironment{
-            library.manager(), library.defaults(), library.prompts(), platform, utilities, classification,
-            [this] { return kit::Sheet::isAttachedTo(*view); }, [] { return true; }, [] {}, analyse});
-        view->resize(231, 700);
-        view->readLibrary();
-        view->show();
-    }
+    World() { open({u"0"_s, u"16"_s, box->collectionID()}); }
 
-    std::shared_ptr<store::Collections> add(const QString& title, qint64 type, bool inBox = false)
-    {
-        return library.addCollection(title, type, inBox ? box->collectionID() : QString());
-    }
-    CollectionOutline& outline() const { return *view->findChild<CollectionOutline*>(); }
-    QModelIndex row(const QString& title) const
-    {
-        QModelIndex index = outline().model()->index(0, 0);
-        while (index.isValid() && index.data().toString() != title) {
-            index = outline().indexBelow(index);
-        }
-        return index;
-    }
     /// Selects the rows "A|B"; none for an empty text.
     void select(const QString& titles) const
     {
         outline().selectionModel()->clearSelection();
-        for (const QString& title : titles.split(u'|', Qt::SkipEmptyParts)) {
+        for (const QString& title : titles.split(u'|', Qt::SkipEmptyParts))
             outline().selectionModel()->select(row(title), QItemSelectionModel::Select);
-        }
-    }
-    QString selected() const
-    {
-        QStringList titles;
-        for (const auto& element : view->selectedCollections()) {
-            titles.append(element.title);
-        }
-        return titles.join(u'|');
     }
     QString file(const QString& name)
     {
         const QString path = library.folder() + u'/' + name;
-        QFile made(path);
-        return made.open(QIODevice::WriteOnly) && made.write("picture") > 0 ? path : QString();
+        test::writeFile(path, "picture");
+        return path;
     }
     QString received(const QString& name)
     {
         const QString path = library.manager().downloadDirectory() + u'/' + name;
-        return QFile::copy(file(name), path) ? path : QString();
+        test::writeFile(path, "picture");
+        return path;
     }
-    void post(QLatin1String name, const QVariant& value) { utilities.postNotification(name, value); }
 
     /// What was imported since the last call, as "title in Collection in Folder, kind, address"; "" when no
     /// import was started.
     QString imported()
     {
-        if (!QTest::qWaitFor([this] { return !view->isBusy(); }, 20000)) {
+        if (!QTest::qWaitFor([this] { return !view->isBusy(); }, 20000))
             return u"it never ended"_s;
-        }
         QStringList all;
         const auto fetched = library.context().fetch<store::Media>({});
         for (const auto& media : fetched.value()) {
@@ -124,29 +63,6 @@ struct World : test::FakeDesktop {
     }
     QStringList downloads() { return QDir(library.manager().downloadDirectory()).entryList(QDir::Files); }
 
-    /// Drops at the row with a title, below all rows for an empty one; whether the place accepted it.
-    bool drop(const QMimeData& data, const QString& title) const
-    {
-        const QPoint position = title.isEmpty() ? QPoint(100, outline().viewport()->height() - 4)
-                                                : outline().visualRect(row(title)).center();
-        QWidget* viewport = outline().viewport();
-        QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(viewport, &enter);
-        QDragMoveEvent move(position, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(viewport, &move);
-        if (move.isAccepted()) {
-            QDropEvent dropped(position, Qt::CopyAction, &data, Qt::LeftButton, {});
-            QCoreApplication::sendEvent(viewport, &dropped);
-        }
-        return move.isAccepted();
-    }
-    static QMimeData* urls(const QList<QUrl>& list)
-    {
-        auto* data = new QMimeData;
-        data->setUrls(list);
-        return data;
-    }
-
 private:
     QSet<store::RowId> m_known;
 };
@@ -158,16 +74,10 @@ QVariantMap capture(const QString& path)
 
 } // namespace
 
-class TestImportWays : public QObject {
+class TestImportWays : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-    }
-
     void captureChoosesItsTarget()
     {
         const std::pair<QString, QString> cases[] = {
@@ -216,10 +126,8 @@ private Q_SLOTS:
         QVERIFY(!world.outline().isExpanded(world.row(u"Box"_s)));
         QCOMPARE(request(world.box->collectionID(), u"Fresh"_s, u"c.png"_s), u"c in Fresh in Box, 15"_s);
         QVERIFY(!changed.last().isEmpty());
-        for (const QString& id :
-             {world.box->collectionID(), world.smart->collectionID(), u"1"_s, u"none"_s}) {
+        for (const QString& id : {world.box->collectionID(), world.smart->collectionID(), u"1"_s, u"none"_s})
             QCOMPARE(request(id, {}, u"d.png"_s), QString());
-        }
     }
 
     void pictureOfAWebPage()
@@ -235,8 +143,9 @@ private Q_SLOTS:
         for (const auto& [title, accepted, target] : cases) {
             World world;
             world.select(u"Inner"_s);
-            const std::unique_ptr<QMimeData> data(World::urls({QUrl(address)}));
-            QCOMPARE(world.drop(*data, title), accepted);
+            QMimeData data;
+            data.setUrls({QUrl(address)});
+            QCOMPARE(world.drop(data, title), accepted);
             QCOMPARE(kit::Sheet::isAttachedTo(*world.view), accepted);
             QTRY_VERIFY(!kit::Sheet::isAttachedTo(*world.view));
             const QString imported = world.imported();
@@ -251,16 +160,17 @@ private Q_SLOTS:
     {
         test::WebServer server;
         World world;
-        const std::unique_ptr<QMimeData> data(World::urls({server.url(u"/a.png"_s)}));
-        QVERIFY(world.drop(*data, u"Shop"_s));
+        QMimeData data;
+        data.setUrls({server.url(u"/a.png"_s)});
+        QVERIFY(world.drop(data, u"Shop"_s));
         auto* stop = world.view->findChild<QPushButton*>(u"stopProgress"_s);
         QVERIFY(stop && stop->isVisible() && !stop->toolTip().isEmpty());
-        QVERIFY(!world.drop(*data, u"Box"_s)); // Busy.
+        QVERIFY(!world.drop(data, u"Box"_s)); // Busy.
         QTRY_COMPARE(server.asked, 1);
         stop->click();
         QTRY_VERIFY(!kit::Sheet::isAttachedTo(*world.view));
         QCOMPARE(world.imported(), QString());
-        QVERIFY(world.drop(*data, u"Shop"_s));
+        QVERIFY(world.drop(data, u"Shop"_s));
         world.view.reset(); // As when the library closes.
         QCOMPARE(world.downloads(), QStringList());
     }
@@ -280,8 +190,9 @@ private Q_SLOTS:
             World world;
             world.select(selected);
             world.view->changeCollection(tab);
-            const std::unique_ptr<QMimeData> data(World::urls({QUrl::fromLocalFile(world.file(u"a.png"_s))}));
-            world.view->paste(*data);
+            QMimeData data;
+            data.setUrls({QUrl::fromLocalFile(world.file(u"a.png"_s))});
+            world.view->paste(data);
             QCOMPARE(selected + world.imported(),
                      selected + (target.isEmpty() ? QString() : u"a in %1, 15"_s.arg(target)));
             QCOMPARE(world.library.prompts().beeps, beeps);
@@ -314,9 +225,8 @@ private Q_SLOTS:
         world.select(u"Smart"_s);
         const QString own = world.file(u"own.png"_s);
         const QString downloaded = world.received(u"downloaded.png"_s);
-        for (const QString& path : {own, downloaded}) {
+        for (const QString& path : {own, downloaded})
             world.post(base::MOSARO_NOTI_REQUEST_IMORT_URL_IMAGE, QVariantList{capture(path)});
-        }
         QCOMPARE(world.imported(), QString());
         QVERIFY(QFile::exists(own));
         QCOMPARE(world.downloads(), QStringList());

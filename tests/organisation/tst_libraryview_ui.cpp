@@ -1,44 +1,19 @@
 #include "base/Notifications.h"
 #include "base/PreferenceKeys.h"
-#include "base/Text.h"
-#include "kit/Look.h"
-#include "kit/Sheet.h"
 #include "organisation/SidebarWorld.h"
-#include "organisation/ui/CollectionTreeModel.h"
 #include "organisation/ui/MRColorBrowserView.h"
 
-#include <QDragMoveEvent>
-#include <QLineEdit>
-#include <QMimeData>
 #include <QSignalSpy>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
-using organisation::CollectionNode;
-using organisation::CollectionOutline;
-using organisation::CollectionTreeModel;
 using organisation::MRLibraryView;
 using World = test::SidebarWorld;
 
-class TestLibraryView : public QObject {
+class TestLibraryView : public test::WindowTest {
     Q_OBJECT
 
-private:
-    static bool dropFile(const World& world, const QPoint& position, const QString& path)
-    {
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(path)});
-        return world.drop(data, position);
-    }
-
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-    }
-
     void emptyLibraryShowsItsFirstGroup()
     {
         World world;
@@ -298,15 +273,14 @@ private Q_SLOTS:
         const QString folder = world.library.folder(u"Holiday"_s);
         test::writeFile(folder + u"/a.png"_s, "\x89PNG");
 
-        const QRect place = world.outline().visualRect(world.row(onto));
-        const QPoint position = place.isValid() ? place.center() : QPoint(20, world.outline().height() - 5);
-        QCOMPARE(dropFile(world, position, folder), accepted);
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(folder)});
+        QCOMPARE(world.drop(data, onto), accepted);
         QCOMPARE(world.view->isBusy(), accepted);
-        if (!accepted) {
+        if (!accepted)
             return;
-        }
         QVERIFY(kit::Sheet::isAttachedTo(*world.view));
-        QVERIFY(!dropFile(world, position, folder));
+        QVERIFY(!world.drop(data, onto));
         QTRY_VERIFY(!world.view->isBusy());
         QVERIFY(!kit::Sheet::isAttachedTo(*world.view));
         QCOMPARE(world.selected(), selected);

@@ -1,25 +1,12 @@
 #pragma once
 
-#include "base/Text.h"
 #include "base/ZNUtilities.h"
-#include "kit/Look.h"
 #include "shell/MRController.h"
 #include "shell/ZNMenuManager.h"
 #include "support/FakeDesktop.h"
-
-#include <QtTest>
+#include "support/WindowTest.h"
 
 namespace mosaro::test {
-
-/// A test of windows, which have their texts and their look.
-class WindowTest : public QObject {
-protected:
-    WindowTest()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-    }
-};
 
 /// Everything that the main window works with: fakes of the desktop, real parts of the program.
 struct ShellFixture : FakeDesktop {

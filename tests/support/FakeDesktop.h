@@ -24,12 +24,13 @@ struct FakeDesktop {
     }
 };
 
-/// An analysis for which files named "bad…" fail and all others are pictures.
+/// An analysis for which files named "bad…" fail and all others are pictures, of the kind that was asked for.
 inline importing::AnalysisResult pictureUnlessBad(const importing::AnalysisRequest& request)
 {
     importing::AnalysisResult result;
     result.type = request.type;
-    result.kind = importing::MediaKind::Other;
+    const bool isKindOpen = request.kind == importing::MediaKind::Unset;
+    result.kind = isKindOpen ? importing::MediaKind::Other : request.kind;
     if (QFileInfo(request.path).fileName().startsWith(QLatin1String("bad"))) {
         result.outcome = base::Failure{QStringLiteral("spoilt")};
     } else {
