@@ -3,6 +3,7 @@
 #include "import/RenderableDocuments.h"
 #include "import/RendererTest.h"
 #include "platform/linux/DesktopThumbnailers.h"
+#include "support/Bytes.h"
 #include "support/FakePlatform.h"
 #include "support/Files.h"
 
@@ -149,10 +150,10 @@ private Q_SLOTS:
     {
         const QByteArray png = bytesOf({40, 30});
         const QByteArray jpeg = bytesOf({60, 50}, "jpg");
-        const QByteArray inner = "\xff\xe1\0\0"_ba + bytesOf({90, 90}, "jpg");
-        QByteArray nested = jpeg.left(2) + inner + jpeg.mid(2);
-        nested[4] = char((inner.size() - 2) >> 8);
-        nested[5] = char((inner.size() - 2) & 0xff);
+        const QByteArray inner = bytesOf({90, 90}, "jpg");
+        const QByteArray block =
+            test::Bytes(QDataStream::BigEndian).put16(0xffe1, inner.size() + 2).put(inner).all();
+        const QByteArray nested = jpeg.left(2) + block + jpeg.mid(2);
         const QByteArray gap(3'000'000, '\xff');
         const QSize none;
         const std::tuple<QByteArray, QSize, qint64> rows[] = {

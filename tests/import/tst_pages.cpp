@@ -2,9 +2,8 @@
 #include "import/PdfInfo.h"
 #include "import/PostScriptDocument.h"
 #include "import/RendererTest.h"
+#include "support/Bytes.h"
 #include "support/Files.h"
-
-#include <QtEndian>
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
@@ -134,13 +133,11 @@ private Q_SLOTS:
     void postScriptFiles()
     {
         const QByteArray plain = postScript("1 2 3 4", {});
-        QByteArray binary("\xc5\xd0\xd3\xc6", 4);
-        for (const quint32 number : {32U, quint32(plain.size()), 0U, 0U, 0U, 0U}) {
-            char bytes[4];
-            qToLittleEndian(number, bytes);
-            binary.append(bytes, 4);
-        }
-        binary += QByteArray(4, '\0') + plain + "preview";
+        const QByteArray binary = test::Bytes()
+                                      .put("\xc5\xd0\xd3\xc6")
+                                      .put32(32, plain.size(), 0, 0, 0, 0, 0)
+                                      .put(plain + "preview")
+                                      .all();
         QCOMPARE(postScriptDocument(binary)->program, plain);
         QVERIFY(!postScriptDocument(binary.left(20)) && !postScriptDocument(binary.left(32)));
 
