@@ -5,6 +5,7 @@
 #include "browser/ui/MRMediaBrowserView.h"
 #include "browser/ui/StatusRow.h"
 #include "support/TemporaryLibrary.h"
+#include "support/WindowTest.h"
 
 #include <QLabel>
 #include <QSlider>

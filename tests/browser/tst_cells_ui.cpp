@@ -1,9 +1,9 @@
 #include "browser/ui/CellBadges.h"
 #include "browser/ui/CellGeometry.h"
 #include "browser/ui/PreviewLoader.h"
-#include "support/TemporaryLibrary.h"
+#include "support/Files.h"
+#include "support/Pictures.h"
 
-#include <QBuffer>
 #include <QPainter>
 #include <QSignalSpy>
 #include <QtTest>
@@ -15,18 +15,12 @@ using namespace mosaro::browser;
 
 namespace {
 
+/// Blue on the left, red on the right.
 QByteArray encoded(const QSize& size, const char* format)
 {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QPainter painter(&image);
-    painter.fillRect(QRect(0, 0, size.width() / 2, size.height()), Qt::blue);
-    painter.end();
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format);
-    return bytes;
+    QImage image = test::plain(size, Qt::red);
+    QPainter(&image).fillRect(0, 0, size.width() / 2, size.height(), Qt::blue);
+    return test::encoded(image, format);
 }
 
 } // namespace

@@ -1,13 +1,7 @@
 #include "base/Notifications.h"
-#include "base/Text.h"
 #include "browser/BrowserBench.h"
 #include "import/ImportItem.h"
-#include "kit/Look.h"
 #include "kit/Sheet.h"
-
-#include <QDragEnterEvent>
-#include <QMimeData>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
@@ -30,32 +24,15 @@ struct Bench : test::BrowserBench {
             });
         }
     }
-    bool drop(const QMimeData& data) const
-    {
-        QWidget* viewport = grid().viewport();
-        const QPoint position(100, 100);
-        QDragEnterEvent enter(position, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(viewport, &enter);
-        if (enter.isAccepted()) {
-            QDropEvent dropped(position, Qt::CopyAction, &data, Qt::LeftButton, {});
-            QCoreApplication::sendEvent(viewport, &dropped);
-        }
-        return enter.isAccepted();
-    }
+    bool drop(const QMimeData& data) const { return test::drop(*grid().viewport(), data, {100, 100}); }
 };
 
 } // namespace
 
-class TestGridArrivals : public QObject {
+class TestGridArrivals : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-    }
-
     void droppedPictureOfAWebPage()
     {
         Bench bench;

@@ -1,17 +1,12 @@
 #include "base/Notifications.h"
 #include "base/PreferenceKeys.h"
-#include "base/Text.h"
 #include "browser/BrowserBench.h"
 #include "browser/ui/EmptyPlaces.h"
-#include "kit/Look.h"
 
 #include <QAbstractButton>
-#include <QDragEnterEvent>
 #include <QMenu>
-#include <QMimeData>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
@@ -33,16 +28,10 @@ struct Bench : test::BrowserBench {
 
 } // namespace
 
-class TestBrowserView : public QObject {
+class TestBrowserView : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-    }
-
     void showsASelection()
     {
         Bench bench(5);
@@ -153,12 +142,7 @@ private Q_SLOTS:
         data.setUrls({QUrl::fromLocalFile(u"/tmp/a b.png"_s), QUrl(u"https://x.org/y.png"_s)});
         const auto drop = [&bench, &imported](const QMimeData& dropped) {
             imported.clear();
-            QDragEnterEvent enter({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
-            QCoreApplication::sendEvent(bench.grid().viewport(), &enter);
-            QDropEvent event({5, 5}, Qt::CopyAction, &dropped, Qt::LeftButton, {});
-            event.ignore();
-            QCoreApplication::sendEvent(bench.grid().viewport(), &event);
-            return event.isAccepted();
+            return test::drop(*bench.grid().viewport(), dropped, {5, 5});
         };
         bench.selectShop();
         QVERIFY(drop(data));

@@ -1,16 +1,12 @@
 #include "base/PreferenceKeys.h"
-#include "base/Text.h"
-#include "base/ZNUserDefaults.h"
 #include "browser/BrowserBench.h"
 #include "browser/ui/MRSearchMedia.h"
 #include "browser/ui/SearchField.h"
-#include "kit/Look.h"
 #include "kit/Popover.h"
 
 #include <QLineEdit>
 #include <QListView>
 #include <QSignalSpy>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
@@ -73,16 +69,10 @@ struct Bench : test::BrowserBench {
 
 } // namespace
 
-class TestSearch : public QObject {
+class TestSearch : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-    }
-
     void finds_data()
     {
         QTest::addColumn<int>("where");

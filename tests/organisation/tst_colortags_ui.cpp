@@ -1,20 +1,14 @@
 #include "base/Notifications.h"
-#include "base/PreferenceKeys.h"
-#include "base/Text.h"
-#include "base/ZNUtilities.h"
 #include "kit/ColorPanel.h"
-#include "kit/Look.h"
+#include "organisation/SidebarWorld.h"
 #include "organisation/ui/ColorMenu.h"
 #include "organisation/ui/ColorSourceView.h"
 #include "organisation/ui/MRColorBrowserView.h"
 #include "organisation/ui/MRLibraryColorTagsSource.h"
-#include "support/FakeDesktop.h"
-#include "support/TemporaryLibrary.h"
 
 #include <QCheckBox>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
@@ -25,26 +19,21 @@ using organisation::MRLibraryColorTagsSource;
 namespace {
 
 /// Two red and one blue colour of role 0 and a blue one of role 3, with 1, 2, 3 and 4 items.
-struct World : test::FakeDesktop {
-    test::TemporaryLibrary library;
-    base::ZNUtilities utilities;
-    bool busy = false;
+struct World : test::SidebarWorld {
     int announced = 0;
     std::unique_ptr<QWidget> sidebar;
     std::unique_ptr<MRLibraryColorTagsSource> source;
 
     World()
     {
-        library.defaults().initialize();
-        const auto collection = library.addCollection(u"C"_s);
+        const auto collection = add(u"C"_s);
         int items = 0;
         for (const auto& [id, type] :
              {std::pair(u"0.5+0+0+1"_s, 0), {u"1+0+0+1"_s, 0}, {u"0+0+1+1"_s, 0}, {u"0+0+1+1"_s, 3}}) {
             const auto color = library.addColor(id, type);
             ++items;
-            for (int i = 0; i < items; ++i) {
+            for (int i = 0; i < items; ++i)
                 library.link(library.addMedia(u"m"_s, collection), color);
-            }
         }
         open();
     }
@@ -53,11 +42,7 @@ struct World : test::FakeDesktop {
     {
         source.reset();
         sidebar = std::make_unique<QWidget>();
-        source = std::make_unique<MRLibraryColorTagsSource>(
-            organisation::SidebarEnvironment{library.manager(), library.defaults(), library.prompts(),
-                                             platform, utilities, classification, [this] { return busy; },
-                                             [] { return true; }, [] {}, test::pictureUnlessBad},
-            *sidebar, [this] { ++announced; });
+        source = std::make_unique<MRLibraryColorTagsSource>(environment(), *sidebar, [this] { ++announced; });
         auto* column = new QVBoxLayout(sidebar.get());
         column->addWidget(&source->contentView());
         sidebar->resize(260, 600);
@@ -82,9 +67,8 @@ struct World : test::FakeDesktop {
     void choose(const char* key) const
     {
         for (QAction* action : menu().findChildren<QAction*>()) {
-            if (action->text() == base::text(key)) {
+            if (action->text() == base::text(key))
                 action->trigger();
-            }
         }
     }
     /// The colours of the menu's marks: "x" on, "-" mixed, "." off.
@@ -92,25 +76,18 @@ struct World : test::FakeDesktop {
     {
         Q_EMIT menu().aboutToShow();
         QString shown;
-        for (const QAction* action : menu().findChild<QMenu*>()->actions()) {
+        for (const QAction* action : menu().findChild<QMenu*>()->actions())
             shown += action->isChecked() ? u'x' : action->icon().isNull() ? u'.' : u'-';
-        }
         return shown;
     }
 };
 
 } // namespace
 
-class TestColorTags : public QObject {
+class TestColorTags : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-    }
-
     void selectionGathersItems()
     {
         World world;
@@ -129,7 +106,7 @@ private Q_SLOTS:
         QCOMPARE(world.items(), size_t(0));
         world.grid().selectAll();
         QCOMPARE(world.items(), size_t(4)); // the other group's
-        world.utilities.postNotification(base::MOSARO_NOTI_RELOAD_CURRENT_SELECTION);
+        world.post(base::MOSARO_NOTI_RELOAD_CURRENT_SELECTION);
         QCOMPARE(world.announced, 6);
     }
 
@@ -146,15 +123,14 @@ private Q_SLOTS:
 
         // Without its group the last position lies beyond the list.
         for (QCheckBox* box : world.sidebar->findChildren<QCheckBox*>()) {
-            if (box->text() == base::text("Basic.Show.Other.Colors")) {
+            if (box->text() == base::text("Basic.Show.Other.Colors"))
                 box->click();
-            }
         }
         QTRY_COMPARE(world.grid().selectionIndexes().count(), 0);
         QCOMPARE(world.items(), size_t(0));
         QVERIFY(world.grid().guideString().isEmpty());
         world.library.defaults().updateUserDefaults(base::PREFS_SHOW_LIKE_COLORS_ONLY, true);
-        world.utilities.postNotification(base::MSARO_NOTI_RELOAD_ALL_COLORS);
+        world.post(base::MSARO_NOTI_RELOAD_ALL_COLORS);
         QTRY_COMPARE(world.grid().guideString(), base::text("Message.No.Colors"));
     }
 
@@ -207,9 +183,9 @@ private Q_SLOTS:
         world.open();
         QCOMPARE(world.grid().height(), height + 114);
 
-        world.utilities.postNotification(base::MOSARO_NOTI_TOGGLE_COLOR_SOURCE_VIEW, true);
+        world.post(base::MOSARO_NOTI_TOGGLE_COLOR_SOURCE_VIEW, true);
         QVERIFY(!world.grid().isVisible());
-        world.utilities.postNotification(base::MOSARO_NOTI_TOGGLE_COLOR_SOURCE_VIEW, false);
+        world.post(base::MOSARO_NOTI_TOGGLE_COLOR_SOURCE_VIEW, false);
         QVERIFY(world.grid().isVisible());
     }
 };

@@ -1,11 +1,10 @@
 #include "base/NotificationBus.h"
-#include "base/Text.h"
-#include "kit/Look.h"
 #include "kit/RatingIndicator.h"
 #include "organisation/SmartRules.h"
 #include "organisation/ui/MRSmartRuleEditor.h"
 #include "organisation/ui/MRSmartRuleItem.h"
 #include "support/TemporaryLibrary.h"
+#include "support/WindowTest.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -14,13 +13,24 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QToolButton>
-#include <QtTest>
 
 using namespace Qt::StringLiterals;
 using namespace mosaro;
 using namespace mosaro::organisation;
 
 namespace {
+
+const QVariant kNone;
+const QDateTime kDay = QDate(2024, 2, 29).startOfDay();
+
+/// The parts of a rule besides its type.
+QVariantMap parts(const QVariant& condition, const QVariant& value = kNone, const QVariant& other = kNone)
+{
+    QVariantMap record{
+        {SMART_KEY_CONDITION, condition}, {SMART_KEY_DEFAULT_VALUE, value}, {SMART_KEY_OTHER_VALUE, other}};
+    erase_if(record, [](const QVariantMap::iterator& part) { return !part->isValid(); });
+    return record;
+}
 
 QVariantMap rule(int type, const QVariantMap& values = {})
 {
@@ -46,10 +56,11 @@ struct Sheet {
         erase_if(shown, [](const MRSmartRuleItem* row) { return row->isHidden(); });
         return shown;
     }
-    /// The record of a row as it would be saved, without its type.
-    QVariantMap values(int row = 0) const
+    MRSmartRuleItem& first() const { return *rows().constFirst(); }
+    /// The first rule's record as it would be saved, without its type.
+    QVariantMap values() const
     {
-        QVariantMap record = editor->result().value(SMART_COLLECTION_RULES).toList().at(row).toMap();
+        QVariantMap record = editor->result().value(SMART_COLLECTION_RULES).toList().at(0).toMap();
         record.remove(SMART_KEY_RULE_TYPE);
         return record;
     }
@@ -61,22 +72,16 @@ struct Sheet {
 
 } // namespace
 
-class TestSmartRuleEditor : public QObject {
+class TestSmartRuleEditor : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-    }
-
     void startsWithOneRule()
     {
         Sheet sheet;
         sheet.open();
         QTRY_COMPARE(sheet.rows().size(), 1);
-        QVERIFY(!Sheet::button(*sheet.rows().constFirst(), false).isEnabled());
+        QVERIFY(!Sheet::button(sheet.first(), false).isEnabled());
         const QVariantMap result = sheet.editor->result();
         QCOMPARE(result.value(SMART_COLLECTION_TITLE).toString(), u"Logos"_s);
         QCOMPARE(result.value(SMART_COLLECTION_MATCH_CONDITION).toInt(), 0);
@@ -86,33 +91,24 @@ private Q_SLOTS:
     /// A fresh rule of each type has its values at once, and a stored one keeps them.
     void fillsRecords_data()
     {
-        const QVariantMap stored{{SMART_KEY_CONDITION, 2}, {SMART_KEY_DEFAULT_VALUE, u"12"_s}};
-        QVariantMap size = stored;
-        size.insert(SMART_KEY_OTHER_VALUE, 1000000);
-        const QDateTime day = QDate(2024, 2, 29).startOfDay();
         QTest::addColumn<QVariantMap>("record");
         QTest::addColumn<QVariantMap>("values");
-        const QVariantMap text{{SMART_KEY_CONDITION, 0}, {SMART_KEY_DEFAULT_VALUE, QString()}};
-        QTest::newRow("text") << rule(0) << text;
-        QTest::newRow("a reserved type") << rule(14) << text;
-        QTest::newRow("stored text") << rule(7, stored) << stored;
-        QTest::newRow("file type") << rule(2) << QVariantMap{{SMART_KEY_DEFAULT_VALUE, u"gif"_s}};
-        QTest::newRow("stored size") << rule(3, size) << size;
-        QTest::newRow("label") << rule(16) << QVariantMap{{SMART_KEY_DEFAULT_VALUE, 0}};
-        QTest::newRow("yes") << rule(18, {{SMART_KEY_DEFAULT_VALUE, 1}})
-                             << QVariantMap{{SMART_KEY_DEFAULT_VALUE, 1}};
-        QTest::newRow("rating") << rule(21)
-                                << QVariantMap{{SMART_KEY_CONDITION, 0}, {SMART_KEY_DEFAULT_VALUE, 0.0}};
-        QTest::newRow("a tag without tags") << rule(20) << QVariantMap{{SMART_KEY_CONDITION, 1}};
-        QTest::newRow("a day has no end")
-            << rule(4,
-                    {{SMART_KEY_CONDITION, 1}, {SMART_KEY_DEFAULT_VALUE, day}, {SMART_KEY_OTHER_VALUE, day}})
-            << QVariantMap{{SMART_KEY_CONDITION, 1}, {SMART_KEY_DEFAULT_VALUE, day}};
-        QTest::newRow("a range has one")
-            << rule(4,
-                    {{SMART_KEY_CONDITION, 3}, {SMART_KEY_DEFAULT_VALUE, day}, {SMART_KEY_OTHER_VALUE, day}})
-            << QVariantMap{
-                   {SMART_KEY_CONDITION, 3}, {SMART_KEY_DEFAULT_VALUE, day}, {SMART_KEY_OTHER_VALUE, day}};
+        const auto row = [](const char* name, const QVariantMap& record, const QVariantMap& values) {
+            QTest::newRow(name) << record << values;
+        };
+        const QVariantMap stored = parts(2, u"12"_s);
+        const QVariantMap size = parts(2, u"12"_s, 1000000);
+        row("text", rule(0), parts(0, QString()));
+        row("a reserved type", rule(14), parts(0, QString()));
+        row("stored text", rule(7, stored), stored);
+        row("file type", rule(2), parts(kNone, u"gif"_s));
+        row("stored size", rule(3, size), size);
+        row("label", rule(16), parts(kNone, 0));
+        row("yes", rule(18, parts(kNone, 1)), parts(kNone, 1));
+        row("rating", rule(21), parts(0, 0.0));
+        row("a tag without tags", rule(20), parts(1));
+        row("a day has no end", rule(4, parts(1, kDay, kDay)), parts(1, kDay));
+        row("a range has one", rule(4, parts(3, kDay, kDay)), parts(3, kDay, kDay));
     }
     void fillsRecords()
     {
@@ -125,27 +121,23 @@ private Q_SLOTS:
     void aChangeOfTypeDropsTheValues()
     {
         Sheet sheet;
-        const QDateTime day = QDate(2024, 2, 29).startOfDay();
-        sheet.open({rule(4, {{SMART_KEY_CONDITION, 3}, {SMART_KEY_DEFAULT_VALUE, day}})});
-        auto* types = sheet.rows().constFirst()->findChild<QComboBox*>();
+        sheet.open({rule(4, parts(3, kDay))});
+        auto* types = sheet.first().findChild<QComboBox*>();
         types->setCurrentIndex(0);
         Q_EMIT types->activated(0);
-        QCOMPARE(sheet.values(),
-                 (QVariantMap{{SMART_KEY_CONDITION, 0}, {SMART_KEY_DEFAULT_VALUE, QString()}}));
+        QCOMPARE(sheet.values(), parts(0, QString()));
     }
 
     void holdsOneToFifteenRules()
     {
         Sheet sheet;
         sheet.open({rule(0)});
-        for (int count = 1; count < MRSmartRuleEditor::kMostRules; ++count) {
-            Sheet::button(*sheet.rows().constFirst(), true).click();
-        }
+        for (int count = 1; count < MRSmartRuleEditor::kMostRules; ++count)
+            Sheet::button(sheet.first(), true).click();
         QCOMPARE(sheet.rows().size(), 15);
-        for (const MRSmartRuleItem* row : sheet.rows()) {
+        for (const MRSmartRuleItem* row : sheet.rows())
             QVERIFY(!Sheet::button(*row, true).isEnabled());
-        }
-        Sheet::button(*sheet.rows().constFirst(), false).click();
+        Sheet::button(sheet.first(), false).click();
         QCOMPARE(sheet.rows().size(), 14);
         QVERIFY(Sheet::button(*sheet.rows().constLast(), true).isEnabled());
     }
@@ -154,21 +146,19 @@ private Q_SLOTS:
     void conditionsByKeysAndWheel()
     {
         Sheet sheet;
-        const QDateTime day = QDate(2024, 2, 29).startOfDay();
-        sheet.open({rule(4, {{SMART_KEY_CONDITION, 0}, {SMART_KEY_DEFAULT_VALUE, day}})});
-        const auto popUps = sheet.rows().constFirst()->findChildren<QComboBox*>();
+        sheet.open({rule(4, parts(0, kDay))});
+        const auto popUps = sheet.first().findChildren<QComboBox*>();
         popUps[1]->setFocus();
         QTest::keyClick(popUps[1], Qt::Key_Down);
         QTest::keyClick(popUps[1], Qt::Key_Down);
         QCOMPARE(sheet.editor->focusWidget(), popUps[1]);
-        const QList<QWidget*> passed{popUps[0], popUps[1],
-                                     sheet.rows().constFirst()->findChild<QDateEdit*>()};
+        const QList<QWidget*> passed{popUps[0], popUps[1], sheet.first().findChild<QDateEdit*>()};
         for (QWidget* control : passed) {
             QWheelEvent turn({5, 5}, {5, 5}, {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
             QCoreApplication::sendEvent(control, &turn);
             QVERIFY(!turn.isAccepted());
         }
-        QCOMPARE(sheet.values(), (QVariantMap{{SMART_KEY_CONDITION, 2}, {SMART_KEY_DEFAULT_VALUE, day}}));
+        QCOMPARE(sheet.values(), parts(2, kDay));
         popUps[1]->showPopup();
         QTest::keyClick(popUps[1]->view(), Qt::Key_Down);
         QTest::keyClick(popUps[1]->view(), Qt::Key_Return);
@@ -180,12 +170,12 @@ private Q_SLOTS:
         Sheet sheet;
         sheet.open({rule(0), rule(8), rule(16)});
         QSignalSpy closed(sheet.editor.get(), &MRSmartRuleEditor::closeSheet);
-        QToolButton* first = &Sheet::button(*sheet.rows().constFirst(), false);
+        QToolButton* first = &Sheet::button(sheet.first(), false);
         for (const int left : {2, 1}) {
             first->setFocus();
             QTest::keyClick(first, Qt::Key_Return);
             QCOMPARE(sheet.rows().size(), left);
-            const MRSmartRuleItem& row = *sheet.rows().constFirst();
+            const MRSmartRuleItem& row = sheet.first();
             first = &Sheet::button(row, false);
             QCOMPARE(sheet.editor->focusWidget(),
                      left > 1 ? static_cast<QWidget*>(first) : row.findChild<QComboBox*>());
@@ -197,18 +187,17 @@ private Q_SLOTS:
     {
         Sheet sheet;
         sheet.library.addTag(QString(300, u'M'));
-        sheet.open({rule(20), rule(4, {{SMART_KEY_CONDITION, 3}})});
+        sheet.open({rule(20), rule(4, parts(3))});
         sheet.editor->resize(sheet.editor->minimumSize());
-        for (const MRSmartRuleItem* row : sheet.rows()) {
+        for (const MRSmartRuleItem* row : sheet.rows())
             QVERIFY(row->minimumSizeHint().width() < sheet.editor->width() - 2 * kit::metric::gap);
-        }
     }
 
     void numbersOnly()
     {
         Sheet sheet;
         sheet.open({rule(8)});
-        QTest::keyClicks(sheet.rows().constFirst()->findChild<QLineEdit*>(), u"1a2.5"_s);
+        QTest::keyClicks(sheet.first().findChild<QLineEdit*>(), u"1a2.5"_s);
         QCOMPARE(sheet.values().value(SMART_KEY_DEFAULT_VALUE).toString(), u"125"_s);
     }
 
