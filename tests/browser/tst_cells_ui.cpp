@@ -163,9 +163,8 @@ private Q_SLOTS:
     {
         PreviewLoader loader;
         std::vector<PreviewRequest> wanted;
-        for (int number = 0; number < 40; ++number) {
+        for (int number = 0; number < 40; ++number)
             wanted.push_back(request(write(encoded({40, 40}, "png"), u"%1.png"_s.arg(number)), {20, 20}));
-        }
         loader.want(wanted);
         loader.want({wanted[39]}); // all the others that had not begun are no longer wanted
         QTRY_VERIFY(loader.isIdle());

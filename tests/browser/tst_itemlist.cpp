@@ -31,9 +31,8 @@ struct Shelf {
     [[nodiscard]] QString titles()
     {
         QStringList all;
-        for (int index = 0; index < items.count(); ++index) {
+        for (int index = 0; index < items.count(); ++index)
             all.append(items.contentAt(index).title);
-        }
         return all.join(u' ');
     }
     [[nodiscard]] qint64 ratingAt(size_t index)
@@ -91,9 +90,8 @@ private Q_SLOTS:
         Shelf shelf;
         for (int number = 0; number < 150; ++number) {
             const auto media = shelf.add(QString::number(number));
-            if (number == 5) {
+            if (number == 5)
                 shelf.library.link(media, shelf.library.addTag(u"T"_s));
-            }
         }
         shelf.rows.push_back(99999); // a row that is gone
         ItemList& items = shelf.items;
@@ -169,9 +167,8 @@ private Q_SLOTS:
     void ratesItems()
     {
         Shelf shelf;
-        for (const QString& title : {u"0"_s, u"1"_s, u"2"_s}) {
+        for (const QString& title : {u"0"_s, u"1"_s, u"2"_s})
             shelf.add(title);
-        }
         BrowserCommands commands(shelf.library.manager());
         QVERIFY(commands.ratingImages({shelf.rows[0], shelf.rows[2], 4711}, 4)); // one that is gone
         QVERIFY(!commands.ratingImages(shelf.rows, -1));

@@ -37,9 +37,8 @@ struct Bench : test::BrowserBench {
     QAction& choice(int tag) const
     {
         for (QAction* action : field().findChild<QMenu*>()->actions()) {
-            if (!action->isSeparator() && action->data().toInt() == tag) {
+            if (!action->isSeparator() && action->data().toInt() == tag)
                 return *action;
-            }
         }
         qFatal("no such choice");
     }
@@ -50,18 +49,16 @@ struct Bench : test::BrowserBench {
         QSignalSpy results(table().model(), &QAbstractItemModel::modelReset);
         edit().setText(text);
         press(Qt::Key_Return);
-        if (results.isEmpty() && !results.wait()) {
+        if (results.isEmpty() && !results.wait())
             return u"no results"_s;
-        }
         return hits();
     }
     QString hits() const
     {
         const auto& model = static_cast<const SearchResultModel&>(*table().model());
         QStringList titles;
-        for (int row = 0; row < model.rowCount(); ++row) {
+        for (int row = 0; row < model.rowCount(); ++row)
             titles.append(model.hit(row).title);
-        }
         return titles.join(u'|');
     }
     int selectedRow() const { return table().selectionModel()->selectedRows().value(0).row(); }

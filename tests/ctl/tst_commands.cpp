@@ -28,9 +28,8 @@ struct Outcome {
     {
         QStringList values;
         const QJsonArray items = array();
-        for (const QJsonValue& item : items) {
+        for (const QJsonValue& item : items)
             values.append(item[QLatin1String(attribute)].toVariant().toString());
-        }
         return values;
     }
 };
@@ -340,9 +339,8 @@ private Q_SLOTS:
             QStringList json;
             for (const QString& rule : QString::fromLatin1(rules).split(u'|')) {
                 QStringList members;
-                for (const QString& value : rule.split(u' ')) {
+                for (const QString& value : rule.split(u' '))
                     members.append(u"\"SMART_KEY_%1\":%2"_s.arg(QLatin1String(keys[members.size()]), value));
-                }
                 json.append(u'{' + members.join(u',') + u'}');
             }
             const QString text = u'[' + json.join(u',') + u']';

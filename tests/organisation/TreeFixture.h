@@ -23,9 +23,8 @@ struct TreeFixture {
             const auto record = library.addCollection(parts.value(1), parts.value(2).toInt(), parts.value(3));
             record->setCollectionID(parts.value(0));
         }
-        if (!library.context().save() || !tree.makeLibrary(library.context())) {
+        if (!library.context().save() || !tree.makeLibrary(library.context()))
             qFatal("no tree");
-        }
     }
     [[nodiscard]] std::shared_ptr<store::Collections> record(const QString& id)
     {
@@ -36,9 +35,8 @@ struct TreeFixture {
     [[nodiscard]] organisation::NodeList nodes(const QString& ids) const
     {
         organisation::NodeList nodes;
-        for (const QString& id : words(ids)) {
+        for (const QString& id : words(ids))
             nodes.push_back(tree.node(id));
-        }
         return nodes;
     }
 };

@@ -146,9 +146,8 @@ private Q_SLOTS:
         for (const auto& row : rows) {
             const auto nodes = m_world->nodes(row.selected);
             QString on;
-            for (const SidebarCommand command : commands) {
+            for (const SidebarCommand command : commands)
                 on += validateMenuItem(command, nodes).isOn ? u'+' : u'-';
-            }
             QCOMPARE(on, row.on);
             QCOMPARE(areLabelRowsOn(nodes), row.labels);
             const QString title = nodes.size() == 1 ? nodes.front()->title : QString();

@@ -67,9 +67,8 @@ private Q_SLOTS:
                                         tag->setTitle(QString::number(position));
                                         if (position == 100) {
                                             // A second item of one mediaID, which the store refuses.
-                                            for (int i = 0; i < 2; ++i) {
+                                            for (int i = 0; i < 2; ++i)
                                                 library.context().insert<store::Media>()->setMediaID(u"x"_s);
-                                            }
                                         }
                                         return true;
                                     },
@@ -127,9 +126,8 @@ private Q_SLOTS:
     {
         test::TreeFixture world(u"folder,Folder,10002|in,In,10000,folder|also,Also,10000,folder"_s);
         test::TemporaryLibrary& library = world.library;
-        for (int i = 0; i < 120; ++i) {
+        for (int i = 0; i < 120; ++i)
             library.addMedia(QString::number(i), world.record(i < 40 ? u"also"_s : u"in"_s), true);
-        }
         SlicedRun run;
         organisation::CollectionRemoval removal(run, library.context(), library.state(),
                                                 library.package().masterDirPath());

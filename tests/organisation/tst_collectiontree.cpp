@@ -38,9 +38,8 @@ const QString kFolders = u"a,A,10000|f,F,10002|c,C,10000,f"_s;
 QString idsOf(const NodeList& nodes)
 {
     QStringList ids;
-    for (const CollectionNode* node : nodes) {
+    for (const CollectionNode* node : nodes)
         ids.append(node->id);
-    }
     return ids.join(QLatin1Char(' '));
 }
 
@@ -127,9 +126,8 @@ private Q_SLOTS:
 
     void restorePlan_data()
     {
-        for (const char* column : {"expanded", "selected", "opens", "selects", "prunes"}) {
+        for (const char* column : {"expanded", "selected", "opens", "selects", "prunes"})
             QTest::addColumn<QString>(column);
-        }
         QTest::newRow("nothing expanded: no selection either")
             << u""_s << u"1 a"_s << u""_s << u""_s << u""_s;
         QTest::newRow("visible ones") << u"16 0"_s << u"a 1"_s << u"0 16"_s << u"1 a"_s << u""_s;
@@ -164,9 +162,8 @@ private Q_SLOTS:
         test::TemporaryLibrary library;
         const auto collection = library.addCollection(u"C"_s);
         const auto folder = library.addCollection(u"F"_s, store::kTypeFolder);
-        for (int i = 0; i < 3; ++i) {
+        for (int i = 0; i < 3; ++i)
             library.addMedia(u"m"_s, collection);
-        }
         CollectionTree tree;
         QVERIFY(tree.makeLibrary(library.context()));
         organisation::NodeCounts counts(library.manager());

@@ -29,9 +29,8 @@ struct World {
     {
         const auto color = library.addColor(colorID, type);
         color->setIsLike(isLike);
-        for (int i = 0; i < items; ++i) {
+        for (int i = 0; i < items; ++i)
             library.link(library.addMedia(u"m"_s, collection), color);
-        }
         return library.context().save() ? color : nullptr;
     }
     /// The groups as "type:first+count:hex hex …|…".
@@ -42,9 +41,8 @@ struct World {
         QStringList parts;
         for (const auto& [type, first, count] : groups.group()) {
             QStringList hex;
-            for (int i = first; i < first + count; ++i) {
+            for (int i = first; i < first + count; ++i)
                 hex.append(groups.color(i).colorAsHex());
-            }
             parts.append(u"%1:%2+%3:%4"_s.arg(type).arg(first).arg(count).arg(hex.join(u' ')));
         }
         return parts.join(u'|');

@@ -106,9 +106,8 @@ private:
             static const QRegularExpression percentages(u"^badge \\d+$"_s);
             QStringList left;
             for (const QString& line : log) {
-                if (!percentages.match(line).hasMatch()) {
+                if (!percentages.match(line).hasMatch())
                     left.append(line);
-                }
             }
             return left.join(u'|');
         }
@@ -215,9 +214,8 @@ private Q_SLOTS:
         QSemaphore gate;
         world.analyse = [&](const importing::AnalysisRequest& request) {
             const QString name = QFileInfo(request.path).fileName();
-            if (name != names[0] && name != names[1]) {
+            if (name != names[0] && name != names[1])
                 gate.acquire();
-            }
             return test::pictureUnlessBad(request);
         };
         connect(world.session.get(), &ImportSession::progressed, world.session.get(),

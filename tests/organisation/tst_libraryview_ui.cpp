@@ -40,9 +40,8 @@ private Q_SLOTS:
         auto& grid = *world.view->findChild<organisation::MRColorBrowserView*>();
         const auto uses = [&grid] {
             QStringList texts;
-            for (int index = 0; index < grid.model()->count(); ++index) {
+            for (int index = 0; index < grid.model()->count(); ++index)
                 texts.append(grid.model()->accessibleText(index).section(u", "_s, 1));
-            }
             return texts.join(u'|');
         };
         QTRY_COMPARE(uses(), u"In 2 items|In 1 item"_s);
@@ -226,9 +225,8 @@ private Q_SLOTS:
         QCOMPARE(world.selected(), u"In|Top"_s);
         QVERIFY(!world.row(base::text("Lib.All")).isValid());
 
-        for (const QString& id : world.library.state().expandedCollections()) {
+        for (const QString& id : world.library.state().expandedCollections())
             world.library.state().removeExpandedCollection(id);
-        }
         world.reopen();
         QCOMPARE(world.selected(), QString());
     }

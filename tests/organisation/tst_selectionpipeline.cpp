@@ -37,9 +37,8 @@ class TestSelectionPipeline : public QObject {
             add(u"three"_s, u"deep"_s)->setMediaKind(7);
             add(u"four"_s, u"beside"_s)->setMediaKind(15);
             add(u"five"_s, u"beside"_s)->setMediaKind(13);
-            if (!library.context().save()) {
+            if (!library.context().save())
                 qFatal("no save");
-            }
         }
         std::shared_ptr<store::Media> add(const QString& title, const QString& owner)
         {
@@ -48,9 +47,8 @@ class TestSelectionPipeline : public QObject {
         QString titles(const store::MediaSet& set)
         {
             QStringList found;
-            for (const auto& media : library.context().objects<store::Media>(set.ids)) {
+            for (const auto& media : library.context().objects<store::Media>(set.ids))
                 found.append(media->mediaTitle());
-            }
             return found.join(u' ');
         }
         QString select(const NodeList& selected, const QDateTime& now = QDateTime::currentDateTime())

@@ -61,22 +61,19 @@ private Q_SLOTS:
                    .step =
                        [&](qsizetype position) {
                            QVERIFY(!paused);
-                           if (position == stopAt) {
+                           if (position == stopAt)
                                run.stop();
-                           }
                        },
                    .finished =
                        [&](qsizetype number) {
                            done = int(number);
                            // The next run may begin here.
-                           if (++ends == 1) {
+                           if (++ends == 1)
                                run.start({.finished = [&](qsizetype) { ++ends; }});
-                           }
                        },
                    .pauses = [&] { return std::exchange(paused, false); }});
-        if (stopAt == -2) {
+        if (stopAt == -2)
             run.stop();
-        }
         QTRY_COMPARE(ends, 2);
         QTEST(done, "done");
     }

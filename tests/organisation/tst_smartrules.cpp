@@ -22,9 +22,8 @@ QVariantMap rule(int type, const QVariant& condition, const QVariant& value, con
     const std::pair<QLatin1String, QVariant> given[] = {
         {SMART_KEY_CONDITION, condition}, {SMART_KEY_DEFAULT_VALUE, value}, {SMART_KEY_OTHER_VALUE, other}};
     for (const auto& [key, part] : given) {
-        if (part.isValid()) {
+        if (part.isValid())
             record.insert(key, part);
-        }
     }
     return record;
 }
@@ -56,9 +55,8 @@ private Q_SLOTS:
         const auto collection = m_library->addCollection(u"c"_s);
         const auto add = [&](const QString& title, const QList<std::pair<int, QVariant>>& values) {
             const auto media = m_library->addMedia(title, collection);
-            for (const auto& [attribute, value] : values) {
+            for (const auto& [attribute, value] : values)
                 media->setAttribute(attribute, value);
-            }
             return media;
         };
         const QDateTime lastSecond = local(3, 31, QTime(23, 59, 59));
@@ -174,9 +172,8 @@ private Q_SLOTS:
         row("range without an end", rule(6, 3, local(1, 1)), {}, "");
         row("no date", rule(6, 0, u"2024-01-01"_s), {}, "");
 
-        for (const int type : {1, 11, 14, 15, 17, 19, 22, -1}) {
+        for (const int type : {1, 11, 14, 15, 17, 19, 22, -1})
             row(qPrintable(u"reserved %1"_s.arg(type)), rule(type, 1, u"logo"_s), {}, "");
-        }
         row("no type", {{SMART_KEY_CONDITION, 1}, {SMART_KEY_DEFAULT_VALUE, u"logo"_s}}, {}, "");
     }
 
@@ -255,9 +252,8 @@ private:
         const auto query = smartQuery(rules, all);
         const auto set = query ? store::mediaSet(m_library->context(), {*query}) : store::MediaSet();
         QStringList numbers;
-        for (const store::RowId id : set.ids) {
+        for (const store::RowId id : set.ids)
             numbers.append(QString::number(id));
-        }
         return numbers.join(u' ');
     }
 

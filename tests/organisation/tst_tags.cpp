@@ -31,9 +31,8 @@ struct TagWorld {
         for (const QString& row : rows.split(u'|')) {
             const auto media = library.addMedia(u"item"_s, collection);
             items.push_back(media->rowId());
-            for (const QChar name : row) {
+            for (const QChar name : row)
                 library.link(media, tag(name));
-            }
         }
     }
 
@@ -50,9 +49,8 @@ struct TagWorld {
         QStringList rows;
         for (const RowId item : items) {
             QString row;
-            for (const auto& link : library.context().object<store::Media>(item)->mediaTagList()) {
+            for (const auto& link : library.context().object<store::Media>(item)->mediaTagList())
                 row += link->tags()->title();
-            }
             std::sort(row.begin(), row.end());
             rows.append(row);
         }
@@ -77,9 +75,8 @@ struct FakeProgress : base::ProgressSink {
     void update(const QString&, int percent) override
     {
         percents.append(percent);
-        if (percents.size() == 2) {
+        if (percents.size() == 2)
             stop();
-        }
     }
     void end() override { ++ended; }
     void offerStop(const std::function<void()>& offered) override { stop = offered; }
@@ -96,9 +93,8 @@ private Q_SLOTS:
     void listIsInNaturalOrder()
     {
         test::TemporaryLibrary library;
-        for (const QString& title : {u"Poster 10"_s, u"icon"_s, u"Poster 9"_s, u"Äther"_s}) {
+        for (const QString& title : {u"Poster 10"_s, u"icon"_s, u"Poster 9"_s, u"Äther"_s})
             library.addTag(title);
-        }
         TagList list;
         QVERIFY(list.reload(library.context()));
         QCOMPARE(list.titles(), (QStringList{u"Äther"_s, u"icon"_s, u"Poster 9"_s, u"Poster 10"_s}));
@@ -155,9 +151,8 @@ private Q_SLOTS:
         TagWorld world(u"ab|bc|d"_s);
         const auto uses = [&world](std::span<const RowId> items) {
             QString states;
-            for (const AssignedTag& tag : assignedTags(world.library.context(), world.list(), items)) {
+            for (const AssignedTag& tag : assignedTags(world.library.context(), world.list(), items))
                 states += u"-~+"[int(tag.use)];
-            }
             return states;
         };
         QCOMPARE(uses(std::span(world.items).first(2)), u"~+~-"_s);
@@ -176,9 +171,8 @@ private Q_SLOTS:
         TagWorld world(u"ab|b|c|"_s);
         const auto items = [&world](const QString& names) {
             std::vector<RowId> rows;
-            for (const QChar name : names) {
+            for (const QChar name : names)
                 rows.push_back(world.tag(name)->rowId());
-            }
             return store::mediaSet(world.library.context(), {store::withAnyTag(rows)}).ids;
         };
         QCOMPARE(items(u"b"_s), (std::vector{world.items[0], world.items[1]}));
