@@ -52,7 +52,6 @@ class TestItemList : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { base::installTexts(); }
     void ordersByEveryKey()
     {
         Shelf shelf;

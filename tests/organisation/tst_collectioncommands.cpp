@@ -25,8 +25,6 @@ class TestCollectionCommands : public QObject {
     };
 
 private Q_SLOTS:
-    void initTestCase() { base::installTexts(); }
-
     void availableName()
     {
         const struct {

@@ -42,8 +42,6 @@ class TestCollectionRules : public QObject {
     }
 
 private Q_SLOTS:
-    void initTestCase() { base::installTexts(); }
-
     void drops()
     {
         constexpr auto none = DragOperation::None;

@@ -1,4 +1,3 @@
-#include "base/Text.h"
 #include "organisation/CollectionRemoval.h"
 #include "organisation/MediaMove.h"
 #include "organisation/TreeFixture.h"
@@ -20,8 +19,6 @@ class TestCollectionRuns : public QObject {
     }
 
 private Q_SLOTS:
-    void initTestCase() { base::installTexts(); }
-
     void movesItems()
     {
         test::TemporaryLibrary library;

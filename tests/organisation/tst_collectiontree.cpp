@@ -68,32 +68,27 @@ private Q_SLOTS:
         }
     }
 
-    void userCollections_data()
-    {
-        QTest::addColumn<QString>("records");
-        QTest::addColumn<QString>("tree");
-        const auto row = [](const char* name, const char* records, const char* tree) {
-            QTest::newRow(name) << QString::fromLatin1(records) << QString::fromLatin1(tree);
-        };
-        row("none", "", "");
-        row("numbers by value, kinds mixed", "a,Set 10,10000|b,set 9,10002|c,Set 2,10001",
-            "Set 2 set 9 Set 10");
-        row("nested, each level sorted", "z,Deep,10000,f2|f2,B,10002,f1|x,A,10000,f1|f1,Folder,10002",
-            "Folder(A B(Deep))");
-        row("orphan and what hangs below it", "a,Stays,10000|b,Orphan,10002,gone|c,Child,10000,b", "Stays");
-        row("circle of parents, and its own parent",
-            "a,One,10002,b|b,Two,10002,a|c,Self,10002,c|d,Root,10000", "Root");
-    }
-
     void userCollections()
     {
-        QFETCH(QString, records);
-        World world(records);
-        QTEST(userTree(world.tree), "tree");
-        for (const CollectionNode* node : organisation::allNodes(world.tree.userGroup()->nodes)) {
-            QVERIFY(node->hasNodes);
-            QVERIFY(!node->object.isEmpty());
-            QCOMPARE(node->parent->nodes[size_t(node->row)].get(), node);
+        const std::tuple<const char*, QString, QString> rows[] = {
+            {"none", u""_s, u""_s},
+            {"numbers by value, kinds mixed", u"a,Set 10,10000|b,set 9,10002|c,Set 2,10001"_s,
+             u"Set 2 set 9 Set 10"_s},
+            {"nested, each level sorted", u"z,Deep,10000,f2|f2,B,10002,f1|x,A,10000,f1|f1,Folder,10002"_s,
+             u"Folder(A B(Deep))"_s},
+            {"orphan and what hangs below it", u"a,Stays,10000|b,Orphan,10002,gone|c,Child,10000,b"_s,
+             u"Stays"_s},
+            {"circle of parents, and its own parent",
+             u"a,One,10002,b|b,Two,10002,a|c,Self,10002,c|d,Root,10000"_s, u"Root"_s},
+        };
+        for (const auto& [name, records, tree] : rows) {
+            World world(records);
+            QVERIFY2(userTree(world.tree) == tree, name);
+            for (const CollectionNode* node : organisation::allNodes(world.tree.userGroup()->nodes)) {
+                QVERIFY(node->hasNodes);
+                QVERIFY(!node->object.isEmpty());
+                QCOMPARE(node->parent->nodes[size_t(node->row)].get(), node);
+            }
         }
     }
 
@@ -124,29 +119,26 @@ private Q_SLOTS:
         }
     }
 
-    void restorePlan_data()
-    {
-        for (const char* column : {"expanded", "selected", "opens", "selects", "prunes"})
-            QTest::addColumn<QString>(column);
-        QTest::newRow("nothing expanded: no selection either")
-            << u""_s << u"1 a"_s << u""_s << u""_s << u""_s;
-        QTest::newRow("visible ones") << u"16 0"_s << u"a 1"_s << u"0 16"_s << u"1 a"_s << u""_s;
-        QTest::newRow("inside an open folder") << u"f 16"_s << u"c"_s << u"16 f"_s << u"c"_s << u""_s;
-        QTest::newRow("below a closed group: forgotten") << u"0 f"_s << u"c"_s << u"0"_s << u""_s << u"f"_s;
-        QTest::newRow("stale") << u"16 gone"_s << u"gone"_s << u"16"_s << u""_s << u"gone"_s;
-    }
-
     void restorePlan()
     {
-        QFETCH(QString, expanded);
-        QFETCH(QString, selected);
+        const struct {
+            const char* name;
+            QString expanded, selected, opens, selects, prunes;
+        } rows[] = {
+            {"nothing expanded: no selection either", u""_s, u"1 a"_s, u""_s, u""_s, u""_s},
+            {"visible ones", u"16 0"_s, u"a 1"_s, u"0 16"_s, u"1 a"_s, u""_s},
+            {"inside an open folder", u"f 16"_s, u"c"_s, u"16 f"_s, u"c"_s, u""_s},
+            {"below a closed group: forgotten", u"0 f"_s, u"c"_s, u"0"_s, u""_s, u"f"_s},
+            {"stale", u"16 gone"_s, u"gone"_s, u"16"_s, u""_s, u"gone"_s},
+        };
         const World world(kFolders);
-        const auto plan = organisation::restorePlan(world.tree, words(expanded), words(selected));
-        QCOMPARE(plan.restores, !expanded.isEmpty());
-        QTEST(idsOf(plan.expanded), "opens");
-        QTEST(idsOf(plan.selected), "selects");
-        QTEST(plan.pruned.join(u' '), "prunes");
-        QVERIFY(!plan.expandsFirstRow);
+        for (const auto& row : rows) {
+            const auto plan = organisation::restorePlan(world.tree, words(row.expanded), words(row.selected));
+            QVERIFY2(plan.restores == !row.expanded.isEmpty() && !plan.expandsFirstRow, row.name);
+            QVERIFY2(idsOf(plan.expanded) == row.opens, row.name);
+            QVERIFY2(idsOf(plan.selected) == row.selects, row.name);
+            QVERIFY2(plan.pruned.join(u' ') == row.prunes, row.name);
+        }
     }
 
     void collapseHandsTheSelectionToTheParent()

@@ -1,4 +1,3 @@
-#include "base/Text.h"
 #include "organisation/ColorCommands.h"
 #include "organisation/ColorReader.h"
 #include "store/ColorList.h"
@@ -59,34 +58,26 @@ class TestColorGroups : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { base::installTexts(); }
-
-    void itemTellsItsColor_data()
-    {
-        QTest::addColumn<QString>("colorID");
-        QTest::addColumn<QStringList>("texts"); // hex, RGB, HSB
-        QTest::newRow("red") << kDarkRed
-                             << QStringList{u"800000"_s, u"R:0.5, G:0.0, B:0.0, A:1.0"_s,
-                                            u"HSB (0.00, 1.00, 0.50, 1.00)"_s};
-        QTest::newRow("beyond 1") << kGreen
-                                  << QStringList{u"00FF00"_s, u"R:0.0, G:1.0, B:0.0, A:1.0"_s,
-                                                 u"HSB (0.33, 1.00, 1.00, 1.00)"_s};
-        QTest::newRow("magenta side of red")
-            << u"1+0+0.5+0.5"_s
-            << QStringList{u"FF0080"_s, u"R:1.0, G:0.0, B:0.5, A:0.5"_s, u"HSB (0.92, 1.00, 1.00, 0.50)"_s};
-        QTest::newRow("no color") << u"1+0"_s
-                                  << QStringList{QString(), u"R:0.0, G:0.0, B:0.0, A:0.0"_s,
-                                                 u"HSB (0.00, 0.00, 0.00, 0.00)"_s};
-    }
     void itemTellsItsColor()
     {
-        QFETCH(QString, colorID);
-        QFETCH(QStringList, texts);
+        const struct {
+            QString colorID, hex, rgb, hsb;
+        } rows[] = {
+            {kDarkRed, u"800000"_s, u"R:0.5, G:0.0, B:0.0, A:1.0"_s, u"HSB (0.00, 1.00, 0.50, 1.00)"_s},
+            {kGreen, u"00FF00"_s, u"R:0.0, G:1.0, B:0.0, A:1.0"_s, u"HSB (0.33, 1.00, 1.00, 1.00)"_s},
+            {u"1+0+0.5+0.5"_s, u"FF0080"_s, u"R:1.0, G:0.0, B:0.5, A:0.5"_s,
+             u"HSB (0.92, 1.00, 1.00, 0.50)"_s},
+            {u"1+0"_s, u""_s, u"R:0.0, G:0.0, B:0.0, A:0.0"_s, u"HSB (0.00, 0.00, 0.00, 0.00)"_s}, // none
+        };
         World world;
-        const MRColorTagItem item(world.library.manager(), {7, colorID, 1, false, 1234567});
-        QCOMPARE(QStringList({item.colorAsHex(), item.colorAsRGBString(), item.colorAsHSBString()}), texts);
-        QCOMPARE(item.countOfMediaAsString(), u"1,234,567"_s);
-        QCOMPARE(item.colorAsImage().pixelColor(0, 31), QColor(Qt::black));
+        for (const auto& row : rows) {
+            const MRColorTagItem item(world.library.manager(), {7, row.colorID, 1, false, 1234567});
+            QCOMPARE(item.colorAsHex(), row.hex);
+            QCOMPARE(item.colorAsRGBString(), row.rgb);
+            QCOMPARE(item.colorAsHSBString(), row.hsb);
+            QCOMPARE(item.countOfMediaAsString(), u"1,234,567"_s);
+            QCOMPARE(item.colorAsImage().pixelColor(0, 31), QColor(Qt::black));
+        }
     }
 
     void reloadGroupsAndSorts()

@@ -114,8 +114,6 @@ private:
     };
 
 private Q_SLOTS:
-    void initTestCase() { base::installTexts(); }
-
     void stepsComeInOrder()
     {
         World world;

@@ -28,17 +28,19 @@ struct World : test::SidebarWorld {
         for (const QString& title : titles.split(u'|', Qt::SkipEmptyParts))
             outline().selectionModel()->select(row(title), QItemSelectionModel::Select);
     }
-    QString file(const QString& name)
+    static QString picture(const QString& folder, const QString& name)
     {
-        const QString path = library.folder() + u'/' + name;
-        test::writeFile(path, "picture");
-        return path;
+        test::writeFile(folder + u'/' + name, "picture");
+        return folder + u'/' + name;
     }
-    QString received(const QString& name)
+    QString file(const QString& name) { return picture(library.folder(), name); }
+    QString received(const QString& name) { return picture(library.manager().downloadDirectory(), name); }
+
+    void pasteFile()
     {
-        const QString path = library.manager().downloadDirectory() + u'/' + name;
-        test::writeFile(path, "picture");
-        return path;
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(file(u"a.png"_s))});
+        view->paste(data);
     }
 
     /// What was imported since the last call, as "title in Collection in Folder, kind, address"; "" when no
@@ -78,30 +80,49 @@ class TestImportWays : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void captureChoosesItsTarget()
+    /// Captures make a collection where none can be meant; what is pasted is refused there with a beep.
+    void targetsOfCapturesAndOfPastedFiles()
     {
-        const std::pair<QString, QString> cases[] = {
-            {u"Shop"_s, u"Shop"_s},
-            {u"Inner"_s, u"Inner in Box"_s},
-            {u"Box"_s, u"Untitled Collection in Box"_s},
-            {u"Inner smart"_s, u"Untitled Collection in Box"_s},
-            {u"Smart"_s, u"Untitled Collection"_s},
-            {u"All"_s, u"Untitled Collection"_s},
-            {QString(), u"Untitled Collection"_s},
-            {u"Shop|Smart"_s, u"Untitled Collection"_s},
+        const std::tuple<QString, QString, bool> cases[] = {
+            {u"Shop"_s, u"Shop"_s, true},
+            {u"Inner"_s, u"Inner in Box"_s, true},
+            {u"Box"_s, u"Untitled Collection in Box"_s, true},
+            {u"Inner smart"_s, u"Untitled Collection in Box"_s, false},
+            {u"Smart"_s, u"Untitled Collection"_s, false},
+            {u"All"_s, u"Untitled Collection"_s, false},
+            {QString(), u"Untitled Collection"_s, true},
+            {u"Shop|Smart"_s, u"Untitled Collection"_s, true},
         };
-        for (const auto& [selected, target] : cases) {
-            World world;
+        for (const auto& [selected, target, pastes] : cases) {
+            World capturing;
             bool askedForMode = false;
-            world.utilities.bus().observe(base::MOSARO_NOTI_REQUEST_IMPORT_MODE, world.view.get(),
-                                          [&](const QVariant&) { askedForMode = true; });
-            world.select(selected);
-            QCOMPARE(world.selected(), selected);
-            world.post(base::MOSARO_NOTI_CAPTURED_MEDIA_ITEM, capture(world.received(u"snap.png"_s)));
-            QCOMPARE(selected + world.imported(), selected + u"snap in %1, 4, http://host/a"_s.arg(target));
+            capturing.utilities.bus().observe(base::MOSARO_NOTI_REQUEST_IMPORT_MODE, capturing.view.get(),
+                                              [&](const QVariant&) { askedForMode = true; });
+            capturing.select(selected);
+            QCOMPARE(capturing.selected(), selected);
+            capturing.post(base::MOSARO_NOTI_CAPTURED_MEDIA_ITEM, capture(capturing.received(u"snap.png"_s)));
+            QCOMPARE(selected + capturing.imported(),
+                     selected + u"snap in %1, 4, http://host/a"_s.arg(target));
             QVERIFY(askedForMode);
-            QCOMPARE(world.downloads(), QStringList());
+            QCOMPARE(capturing.downloads(), QStringList());
+
+            World pasting;
+            pasting.select(selected);
+            pasting.pasteFile();
+            QCOMPARE(selected + pasting.imported(),
+                     selected + (pastes ? u"a in %1, 15"_s.arg(target) : QString()));
+            QCOMPARE(pasting.library.prompts().beeps, pastes ? 0 : 1);
         }
+    }
+
+    void nothingIsPastedIntoATreeThatIsNotOnShow()
+    {
+        World world;
+        world.select(u"Shop"_s);
+        world.view->changeCollection(organisation::kTagsTab);
+        world.pasteFile();
+        QCOMPARE(world.imported(), QString());
+        QCOMPARE(world.library.prompts().beeps, 1);
     }
 
     void namedCollectionIsShownAndImportedInto()
@@ -173,30 +194,6 @@ private Q_SLOTS:
         QVERIFY(world.drop(data, u"Shop"_s));
         world.view.reset(); // As when the library closes.
         QCOMPARE(world.downloads(), QStringList());
-    }
-
-    void pastedFiles()
-    {
-        const std::tuple<QString, QString, int, int> cases[] = {
-            {u"Shop"_s, u"Shop"_s, 0, organisation::kCollectionsTab},
-            {u"Box"_s, u"Untitled Collection in Box"_s, 0, organisation::kCollectionsTab},
-            {QString(), u"Untitled Collection"_s, 0, organisation::kCollectionsTab},
-            {u"Shop|Smart"_s, u"Untitled Collection"_s, 0, organisation::kCollectionsTab},
-            {u"Smart"_s, QString(), 1, organisation::kCollectionsTab},
-            {u"All"_s, QString(), 1, organisation::kCollectionsTab},
-            {u"Shop"_s, QString(), 1, organisation::kTagsTab}, // the tree is not on show
-        };
-        for (const auto& [selected, target, beeps, tab] : cases) {
-            World world;
-            world.select(selected);
-            world.view->changeCollection(tab);
-            QMimeData data;
-            data.setUrls({QUrl::fromLocalFile(world.file(u"a.png"_s))});
-            world.view->paste(data);
-            QCOMPARE(selected + world.imported(),
-                     selected + (target.isEmpty() ? QString() : u"a in %1, 15"_s.arg(target)));
-            QCOMPARE(world.library.prompts().beeps, beeps);
-        }
     }
 
     void pastedPicture()

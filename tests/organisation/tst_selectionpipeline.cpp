@@ -14,9 +14,9 @@ using organisation::SelectionPipeline;
 
 namespace {
 
-QDateTime at(const QString& text, const QByteArray& zone = "UTC")
+QDateTime at(const char* text, const QByteArray& zone = "UTC")
 {
-    QDateTime moment = QDateTime::fromString(text, Qt::ISODate);
+    QDateTime moment = QDateTime::fromString(QLatin1String(text), Qt::ISODate);
     moment.setTimeZone(QTimeZone(zone));
     return moment;
 }
@@ -129,45 +129,36 @@ private Q_SLOTS:
         QCOMPARE(set.totalFileSize, 2 * kCount + 3000);
     }
 
-    void recentStart_data()
-    {
-        QTest::addColumn<QByteArray>("zone");
-        QTest::addColumn<QString>("now");
-        QTest::addColumn<int>("days");
-        QTest::addColumn<QString>("start");
-        const auto row = [](const char* name, const char* zone, const char* now, int days,
-                            const char* start) {
-            QTest::newRow(name) << QByteArray(zone) << QString::fromLatin1(now) << days
-                                << QString::fromLatin1(start);
-        };
-        // Seven days of 25 hours are seven days and seven hours.
-        row("evening", "UTC", "2024-06-15T20:00:00", 7, "2024-06-09T00:00:00");
-        row("small hours fall on the day before", "UTC", "2024-06-15T06:59:59", 7, "2024-06-08T00:00:00");
-        row("last second of the rule", "UTC", "2024-06-15T07:00:00", 7, "2024-06-09T00:00:00");
-        row("no days: the next midnight", "UTC", "2024-06-15T12:00:00", 0, "2024-06-16T00:00:00");
-        row("over the change to summer time", "Europe/Berlin", "2024-04-02T08:30:00", 7,
-            "2024-03-27T00:00:00");
-        row("after a day without midnight", "America/Sao_Paulo", "2018-11-05T12:00:00", 1,
-            "2018-11-05T00:00:00");
-        row("a day without midnight", "America/Sao_Paulo", "2018-11-04T23:00:00", 1, "2018-11-04T01:00:00");
-        row("year boundary", "Asia/Tokyo", "2024-01-03T10:00:00", 3, "2024-01-01T00:00:00");
-    }
-
+    /// Seven days of 25 hours are seven days and seven hours.
     void recentStart()
     {
-        QFETCH(QByteArray, zone);
-        QFETCH(QString, now);
-        QFETCH(int, days);
-        QFETCH(QString, start);
-        QCOMPARE(organisation::recentStart(at(now, zone), days), at(start, zone));
+        const struct {
+            const char *name, *zone, *now;
+            int days;
+            const char* start;
+        } rows[] = {
+            {"evening", "UTC", "2024-06-15T20:00:00", 7, "2024-06-09T00:00:00"},
+            {"small hours fall on the day before", "UTC", "2024-06-15T06:59:59", 7, "2024-06-08T00:00:00"},
+            {"last second of the rule", "UTC", "2024-06-15T07:00:00", 7, "2024-06-09T00:00:00"},
+            {"no days: the next midnight", "UTC", "2024-06-15T12:00:00", 0, "2024-06-16T00:00:00"},
+            {"summer time begins", "Europe/Berlin", "2024-04-02T08:30:00", 7, "2024-03-27T00:00:00"},
+            {"after a day without midnight", "America/Sao_Paulo", "2018-11-05T12:00:00", 1,
+             "2018-11-05T00:00:00"},
+            {"a day without midnight", "America/Sao_Paulo", "2018-11-04T23:00:00", 1, "2018-11-04T01:00:00"},
+            {"year boundary", "Asia/Tokyo", "2024-01-03T10:00:00", 3, "2024-01-01T00:00:00"},
+        };
+        for (const auto& row : rows) {
+            const QDateTime start = organisation::recentStart(at(row.now, row.zone), row.days);
+            QVERIFY2(start == at(row.start, row.zone), row.name);
+        }
     }
 
     void recentWindow()
     {
         World world;
         base::ZNUserDefaults& defaults = world.library.defaults();
-        const QDateTime now = at(u"2024-06-15T20:00:00"_s);
-        const QDateTime start = at(u"2024-06-09T00:00:00"_s);
+        const QDateTime now = at("2024-06-15T20:00:00");
+        const QDateTime start = at("2024-06-09T00:00:00");
         world.add(u"first"_s, u"beside"_s)->setMediaDateImported(start);
         world.add(u"before"_s, u"beside"_s)->setMediaDateImported(start.addSecs(-1));
         world.add(u"now"_s, u"beside"_s)->setMediaDateImported(now);

@@ -51,7 +51,6 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
-        base::installTexts();
         m_library.defaults().initialize();
         m_utilities.setUserNotifier(&m_log);
         m_utilities.setSoundPlayer(&m_log);

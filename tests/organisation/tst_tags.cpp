@@ -1,4 +1,3 @@
-#include "base/Text.h"
 #include "organisation/CollectionNames.h"
 #include "organisation/TagAssignment.h"
 #include "organisation/TagColors.h"
@@ -88,8 +87,6 @@ class TestTags : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { base::installTexts(); }
-
     void listIsInNaturalOrder()
     {
         test::TemporaryLibrary library;
