@@ -70,30 +70,24 @@ class TestSearch : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void finds_data()
-    {
-        QTest::addColumn<int>("where");
-        QTest::addColumn<int>("what");
-        QTest::addColumn<QString>("keyword");
-        QTest::addColumn<QString>("hits");
-        QTest::newRow("accents aside, newest first") << 0 << 100 << u"CAFE"_s << u"cafeteria|Café 100%"_s;
-        QTest::newRow("an accent finds none, too") << 0 << 100 << u"càfé"_s << u"cafeteria|Café 100%"_s;
-        QTest::newRow("no wildcards") << 0 << 100 << u"%"_s << u"Café 100%"_s;
-        QTest::newRow("a quote is only a quote") << 0 << 100 << u"' OR 1=1 --"_s << QString();
-        QTest::newRow("this collection") << 1 << 100 << u"cafe"_s << u"Café 100%"_s;
-        QTest::newRow("notes") << 0 << 102 << u"of stra"_s << u"Straße"_s;
-        QTest::newRow("addresses") << 0 << 103 << u"cafe"_s << QString();
-    }
     void finds()
     {
-        QFETCH(int, where);
-        QFETCH(int, what);
-        QFETCH(QString, keyword);
-        Bench bench;
-        bench.choice(where).trigger();
-        bench.choice(what).trigger();
-        QTEST(bench.search(keyword), "hits");
-        QVERIFY(bench.isOpen());
+        const std::tuple<const char*, int, int, QString, QString> rows[] = {
+            {"accents aside, newest first", 0, 100, u"CAFE"_s, u"cafeteria|Café 100%"_s},
+            {"an accent finds none, too", 0, 100, u"càfé"_s, u"cafeteria|Café 100%"_s},
+            {"no wildcards", 0, 100, u"%"_s, u"Café 100%"_s},
+            {"a quote is only a quote", 0, 100, u"' OR 1=1 --"_s, QString()},
+            {"this collection", 1, 100, u"cafe"_s, u"Café 100%"_s},
+            {"notes", 0, 102, u"of stra"_s, u"Straße"_s},
+            {"addresses", 0, 103, u"cafe"_s, QString()},
+        };
+        for (const auto& [name, where, what, keyword, hits] : rows) {
+            Bench bench;
+            bench.choice(where).trigger();
+            bench.choice(what).trigger();
+            QVERIFY2(bench.search(keyword) == hits, name);
+            QVERIFY2(bench.isOpen(), name);
+        }
     }
 
     void jumpsToAHit()
@@ -125,31 +119,25 @@ private Q_SLOTS:
         QCOMPARE(bench.search(u"stra"_s), u"Straße"_s);
     }
 
-    void ends_data()
-    {
-        QTest::addColumn<int>("way");
-        QTest::newRow("Escape") << 0;
-        QTest::newRow("emptied") << 1;
-        QTest::newRow("a press elsewhere") << 2;
-        QTest::newRow("the field is hidden") << 3;
-    }
     void ends()
     {
-        QFETCH(int, way);
-        Bench bench;
-        (void)bench.search(u"cafe"_s);
-        if (way == 0) {
-            bench.press(Qt::Key_Escape);
-        } else if (way == 1) {
-            bench.edit().clear();
-        } else if (way == 3) {
-            bench.view->adjustViewsInFullscreen(true);
-        } else {
-            QTest::mouseClick(bench.grid().viewport(), Qt::LeftButton, {}, QPoint(5, 300));
+        const std::pair<const char*, std::function<void(Bench&)>> ways[] = {
+            {"Escape", [](Bench& bench) { bench.press(Qt::Key_Escape); }},
+            {"emptied", [](Bench& bench) { bench.edit().clear(); }},
+            {"a press elsewhere",
+             [](Bench& bench) {
+                 QTest::mouseClick(bench.grid().viewport(), Qt::LeftButton, {}, QPoint(5, 300));
+             }},
+            {"the field is hidden", [](Bench& bench) { bench.view->adjustViewsInFullscreen(true); }},
+        };
+        for (const auto& [name, end] : ways) {
+            Bench bench;
+            (void)bench.search(u"cafe"_s);
+            end(bench);
+            QVERIFY2(QTest::qWaitFor([&bench] { return !bench.isOpen(); }), name);
+            QCOMPARE(bench.hits(), QString());
+            QCOMPARE(bench.edit().text(), QString());
         }
-        QTRY_VERIFY(!bench.isOpen());
-        QCOMPARE(bench.hits(), QString());
-        QCOMPARE(bench.edit().text(), QString());
     }
 
     void resultsStayBelowTheField()

@@ -51,35 +51,27 @@ class TestSortMemory : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void orderAndZoomAreKept_data()
-    {
-        QTest::addColumn<Shape>("shape");
-        QTest::newRow("collection") << Shape::CollectionNode;
-        QTest::newRow("system") << Shape::SystemNode;
-        QTest::newRow("tag") << Shape::TagRow;
-        QTest::newRow("colour") << Shape::Colour;
-    }
-
     void orderAndZoomAreKept()
     {
-        QFETCH(Shape, shape);
-        Entries entries;
-        const SelectedCollections selected{entries.element(shape)};
-        QCOMPARE(float(entries.memory.zoom(selected)), 0.4F);
-        entries.memory.storeZoom(selected, 0.65);
-        QCOMPARE(float(entries.memory.zoom(selected)), 0.65F);
-        QVERIFY(!entries.library.context().hasChanges());
+        for (const Shape shape : {Shape::CollectionNode, Shape::SystemNode, Shape::TagRow, Shape::Colour}) {
+            Entries entries;
+            const SelectedCollections selected{entries.element(shape)};
+            QCOMPARE(float(entries.memory.zoom(selected)), 0.4F);
+            entries.memory.storeZoom(selected, 0.65);
+            QCOMPARE(float(entries.memory.zoom(selected)), 0.65F);
+            QVERIFY(!entries.library.context().hasChanges());
 
-        QCOMPARE(entries.memory.startOrder(selected), (BrowserOrder{7, false}));
-        const OrderChange byTitle = entries.memory.chooseKey(selected, 0);
-        QCOMPARE(byTitle.order, (BrowserOrder{0, false})); // the direction stays
-        QVERIFY(byTitle.resort);
-        const OrderChange upwards = entries.memory.chooseDirection(selected, true);
-        QCOMPARE(upwards.order, (BrowserOrder{0, true})); // the key stays
-        QVERIFY(upwards.resort);
-        QCOMPARE(entries.memory.startOrder(selected), (BrowserOrder{0, true}));
-        QCOMPARE(entries.reread(shape), (BrowserOrder{0, true}));
-        QCOMPARE(float(entries.memory.zoom(selected)), 0.65F);
+            QCOMPARE(entries.memory.startOrder(selected), (BrowserOrder{7, false}));
+            const OrderChange byTitle = entries.memory.chooseKey(selected, 0);
+            QCOMPARE(byTitle.order, (BrowserOrder{0, false})); // the direction stays
+            QVERIFY(byTitle.resort);
+            const OrderChange upwards = entries.memory.chooseDirection(selected, true);
+            QCOMPARE(upwards.order, (BrowserOrder{0, true})); // the key stays
+            QVERIFY(upwards.resort);
+            QCOMPARE(entries.memory.startOrder(selected), (BrowserOrder{0, true}));
+            QCOMPARE(entries.reread(shape), (BrowserOrder{0, true}));
+            QCOMPARE(float(entries.memory.zoom(selected)), 0.65F);
+        }
     }
 
     void severalRowsShareOneOrder()
@@ -122,22 +114,17 @@ private Q_SLOTS:
         Entries entries;
         store::SelectionElement gone = entries.element(Shape::TagRow);
         gone.record = 4711;
-        QVERIFY(!entries.memory.startOrder({gone}));
-        QCOMPARE(entries.memory.zoom({gone}), kSmallestZoom);
-        const OrderChange sorted = entries.memory.chooseKey({gone}, 3);
-        QCOMPARE(sorted.order, (BrowserOrder{3, true}));
-        QVERIFY(sorted.resort);
-        QVERIFY(!entries.memory.chooseDirection({gone}, true).order);
-    }
-
-    void systemRowWithoutValues()
-    {
-        Entries entries;
         const store::SelectionElement unknown{Shape::SystemNode, u"99"_s, 99, {}, store::kUnsavedRow};
-        QVERIFY(!entries.memory.startOrder({unknown}));
-        QCOMPARE(entries.memory.chooseKey({unknown}, 1).order, (BrowserOrder{1, true}));
+        for (const auto& element : {gone, unknown}) {
+            QVERIFY(!entries.memory.startOrder({element}));
+            QCOMPARE(entries.memory.zoom({element}), kSmallestZoom);
+            const OrderChange sorted = entries.memory.chooseKey({element}, 3);
+            QCOMPARE(sorted.order, (BrowserOrder{3, true}));
+            QVERIFY(sorted.resort);
+            QVERIFY(!entries.memory.chooseDirection({element}, true).order);
+            QVERIFY(!entries.memory.chooseDirection({element}, false).order);
+        }
         QVERIFY(!entries.library.state().hasSystemCollection(u"99"_s));
-        QVERIFY(!entries.memory.chooseDirection({unknown}, false).order);
     }
 
     void nothingWithoutLibraryOrSelection()

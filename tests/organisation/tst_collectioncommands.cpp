@@ -25,29 +25,6 @@ class TestCollectionCommands : public QObject {
     };
 
 private Q_SLOTS:
-    void availableName()
-    {
-        const struct {
-            QString name, siblings, free;
-        } rows[] = {
-            {u"Photo"_s, u""_s, u"Photo"_s},
-            {u"Photo"_s, u"Video|photo archive"_s, u"Photo"_s}, // another case is free
-            {u"Photo"_s, u"Photo archive"_s, u"Photo (2)"_s},   // contained is taken
-            {u"Photo"_s, u"Photo|Photo (2)|Photo (4)"_s, u"Photo (3)"_s},
-            {u"50%2 %1"_s, u"50%2 %1"_s, u"50%2 %1 (2)"_s},
-        };
-        for (const auto& row : rows) {
-            const QStringList titles = row.siblings.split(u'|', Qt::SkipEmptyParts);
-            std::vector<CollectionNode> nodes(size_t(titles.size()));
-            NodeList list;
-            for (qsizetype i = 0; i < titles.size(); ++i) {
-                nodes[size_t(i)].title = titles.at(i);
-                list.push_back(&nodes[size_t(i)]);
-            }
-            QCOMPARE(organisation::availableCollectionName(row.name, list), row.free);
-        }
-    }
-
     void nameFromPaths()
     {
         QTemporaryDir root;

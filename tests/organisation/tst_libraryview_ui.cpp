@@ -74,40 +74,33 @@ private Q_SLOTS:
         QCOMPARE(world.selected(), u"Clients"_s);
     }
 
-    void renameByKeyboard_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<int>("endKey");
-        QTest::addColumn<QString>("title");
-        QTest::newRow("taken over") << u"B"_s << int(Qt::Key_Return) << u"B"_s;
-        QTest::newRow("escape") << u"B"_s << int(Qt::Key_Escape) << u"A"_s;
-        QTest::newRow("one blank") << u" "_s << int(Qt::Key_Return) << u"A"_s;
-        QTest::newRow("empty") << QString() << int(Qt::Key_Return) << u"A"_s;
-        QTest::newRow("tab edits no other row") << u"B"_s << int(Qt::Key_Tab) << u"B"_s;
-    }
-
     void renameByKeyboard()
     {
-        QFETCH(QString, typed);
-        QFETCH(int, endKey);
-        QFETCH(QString, title);
+        const std::tuple<const char*, QString, Qt::Key, QString> rows[] = {
+            {"taken over", u"B"_s, Qt::Key_Return, u"B"_s},
+            {"escape", u"B"_s, Qt::Key_Escape, u"A"_s},
+            {"one blank", u" "_s, Qt::Key_Return, u"A"_s},
+            {"empty", QString(), Qt::Key_Return, u"A"_s},
+            {"tab edits no other row", u"B"_s, Qt::Key_Tab, u"B"_s},
+        };
         QTest::failOnWarning(QRegularExpression(u"[Ee]dit"_s));
-        World world;
-        const auto record = world.add(u"A"_s);
-        world.add(u"Z"_s);
-        world.open({u"16"_s});
-        world.click(u"A"_s);
-        world.press(Qt::Key_F2);
-        QLineEdit* field = world.editor();
-        QVERIFY(field);
-        field->clear();
-        QTest::keyClicks(field, typed);
-        QTest::keyClick(field, Qt::Key(endKey));
-        QTRY_VERIFY(!world.editor());
-        QCOMPARE(record->title(), title);
-        QVERIFY(world.row(title).isValid());
-        QCOMPARE(world.selected(), title);
-        QTRY_VERIFY(world.outline().hasFocus());
+        for (const auto& [name, typed, endKey, title] : rows) {
+            World world;
+            const auto record = world.add(u"A"_s);
+            world.add(u"Z"_s);
+            world.open({u"16"_s});
+            world.click(u"A"_s);
+            world.press(Qt::Key_F2);
+            QLineEdit* field = world.editor();
+            QVERIFY(field);
+            field->clear();
+            QTest::keyClicks(field, typed);
+            QTest::keyClick(field, endKey);
+            QVERIFY2(QTest::qWaitFor([&world] { return !world.editor(); }), name);
+            QVERIFY2(record->title() == title, name);
+            QVERIFY2(world.row(title).isValid() && world.selected() == title, name);
+            QTRY_VERIFY(world.outline().hasFocus());
+        }
     }
 
     void commandsFollowTheSelection()
@@ -245,44 +238,35 @@ private Q_SLOTS:
         QCOMPARE(changes.size(), 2);
     }
 
-    void droppedFiles_data()
-    {
-        QTest::addColumn<QString>("onto");
-        QTest::addColumn<QString>("selected"); // none: refused
-        QTest::newRow("collection") << u"C"_s << u"C"_s;
-        QTest::newRow("folder") << u"F"_s << u"Holiday"_s;
-        QTest::newRow("empty area") << QString() << u"Holiday (2)"_s;
-        QTest::newRow("smart collection") << u"S"_s << QString();
-        QTest::newRow("system node") << u"All"_s << QString();
-        QTest::newRow("heading") << u"LIBRARY"_s << QString();
-    }
-
     void droppedFiles()
     {
-        QFETCH(QString, onto);
-        QFETCH(QString, selected);
-        const bool accepted = !selected.isEmpty();
-        World world;
-        world.add(u"C"_s);
-        world.add(u"F"_s, {}, store::kTypeFolder);
-        world.add(u"S"_s, {}, store::kTypeSmartCollection);
-        world.add(u"Holiday plans"_s);
-        world.open({u"0"_s, u"16"_s});
-        const QString folder = world.library.folder(u"Holiday"_s);
-        test::writeFile(folder + u"/a.png"_s, "\x89PNG");
-
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(folder)});
-        QCOMPARE(world.drop(data, onto), accepted);
-        QCOMPARE(world.view->isBusy(), accepted);
-        if (!accepted)
-            return;
-        QVERIFY(kit::Sheet::isAttachedTo(*world.view));
-        QVERIFY(!world.drop(data, onto));
-        QTRY_VERIFY(!world.view->isBusy());
-        QVERIFY(!kit::Sheet::isAttachedTo(*world.view));
-        QCOMPARE(world.selected(), selected);
-        QCOMPARE(world.view->selectedObjects().ids.size(), size_t(1));
+        const std::pair<QString, QString> rows[] = {
+            {u"C"_s, u"C"_s},      {u"F"_s, u"Holiday"_s},    {QString(), u"Holiday (2)"_s},
+            {u"S"_s, QString()}, // refused, as what follows
+            {u"All"_s, QString()}, {u"LIBRARY"_s, QString()},
+        };
+        for (const auto& [onto, selected] : rows) {
+            World world;
+            world.add(u"C"_s);
+            world.add(u"F"_s, {}, store::kTypeFolder);
+            world.add(u"S"_s, {}, store::kTypeSmartCollection);
+            world.add(u"Holiday plans"_s);
+            world.open({u"0"_s, u"16"_s});
+            const QString folder = world.library.folder(u"Holiday"_s);
+            test::writeFile(folder + u"/a.png"_s, "\x89PNG");
+            QMimeData data;
+            data.setUrls({QUrl::fromLocalFile(folder)});
+            QVERIFY2(world.drop(data, onto) != selected.isEmpty(), qPrintable(onto));
+            QCOMPARE(world.view->isBusy(), !selected.isEmpty());
+            if (selected.isEmpty())
+                continue;
+            QVERIFY(kit::Sheet::isAttachedTo(*world.view));
+            QVERIFY(!world.drop(data, onto));
+            QTRY_VERIFY(!world.view->isBusy());
+            QVERIFY(!kit::Sheet::isAttachedTo(*world.view));
+            QCOMPARE(onto + world.selected(), onto + selected);
+            QCOMPARE(world.view->selectedObjects().ids.size(), size_t(1));
+        }
     }
 
     void requestsToImport()

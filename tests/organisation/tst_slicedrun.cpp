@@ -39,20 +39,17 @@ private Q_SLOTS:
         QVERIFY(!run.isRunning());
     }
 
-    void ends_data()
-    {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("stopAt");
-        QTest::addColumn<int>("done");
-        QTest::newRow("nothing to do") << 0 << -1 << 0;
-        QTest::newRow("stopped before the first step") << 5 << -2 << 0;
-        QTest::newRow("stopped by a step") << 5 << 2 << 3;
-        QTest::newRow("stopped by the last step") << 5 << 4 << 5;
-    }
     void ends()
     {
-        QFETCH(int, count);
-        QFETCH(int, stopAt);
+        endsAfter(0, -1, 0);
+        endsAfter(5, -2, 0); // before the first step
+        endsAfter(5, 2, 3);
+        endsAfter(5, 4, 5);
+    }
+
+private:
+    static void endsAfter(int count, int stopAt, int expected)
+    {
         SlicedRun run;
         int ends = 0;
         int done = -1;
@@ -75,7 +72,7 @@ private Q_SLOTS:
         if (stopAt == -2)
             run.stop();
         QTRY_COMPARE(ends, 2);
-        QTEST(done, "done");
+        QCOMPARE(done, expected);
     }
 };
 

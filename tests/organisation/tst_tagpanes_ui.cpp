@@ -119,31 +119,24 @@ private Q_SLOTS:
         QVERIFY(world.list().hasFocus());
     }
 
-    void renaming_data()
-    {
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<QString>("rows");
-        QTest::addColumn<bool>("refused");
-        QTest::newRow("sorted anew") << u"Zoo"_s << u"b|[Zoo]"_s << false;
-        QTest::newRow("empty") << u""_s << u"[a]|b"_s << false;
-        QTest::newRow("blanks") << u" \t "_s << u"[a]|b"_s << false;
-        QTest::newRow("taken") << u"b"_s << u"[a]|b"_s << true;
-        QTest::newRow("taken in another case") << u"B"_s << u"[a]|b"_s << true;
-        QTest::newRow("its own in another case") << u"A"_s << u"[a]|b"_s << true;
-    }
     void renaming()
     {
-        QFETCH(QString, title);
-        World world(u"a|b"_s);
-        world.click(0);
-        world.press(Qt::Key_Return);
-        QVERIFY(world.editor());
-        world.editor()->setText(title);
-        QTest::keyClick(world.editor(), Qt::Key_Return);
-        QFETCH(bool, refused);
-        QTRY_COMPARE(world.library.prompts().alerts.size(), refused ? 1 : 0);
-        QTRY_COMPARE(world.editor() != nullptr, refused); // The refused title can be put right at once.
-        QTEST(world.rows(), "rows");
+        const std::tuple<QString, QString, bool> rows[] = {
+            {u"Zoo"_s, u"b|[Zoo]"_s, false}, // sorted anew
+            {u""_s, u"[a]|b"_s, false},      {u" \t "_s, u"[a]|b"_s, false}, {u"b"_s, u"[a]|b"_s, true},
+            {u"B"_s, u"[a]|b"_s, true},      {u"A"_s, u"[a]|b"_s, true},
+        };
+        for (const auto& [title, tags, refused] : rows) {
+            World world(u"a|b"_s);
+            world.click(0);
+            world.press(Qt::Key_Return);
+            QVERIFY(world.editor());
+            world.editor()->setText(title);
+            QTest::keyClick(world.editor(), Qt::Key_Return);
+            QTRY_COMPARE(world.library.prompts().alerts.size(), refused ? 1 : 0);
+            QTRY_COMPARE(world.editor() != nullptr, refused); // The refused title can be put right at once.
+            QCOMPARE(title + u": "_s + world.rows(), title + u": "_s + tags);
+        }
     }
 
     void pressThatEndsARenamingSelectsWhatItMeant()
@@ -177,33 +170,30 @@ private Q_SLOTS:
         QCOMPARE(world.shown(), 0);
     }
 
-    void deleting_data()
-    {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<bool>("command");
-        QTest::addColumn<bool>("agrees");
-        QTest::addColumn<QString>("rows");
-        QTest::newRow("agreed") << int(Qt::Key_Backspace) << true << true << u"b"_s;
-        QTest::newRow("delete key") << int(Qt::Key_Delete) << false << true << u"b"_s;
-        QTest::newRow("refused") << int(Qt::Key_Backspace) << true << false << u"[a]|b|[c]"_s;
-        QTest::newRow("backspace alone") << int(Qt::Key_Backspace) << false << true << u"[a]|b|[c]"_s;
-    }
     void deleting()
     {
-        QFETCH(int, key);
-        QFETCH(bool, command);
-        QFETCH(bool, agrees);
-        World world(u"a:1|b:1|c"_s, 1);
-        world.click(0);
-        world.click(2, Qt::ControlModifier);
-        world.library.prompts().alertAnswers = {agrees ? 1 : 0};
-        QSignalSpy told(world.view.get(), &organisation::MRLibraryView::selectionChanged);
-        world.press(Qt::Key(key), command ? Qt::ControlModifier : Qt::NoModifier);
-        QFETCH(QString, rows);
-        QTRY_COMPARE(world.rows(), rows);
-        QCOMPARE(world.shown(), rows == u"b" ? 0 : 1);
-        QCOMPARE(world.library.context().object<store::Media>(world.items[0])->mediaTagList().size(),
-                 rows == u"b" ? 1U : 2U);
+        const struct {
+            const char* name;
+            Qt::Key key;
+            bool command, agrees, deletes;
+        } rows[] = {
+            {"agreed", Qt::Key_Backspace, true, true, true},
+            {"delete key", Qt::Key_Delete, false, true, true},
+            {"refused", Qt::Key_Backspace, true, false, false},
+            {"backspace alone", Qt::Key_Backspace, false, true, false},
+        };
+        for (const auto& row : rows) {
+            World world(u"a:1|b:1|c"_s, 1);
+            world.click(0);
+            world.click(2, Qt::ControlModifier);
+            world.library.prompts().alertAnswers = {row.agrees ? 1 : 0};
+            world.press(row.key, row.command ? Qt::ControlModifier : Qt::NoModifier);
+            const QString left = row.deletes ? u"b"_s : u"[a]|b|[c]"_s;
+            QVERIFY2(QTest::qWaitFor([&] { return world.rows() == left; }), row.name);
+            QCOMPARE(world.shown(), row.deletes ? 0 : 1);
+            const auto item = world.library.context().object<store::Media>(world.items[0]);
+            QCOMPARE(item->mediaTagList().size(), row.deletes ? 1U : 2U);
+        }
     }
 
     void colorsAndTheirMarks()
@@ -240,40 +230,38 @@ private Q_SLOTS:
         kit::ColorPanel::closeShared();
     }
 
-    void drops_data()
-    {
-        QTest::addColumn<QString>("selected");
-        QTest::addColumn<int>("row");
-        QTest::addColumn<bool>("busy");
-        QTest::addColumn<bool>("taken");
-        QTest::newRow("one selected, another row") << u"0"_s << 1 << false << true;
-        QTest::newRow("nothing selected") << u""_s << 1 << false << false;
-        QTest::newRow("two selected") << u"01"_s << 1 << false << false;
-        QTest::newRow("outside of all rows") << u"0"_s << -1 << false << false;
-        QTest::newRow("busy") << u"0"_s << 1 << true << false;
-    }
     void drops()
     {
-        QFETCH(QString, selected);
-        QFETCH(int, row);
-        QFETCH(bool, busy);
-        QFETCH(bool, taken);
-        World world(u"a:1,2,3|b:2"_s, 3);
-        for (const QChar number : selected)
-            world.click(number.digitValue(), Qt::ControlModifier);
-        QStringList ids;
-        for (const store::RowId item : world.items)
-            ids.append(world.library.context().object<store::Media>(item)->mediaID());
-        QMimeData data;
-        importing::writeMediaDrag(data, {ids, {u"anywhere"_s}});
-        world.busy = busy;
-        QSignalSpy told(world.view.get(), &organisation::MRLibraryView::selectionChanged);
-        const QPoint place = row < 0 ? QPoint(100, 600) : world.middle(row);
-        QCOMPARE(test::drop(*world.list().viewport(), data, place), taken);
-        QTRY_COMPARE(told.size(), taken ? 1 : 0);
-        const auto links =
-            world.library.context().count(store::MediaTagList::info(), store::Predicate::all());
-        QCOMPARE(links.value(), taken ? 6 : 4);
+        const struct {
+            const char* name;
+            QString selected;
+            int row;
+            bool busy, taken;
+        } rows[] = {
+            {"one selected, another row", u"0"_s, 1, false, true},
+            {"nothing selected", u""_s, 1, false, false},
+            {"two selected", u"01"_s, 1, false, false},
+            {"outside of all rows", u"0"_s, -1, false, false},
+            {"busy", u"0"_s, 1, true, false},
+        };
+        for (const auto& row : rows) {
+            World world(u"a:1,2,3|b:2"_s, 3);
+            for (const QChar number : row.selected)
+                world.click(number.digitValue(), Qt::ControlModifier);
+            QStringList ids;
+            for (const store::RowId item : world.items)
+                ids.append(world.library.context().object<store::Media>(item)->mediaID());
+            QMimeData data;
+            importing::writeMediaDrag(data, {ids, {u"anywhere"_s}});
+            world.busy = row.busy;
+            QSignalSpy told(world.view.get(), &organisation::MRLibraryView::selectionChanged);
+            const QPoint place = row.row < 0 ? QPoint(100, 600) : world.middle(row.row);
+            QVERIFY2(test::drop(*world.list().viewport(), data, place) == row.taken, row.name);
+            QTRY_COMPARE(told.size(), row.taken ? 1 : 0);
+            const auto links =
+                world.library.context().count(store::MediaTagList::info(), store::Predicate::all());
+            QCOMPARE(links.value(), row.taken ? 6 : 4);
+        }
     }
 
     void menuFollowsTheSelection()

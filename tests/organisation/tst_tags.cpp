@@ -86,6 +86,23 @@ struct FakeProgress : base::ProgressSink {
 class TestTags : public QObject {
     Q_OBJECT
 
+    static void linkAndCompare(TagDirection direction, int perSave, const QString& rows, int expected)
+    {
+        TagWorld world(u"ab|a|||b"_s);
+        std::vector<RowId> items = world.items;
+        items.insert(items.end(), {world.items[2], 4711, world.items[0]});
+        FakeProgress progress;
+        TagRun run(&progress);
+        int changed = -1;
+        const TagLinker linker(world.library.context(), world.tag(u'a')->rowId(), items, direction, perSave);
+        QVERIFY(run.start(world.library.context(), linker, {},
+                          [&](const TagLinker& ended) { changed = int(ended.changed()); }));
+        QTRY_COMPARE(changed, expected);
+        QCOMPARE(world.rows(), rows);
+        QVERIFY(!world.library.context().hasChanges());
+        QCOMPARE(progress.begun, progress.ended);
+    }
+
 private Q_SLOTS:
     void listIsInNaturalOrder()
     {
@@ -105,10 +122,12 @@ private Q_SLOTS:
         for (const auto& [taken, name] : {std::pair{u"Other"_s, u"Tag"_s},
                                           {u"Tag"_s, u"Tag (2)"_s},
                                           {u"Tag|Tag (3)"_s, u"Tag (2)"_s},
+                                          {u"Tag|Tag (2)|Tag (4)"_s, u"Tag (3)"_s},
                                           {u"My Tag"_s, u"Tag (2)"_s},
                                           {u"tag"_s, u"Tag"_s}}) {
             QCOMPARE(availableName(u"Tag"_s, taken.split(u'|')), name);
         }
+        QCOMPARE(availableName(u"50%2 %1"_s, {u"50%2 %1"_s}), u"50%2 %1 (2)"_s);
     }
 
     void colorChoices()
@@ -163,50 +182,13 @@ private Q_SLOTS:
         QCOMPARE(store::tagCounts(world.library.context()).value().value(world.tag(u'b')->rowId()), 2);
     }
 
-    void selectionIsAUnion()
-    {
-        TagWorld world(u"ab|b|c|"_s);
-        const auto items = [&world](const QString& names) {
-            std::vector<RowId> rows;
-            for (const QChar name : names)
-                rows.push_back(world.tag(name)->rowId());
-            return store::mediaSet(world.library.context(), {store::withAnyTag(rows)}).ids;
-        };
-        QCOMPARE(items(u"b"_s), (std::vector{world.items[0], world.items[1]}));
-        QCOMPARE(items(u"abc"_s), (std::vector{world.items[0], world.items[1], world.items[2]}));
-    }
-
-    void links_data()
-    {
-        QTest::addColumn<bool>("add");
-        QTest::addColumn<int>("perSave");
-        QTest::addColumn<QString>("after");
-        QTest::addColumn<int>("changed");
-        for (const int perSave : {1, 2, 100}) {
-            QTest::addRow("add, %d a save", perSave) << true << perSave << u"ab|a|a|a|ab"_s << 3;
-            QTest::addRow("remove, %d a save", perSave) << false << perSave << u"b||||b"_s << 2;
-        }
-    }
     /// An item that comes twice, and one that is not there, change nothing.
     void links()
     {
-        QFETCH(bool, add);
-        QFETCH(int, perSave);
-        TagWorld world(u"ab|a|||b"_s);
-        std::vector<RowId> items = world.items;
-        items.insert(items.end(), {world.items[2], 4711, world.items[0]});
-        FakeProgress progress;
-        TagRun run(&progress);
-        int changed = -1;
-        QVERIFY(run.start(world.library.context(),
-                          TagLinker(world.library.context(), world.tag(u'a')->rowId(), items,
-                                    add ? TagDirection::Add : TagDirection::Remove, perSave),
-                          {}, [&](const TagLinker& linker) { changed = int(linker.changed()); }));
-        QTRY_VERIFY(changed >= 0);
-        QTEST(world.rows(), "after");
-        QTEST(changed, "changed");
-        QVERIFY(!world.library.context().hasChanges());
-        QCOMPARE(progress.begun, progress.ended);
+        for (const int perSave : {1, 2, 100}) {
+            linkAndCompare(TagDirection::Add, perSave, u"ab|a|a|a|ab"_s, 3);
+            linkAndCompare(TagDirection::Remove, perSave, u"b||||b"_s, 2);
+        }
     }
 
     void longRunTellsItsProgressAndCanBeStopped()
