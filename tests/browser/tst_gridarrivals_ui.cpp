@@ -62,15 +62,37 @@ private Q_SLOTS:
         QTRY_VERIFY(!kit::Sheet::isAttachedTo(*bench.view));
         QVERIFY(bench.said.isEmpty());
         QCOMPARE(bench.library.prompts().beeps, 0);
+    }
 
-        data.setUrls({QUrl(u"relative"_s)});
-        QVERIFY(!bench.drop(data));
-        data.setUrls({QUrl(u"http://host/page"_s)});
-        bench.select({bench.node(Shape::CollectionNode, store::kTypeSmartCollection)});
-        QVERIFY(!bench.drop(data));
-        bench.select({bench.node(Shape::CollectionNode)});
+    void dropsIntoUserCollectionsOnly()
+    {
+        Bench bench;
+        QMimeData files, page, relative, text;
+        files.setUrls({QUrl::fromLocalFile(u"/tmp/a b.png"_s), QUrl(u"https://x.org/y.png"_s)});
+        page.setUrls({QUrl(u"http://host/page"_s)});
+        relative.setUrls({QUrl(u"relative"_s)});
+        text.setText(u"no files"_s);
+        QVERIFY(bench.drop(files)); // an empty one takes them as well
+        bench.select({bench.node()}, {{bench.library.addMedia(u"a"_s, bench.collection)->rowId()}, 1000});
+        QVERIFY(bench.drop(files));
+        QCOMPARE(bench.said.size(), 2);
+        for (const auto& [name, value] : std::exchange(bench.said, {})) {
+            QCOMPARE(name, base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE);
+            QCOMPARE(value.toStringList(), QStringList{u"/tmp/a b.png"_s});
+        }
+        const auto takesNothing = [&] { return !bench.drop(files) && !bench.drop(page); };
+        QVERIFY(!bench.drop(relative) && !bench.drop(text));
         bench.busy = true;
-        QVERIFY(!bench.drop(data));
+        QVERIFY(takesNothing());
+        bench.busy = false;
+        for (const int type : {store::kTypeFolder, store::kTypeSmartCollection}) {
+            bench.select({bench.node(Shape::CollectionNode, type)});
+            QVERIFY(takesNothing());
+        }
+        bench.selectShop();
+        bench.library.manager().closeDatabase();
+        QVERIFY(takesNothing());
+        QVERIFY(bench.said.isEmpty());
     }
 
     void pasteNeedsACollection()

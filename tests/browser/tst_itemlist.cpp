@@ -52,6 +52,7 @@ class TestItemList : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { base::installTexts(); }
     void ordersByEveryKey()
     {
         Shelf shelf;

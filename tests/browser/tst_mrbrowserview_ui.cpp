@@ -132,38 +132,6 @@ private Q_SLOTS:
         bench.bus.removeObserver(this);
     }
 
-    void dropsIntoUserCollectionsOnly()
-    {
-        Bench bench(2);
-        QStringList imported;
-        bench.bus.observe(base::MOSARO_NOTI_REQUEST_IMPORT_DRAGGED_FILE, this,
-                          [&imported](const QVariant& value) { imported = value.toStringList(); });
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(u"/tmp/a b.png"_s), QUrl(u"https://x.org/y.png"_s)});
-        const auto drop = [&bench, &imported](const QMimeData& dropped) {
-            imported.clear();
-            return test::drop(*bench.grid().viewport(), dropped, {5, 5});
-        };
-        bench.selectShop();
-        QVERIFY(drop(data));
-        QCOMPARE(imported, QStringList{u"/tmp/a b.png"_s});
-        bench.select({bench.node()}, {}); // an empty one takes them as well
-        QVERIFY(drop(data));
-        bench.busy = true;
-        QVERIFY(!drop(data));
-        bench.busy = false;
-        QMimeData text;
-        text.setText(u"no files"_s);
-        QVERIFY(!drop(text));
-        store::SelectionElement folder = bench.node();
-        folder.type = store::kTypeFolder;
-        bench.select({folder}, bench.media);
-        QVERIFY(!drop(data));
-        bench.library.manager().closeDatabase();
-        QVERIFY(!drop(data));
-        bench.bus.removeObserver(this);
-    }
-
     void preferencesChangeTheCells()
     {
         Bench bench(3);

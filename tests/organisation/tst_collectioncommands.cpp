@@ -27,12 +27,10 @@ class TestCollectionCommands : public QObject {
 private Q_SLOTS:
     void nameFromPaths()
     {
-        QTemporaryDir root;
-        QDir(root.path()).mkpath(u"Pictures of Spring"_s);
-        QDir(root.path()).mkpath(u"Tool.app"_s);
-        test::writeFile(root.filePath(u"a.png"_s), "x");
-        const QString folder = root.filePath(u"Pictures of Spring"_s);
-        const QString file = root.filePath(u"a.png"_s);
+        test::TemporaryLibrary library;
+        const QString folder = library.folder(u"Pictures of Spring"_s);
+        const QString file = folder + u"/a.png"_s;
+        test::writeFile(file);
         const QString untitled = base::text("Basic.Untitled.Collection");
 
         using organisation::collectionNameFromPaths;
@@ -42,7 +40,7 @@ private Q_SLOTS:
         QCOMPARE(collectionNameFromPaths({folder + QLatin1Char('/')}), u"Pictures of Spring"_s);
         QCOMPARE(collectionNameFromPaths({file, folder}),
                  u"Pictures of Spring "_s + base::text("Basic.More"));
-        QCOMPARE(collectionNameFromPaths({root.filePath(u"Tool.app"_s)}), u"Tool"_s);
+        QCOMPARE(collectionNameFromPaths({library.folder(u"Tool.app"_s)}), u"Tool"_s);
     }
 
     void placeOfNewItem()
@@ -79,10 +77,8 @@ private Q_SLOTS:
         QCOMPARE(record->type(), store::kTypeCollection);
         QCOMPARE(record->sortKey(), 7);
         QCOMPARE(record->zoomValue(), 0.4);
-        QCOMPARE(record->isAscending(), false);
-        QCOMPARE(record->autoImport(), false);
         QCOMPARE(record->label(), 0);
-        QCOMPARE(record->filterCondition(), false);
+        QVERIFY(!record->isAscending() && !record->autoImport() && !record->filterCondition());
         QCOMPARE(record->dateCreated(), record->dateModified());
         QVERIFY(record->isEmptyAttribute(QLatin1String("filters")));
 
