@@ -5,7 +5,6 @@
 #include "support/Pictures.h"
 
 #include <QPainter>
-#include <QSignalSpy>
 #include <QtTest>
 #include <functional>
 
@@ -38,11 +37,7 @@ class TestCells : public QObject {
     }
     static PreviewRequest request(const QString& path, const QSize& box, qreal ratio = 1)
     {
-        PreviewRequest made;
-        made.path = path;
-        made.box = box;
-        made.ratio = ratio;
-        return made;
+        return {.path = path, .box = box, .ratio = ratio, .file = {}};
     }
 
 private Q_SLOTS:

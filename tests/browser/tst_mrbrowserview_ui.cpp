@@ -3,7 +3,6 @@
 #include "browser/BrowserBench.h"
 #include "browser/ui/EmptyPlaces.h"
 
-#include <QAbstractButton>
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>

@@ -2,7 +2,6 @@
 #include "kit/ColorPanel.h"
 #include "organisation/SidebarWorld.h"
 #include "organisation/ui/ColorMenu.h"
-#include "organisation/ui/ColorSourceView.h"
 #include "organisation/ui/MRColorBrowserView.h"
 #include "organisation/ui/MRLibraryColorTagsSource.h"
 

@@ -6,7 +6,6 @@
 #include "support/TemporaryLibrary.h"
 
 #include <QSemaphore>
-#include <QSignalSpy>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;

@@ -1,5 +1,4 @@
 #include "base/NotificationBus.h"
-#include "kit/RatingIndicator.h"
 #include "organisation/SmartRules.h"
 #include "organisation/ui/MRSmartRuleEditor.h"
 #include "organisation/ui/MRSmartRuleItem.h"
@@ -10,7 +9,6 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSignalSpy>
 #include <QToolButton>
 

@@ -1,7 +1,6 @@
 #include "base/PreferenceKeys.h"
 #include "base/Text.h"
 #include "organisation/StoredFileRemoval.h"
-#include "support/FakePlatform.h"
 #include "support/TemporaryLibrary.h"
 
 #include <QtTest>

@@ -3,7 +3,6 @@
 #include "kit/ColorPanel.h"
 #include "kit/MarkMenu.h"
 #include "organisation/SidebarWorld.h"
-#include "organisation/TagColors.h"
 #include "organisation/ui/MRLibraryTableView.h"
 #include "organisation/ui/MRTagController.h"
 #include "organisation/ui/TagCheckList.h"
