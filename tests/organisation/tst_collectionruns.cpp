@@ -56,20 +56,18 @@ private Q_SLOTS:
         SlicedRun run;
         RecordRun::End end;
         int last = 0;
-        QVERIFY(startRecordRun(run, library.context(),
-                               {.count = 500,
-                                .change =
-                                    [&](qsizetype position) {
-                                        last = int(position);
-                                        tag->setTitle(QString::number(position));
-                                        if (position == 100) {
-                                            // A second item of one mediaID, which the store refuses.
-                                            for (int i = 0; i < 2; ++i)
-                                                library.context().insert<store::Media>()->setMediaID(u"x"_s);
-                                        }
-                                        return true;
-                                    },
-                                .finished = [&end](const RecordRun::End& ended) { end = ended; }}));
+        const auto change = [&](qsizetype position) {
+            last = int(position);
+            tag->setTitle(QString::number(position));
+            if (position == 100) {
+                // A second item of one mediaID, which the store refuses.
+                for (int i = 0; i < 2; ++i)
+                    library.context().insert<store::Media>()->setMediaID(u"x"_s);
+            }
+            return true;
+        };
+        const auto tell = [&end](const RecordRun::End& ended) { end = ended; };
+        QVERIFY(startRecordRun(run, library.context(), {.count = 500, .change = change, .finished = tell}));
         QTRY_VERIFY(!end.failure.isEmpty());
         QVERIFY(end.changed > 0 && end.changed <= 100 && last < 499);
         QVERIFY(!library.context().hasChanges());

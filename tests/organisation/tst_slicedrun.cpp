@@ -20,12 +20,12 @@ private Q_SLOTS:
         QTimer heartbeat;
         connect(&heartbeat, &QTimer::timeout, this, [&turns] { ++turns; });
         heartbeat.start(0);
+        const auto step = [&](qsizetype position) {
+            steps.append(position);
+            QThread::msleep(1);
+        };
         QVERIFY(run.start({.count = 60,
-                           .step =
-                               [&](qsizetype position) {
-                                   steps.append(position);
-                                   QThread::msleep(1);
-                               },
+                           .step = step,
                            .sliceEnded = [&](qsizetype count) { slices.append(count); },
                            .finished = [&](qsizetype count) { done = count; }}));
         QVERIFY(steps.isEmpty());
@@ -54,21 +54,19 @@ private:
         int ends = 0;
         int done = -1;
         bool paused = true;
-        run.start({.count = count,
-                   .step =
-                       [&](qsizetype position) {
-                           QVERIFY(!paused);
-                           if (position == stopAt)
-                               run.stop();
-                       },
-                   .finished =
-                       [&](qsizetype number) {
-                           done = int(number);
-                           // The next run may begin here.
-                           if (++ends == 1)
-                               run.start({.finished = [&](qsizetype) { ++ends; }});
-                       },
-                   .pauses = [&] { return std::exchange(paused, false); }});
+        const auto step = [&](qsizetype position) {
+            QVERIFY(!paused);
+            if (position == stopAt)
+                run.stop();
+        };
+        const auto finished = [&](qsizetype number) {
+            done = int(number);
+            // The next run may begin here.
+            if (++ends == 1)
+                run.start({.finished = [&](qsizetype) { ++ends; }});
+        };
+        const auto pauses = [&] { return std::exchange(paused, false); };
+        run.start({.count = count, .step = step, .finished = finished, .pauses = pauses});
         if (stopAt == -2)
             run.stop();
         QTRY_COMPARE(ends, 2);
