@@ -54,9 +54,8 @@ private Q_SLOTS:
             {{4000, 1000}, {184, 46}}, {{1000, 4000}, {36, 144}}, {{16, 16}, {16, 16}},
             {{184, 144}, {184, 144}},  {{100'000, 1}, {184, 1}},
         };
-        for (const auto& [original, fitted] : rows) {
+        for (const auto& [original, fitted] : rows)
             QCOMPARE(fittedSize(original, {184, 144}), fitted);
-        }
     }
 
     void layersStandWhereTold()

@@ -106,9 +106,8 @@ private Q_SLOTS:
         QCOMPARE(items.contentAt(3).subtitle, items.itemAt(3)->fileSizeAsString());
         QCOMPARE(items.contentAt(149).title, u"149"_s);
         QVERIFY(items.contentAt(150).title.isEmpty());
-        for (const int nowhere : {-1, 150, 151}) {
+        for (const int nowhere : {-1, 150, 151})
             QCOMPARE(items.itemAt(nowhere), nullptr);
-        }
     }
 
     void findsItems()

@@ -344,9 +344,8 @@ private Q_SLOTS:
         QVERIFY(!id("collection add --folder Box", "collectionID").isEmpty());
         const QString inBox = id("collection add --in Box Twin", "collectionID");
         QVERIFY(!id("collection add Twin", "collectionID").isEmpty());
-        for (const char* name : {"a.png", "b.png", "c.png"}) {
+        for (const char* name : {"a.png", "b.png", "c.png"})
             QCOMPARE(import(m_home->file(QLatin1String(name)), "--collection Start").status, 0);
-        }
         const QStringList items = m_home->json({u"list"_s}).all("mediaID");
         const auto call = [this](const QString& line) { return m_home->plain(line.split(u' ')); };
 
@@ -417,9 +416,8 @@ private Q_SLOTS:
     void keepsToOneDefaultLibrary()
     {
         const QString path = m_home->file(u"sun.png"_s);
-        for (int i = 0; i < 2; ++i) {
+        for (int i = 0; i < 2; ++i)
             QCOMPARE(m_home->call({u"import"_s, path}).status, int(ctl::kAllWell));
-        }
         QCOMPARE(m_home->call({u"list"_s, u"--json"_s}).array().size(), 2);
         QCOMPARE(QDir(m_home->at(u"support/Mosaro"_s)).entryList({u"*.mrlibrary"_s}),
                  words("Mosaro.mrlibrary"));

@@ -63,9 +63,8 @@ private Q_SLOTS:
         QCOMPARE(ids, QStringList({u"0"_s, u"3"_s, u"16"_s}));
         QCOMPARE(idsOf(organisation::childList(*tree.library()[0])), u"1 2"_s);
         QCOMPARE(idsOf(organisation::childList(*tree.library()[1])), u"4 5 6 7 8 9 10 11 12 14"_s);
-        for (const CollectionNode* node : organisation::allNodes(tree.library())) {
+        for (const CollectionNode* node : organisation::allNodes(tree.library()))
             QCOMPARE(organisation::sidebarImageName(node->type).isEmpty(), node->isGroup);
-        }
     }
 
     void userCollections()

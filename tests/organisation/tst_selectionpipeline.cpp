@@ -74,9 +74,8 @@ private Q_SLOTS:
             {"folder", "one two three"},
             {"folder in beside", "one two three four five"},
         };
-        for (const auto& [selected, titles] : rows) {
+        for (const auto& [selected, titles] : rows)
             QCOMPARE(world.select(QString::fromLatin1(selected)), QString::fromLatin1(titles));
-        }
     }
 
     void smartCollections()

@@ -206,9 +206,8 @@ private Q_SLOTS:
         QCOMPARE(items({five, day}, false), u"1 2"_s);
         QCOMPARE(items({five, rule(4, 3, local(12, 31), local(1, 1))}, false), u"1"_s);
         QCOMPARE(items({rule(20, 1, m_red->tagID()), rule(20, 1, m_blue->tagID())}, true), u"1"_s);
-        for (const QVariantList& nothing : {QVariantList(), QVariantList{reserved}, QVariantList{5}}) {
+        for (const QVariantList& nothing : {QVariantList(), QVariantList{reserved}, QVariantList{5}})
             QVERIFY(!smartQuery(nothing, true) && !smartQuery(nothing, false));
-        }
     }
 
     /// With their types apart. A property list has no room for days far away: one would take all rules of the

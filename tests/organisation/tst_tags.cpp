@@ -132,9 +132,8 @@ private Q_SLOTS:
 
     void colorChoices()
     {
-        for (int choice = 1; choice <= kLastLabelColor; ++choice) {
+        for (int choice = 1; choice <= kLastLabelColor; ++choice)
             QCOMPARE(tagColorChoice(base::colorAsString(*labelColorAtIndex(choice))), choice);
-        }
         QCOMPARE(labelColorAtIndex(1)->toColor(), QColor(252, 99, 89));
         QCOMPARE(labelColorAtIndex(4)->toColor(), QColor(174, 216, 65));
         QVERIFY(!labelColorAtIndex(0) && !labelColorAtIndex(8));
