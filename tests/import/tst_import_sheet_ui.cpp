@@ -1,17 +1,14 @@
-#include "base/Text.h"
 #include "import/ui/FailedPathDelegate.h"
 #include "import/ui/ImportSheet.h"
 #include "import/ui/MRFileErrorView.h"
 #include "import/ui/PreviewWell.h"
-#include "kit/Look.h"
 #include "support/Pictures.h"
+#include "support/WindowTest.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QListView>
 #include <QPointer>
 #include <QPushButton>
-#include <QtTest>
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
@@ -35,16 +32,10 @@ std::vector<importing::FailedPath> failedPaths(int count)
 
 } // namespace
 
-class TestImportSheet : public QObject {
+class TestImportSheet : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-    }
-
     void percent()
     {
         for (const auto& [index, total, percent] :

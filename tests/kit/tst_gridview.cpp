@@ -1,9 +1,8 @@
 #include "kit/GridView.h"
+#include "support/WindowTest.h"
 
 #include <QAccessible>
-#include <QMimeData>
 #include <QScrollBar>
-#include <QtTest>
 
 using namespace mosaro::kit;
 using namespace Qt::StringLiterals;
@@ -74,13 +73,17 @@ struct Bench {
     {
         QTest::mouseClick(view.viewport(), button, modifiers, index < 0 ? QPoint(3, 3) : centre(index));
     }
+    /// With the left button down.
+    void drag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = {})
+    {
+        QWidget* port = view.viewport();
+        QTest::mousePress(port, Qt::LeftButton, modifiers, from);
+        QMouseEvent move(QEvent::MouseMove, to, port->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                         modifiers);
+        QCoreApplication::sendEvent(port, &move);
+        QTest::mouseRelease(port, Qt::LeftButton, modifiers, to);
+    }
     Intervals selected() { return view.selectionIndexes().intervals(); }
-};
-
-struct SelectionRow {
-    Intervals added;
-    GridInterval removed;
-    Intervals expected;
 };
 
 /// A click on a cell, -1 for beside all, or a key, and what is selected after it.
@@ -97,33 +100,31 @@ class TestGridView : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void selectionKeepsIntervals_data()
-    {
-        QTest::addColumn<SelectionRow>("row");
-        const auto row = [](const char* name, const SelectionRow& given) { QTest::newRow(name) << given; };
-        row("touching ones join", {{{0, 3}, {4, 5}}, {}, {{0, 5}}});
-        row("a gap of one stays", {{{0, 3}, {5, 6}}, {}, {{0, 3}, {5, 6}}});
-        row("the gap is filled", {{{0, 3}, {5, 6}, {4, 4}}, {}, {{0, 6}}});
-        row("one swallows several", {{{2, 3}, {6, 7}, {0, 9}}, {}, {{0, 9}}});
-        row("from unordered", {{{8, 9}, {0, 1}}, {}, {{0, 1}, {8, 9}}});
-        row("empty adds nothing", {{{0, -1}}, {}, {}});
-        row("hole in the middle", {{{0, 9}}, {4, 5}, {{0, 3}, {6, 9}}});
-        row("hole over several", {{{0, 2}, {4, 6}, {8, 9}}, {2, 8}, {{0, 1}, {9, 9}}});
-        row("all out", {{{0, 2}, {4, 6}}, {0, 6}, {}});
-        row("outside", {{{3, 4}}, {5, 9}, {{3, 4}}});
-    }
     void selectionKeepsIntervals()
     {
-        QFETCH(SelectionRow, row);
-        GridSelection selection = selectionOf(row.added);
-        selection.remove(row.removed);
-        QCOMPARE(selection.intervals(), row.expected);
-        int count = 0;
-        selection.forEach([&](int index) {
-            ++count;
-            QVERIFY(selection.contains(index));
-        });
-        QCOMPARE(selection.count(), count);
+        const struct {
+            const char* name;
+            Intervals added;
+            GridInterval removed;
+            Intervals expected;
+        } rows[] = {{"touching ones join", {{0, 3}, {4, 5}}, {}, {{0, 5}}},
+                    {"a gap of one stays", {{0, 3}, {5, 6}}, {}, {{0, 3}, {5, 6}}},
+                    {"the gap is filled", {{0, 3}, {5, 6}, {4, 4}}, {}, {{0, 6}}},
+                    {"one swallows several", {{2, 3}, {6, 7}, {0, 9}}, {}, {{0, 9}}},
+                    {"from unordered", {{8, 9}, {0, 1}}, {}, {{0, 1}, {8, 9}}},
+                    {"empty adds nothing", {{0, -1}}, {}, {}},
+                    {"hole in the middle", {{0, 9}}, {4, 5}, {{0, 3}, {6, 9}}},
+                    {"hole over several", {{0, 2}, {4, 6}, {8, 9}}, {2, 8}, {{0, 1}, {9, 9}}},
+                    {"all out", {{0, 2}, {4, 6}}, {0, 6}, {}},
+                    {"outside", {{3, 4}}, {5, 9}, {{3, 4}}}};
+        for (const auto& [name, added, removed, expected] : rows) {
+            GridSelection selection = selectionOf(added);
+            selection.remove(removed);
+            QVERIFY2(selection.intervals() == expected, name);
+            int count = 0;
+            selection.forEach([&](int index) { count += selection.contains(index) ? 1 : 0; });
+            QVERIFY2(count == selection.count(), name);
+        }
     }
 
     void selectionTogglesAndClips()
@@ -245,25 +246,15 @@ private Q_SLOTS:
     {
         Bench bench(10);
         bench.click(9);
-        QWidget* port = bench.view.viewport();
         const std::vector<Step<int>> steps{{5, Qt::NoModifier, {{0, 1}, {4, 5}}},
                                            {1, Qt::ControlModifier, {{4, 5}}},
                                            {0, Qt::ShiftModifier, {{0, 0}, {4, 5}}}};
         for (const auto& [index, modifiers, selected] : steps) {
-            const QPoint to = bench.centre(index);
-            QTest::mousePress(port, Qt::LeftButton, modifiers, {2, 2});
-            QMouseEvent move(QEvent::MouseMove, to, port->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
-                             modifiers);
-            QCoreApplication::sendEvent(port, &move);
-            QTest::mouseRelease(port, Qt::LeftButton, modifiers, to);
+            bench.drag({2, 2}, bench.centre(index), modifiers);
             QCOMPARE(bench.selected(), selected);
         }
         // From a cell, too, where cells cannot be dragged.
-        QTest::mousePress(port, Qt::LeftButton, {}, bench.centre(1));
-        const QPoint to = bench.centre(6);
-        QMouseEvent move(QEvent::MouseMove, to, port->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(port, &move);
-        QTest::mouseRelease(port, Qt::LeftButton, {}, to);
+        bench.drag(bench.centre(1), bench.centre(6));
         QCOMPARE(bench.selected(), (Intervals{{1, 2}, {5, 6}}));
     }
 
@@ -434,11 +425,7 @@ private Q_SLOTS:
         });
         for (const bool allowed : {false, true}) {
             bench.view.setDropFilter([allowed](const QMimeData&, const QObject*) { return allowed; });
-            QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
-            QCoreApplication::sendEvent(bench.view.viewport(), &enter);
-            QCOMPARE(enter.isAccepted(), allowed);
-            QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
-            QCoreApplication::sendEvent(bench.view.viewport(), &drop);
+            QCOMPARE(mosaro::test::drop(*bench.view.viewport(), data, {5, 5}), allowed);
         }
         QCOMPARE(drops, 1);
     }

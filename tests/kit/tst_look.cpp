@@ -1,13 +1,11 @@
-#include "kit/Look.h"
 #include "kit/Paint.h"
+#include "support/WindowTest.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
 
 using namespace mosaro;
 using namespace Qt::StringLiterals;
@@ -56,12 +54,10 @@ double contrast(const QColor& a, const QColor& b)
 
 } // namespace
 
-class TestLook : public QObject {
+class TestLook : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { kit::installLook(*qApp); }
-
     void labelColors()
     {
         for (const int none : {-1, 0, 8})

@@ -1,11 +1,9 @@
-#include "base/Text.h"
 #include "kit/AlertPanel.h"
-#include "kit/Look.h"
 #include "kit/OpenPanel.h"
 #include "kit/WidgetPrompts.h"
 #include "support/Files.h"
+#include "support/WindowTest.h"
 
-#include <QApplication>
 #include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QListView>
@@ -13,7 +11,6 @@
 #include <QRegularExpression>
 #include <QSettings>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 #include <QTreeView>
 
@@ -43,16 +40,11 @@ struct PathsRow {
 
 } // namespace
 
-class TestPrompts : public QObject {
+class TestPrompts : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        base::installTexts();
-        kit::installLook(*qApp);
-        QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    }
+    void initTestCase() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
 
     void alertAnswers()
     {

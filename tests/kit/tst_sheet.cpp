@@ -1,18 +1,16 @@
-#include "kit/Look.h"
 #include "kit/ModeOverlay.h"
 #include "kit/ProgressPanel.h"
 #include "kit/ProgressView.h"
 #include "kit/Sheet.h"
 #include "kit/SpinnerOverlay.h"
+#include "support/WindowTest.h"
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalSpy>
-#include <QTest>
 #include <QVBoxLayout>
 
 using namespace mosaro;
@@ -61,15 +59,11 @@ struct Filled {
 
 } // namespace
 
-class TestSheet : public QObject {
+class TestSheet : public test::WindowTest {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        qputenv("MOSARO_REDUCED_MOTION", "1");
-        kit::installLook(*qApp);
-    }
+    void initTestCase() { qputenv("MOSARO_REDUCED_MOTION", "1"); }
 
     void hangsCentredBelowTheTop()
     {
