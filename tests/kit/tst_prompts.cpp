@@ -25,11 +25,10 @@ void withModalDialog(Action action)
 {
     QTimer::singleShot(0, qApp, [action] {
         QWidget* dialog = QApplication::activeModalWidget();
-        if (dialog == nullptr) {
+        if (dialog == nullptr)
             withModalDialog(action);
-        } else {
+        else
             action(dialog);
-        }
     });
 }
 

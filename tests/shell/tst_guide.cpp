@@ -134,9 +134,8 @@ private Q_SLOTS:
     {
         QFETCH(bool, reduced);
         setReducedMotion(reduced);
-        if (!reduced && kit::motion(100) == 0) {
+        if (!reduced && kit::motion(100) == 0)
             QSKIP("This desktop asks for reduced motion");
-        }
         shell::About about(facts());
         QSignalSpy ended(&about, &shell::About::creditsEnded);
         QCOMPARE(about.textFieldOffset(), 300 + 253);
