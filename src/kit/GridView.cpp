@@ -33,15 +33,28 @@ void GridView::setSource(const GridModel* model, GridCellPainter* painter)
     resetData();
 }
 
+/// The first selected cell in sight, else the one in the middle.
+int GridView::indexToKeep() const
+{
+    int selected = -1;
+    m_layout.indexesBetween(offset(), offset() + viewport()->height() - 1).forEach([&](int index) {
+        if (selected < 0 && m_selection.contains(index)) {
+            selected = index;
+        }
+    });
+    return selected >= 0 ? selected
+                         : m_layout.indexesBetween(offset(), offset() + viewport()->height() / 2).last();
+}
+
 void GridView::setMetrics(const GridMetrics& metrics)
 {
-    // What is in the middle stays about there, whatever the new size.
-    const int middle = m_layout.indexesBetween(offset(), offset() + viewport()->height() / 2).last();
-    const int anchor = m_selection.isEmpty() ? middle : m_selection.first();
+    const int kept = indexToKeep();
     m_metrics = metrics;
     relayout();
-    if (anchor >= 0 && offset() > 0) {
-        const QRect rect = m_layout.cellRect(std::min(anchor, std::max(0, m_layout.count() - 1)));
+    if (m_selection.contains(kept)) {
+        scrollIndexToVisible(kept);
+    } else if (kept >= 0 && offset() > 0) {
+        const QRect rect = m_layout.cellRect(std::min(kept, std::max(0, m_layout.count() - 1)));
         verticalScrollBar()->setValue(rect.center().y() - viewport()->height() / 2);
     }
 }

@@ -107,6 +107,7 @@ private:
         [[nodiscard]] QRect rect() const { return QRect(origin, end).normalized(); }
     };
 
+    [[nodiscard]] int indexToKeep() const;
     void relayout();
     [[nodiscard]] int offset() const;
     [[nodiscard]] GridCellState cellState(int index) const;

@@ -413,6 +413,18 @@ private Q_SLOTS:
         QCOMPARE(bench.view.verticalScrollBar()->value(), before);
     }
 
+    // Narrower by a column, which puts cell 9 below the lower edge.
+    void resizingKeepsWhatIsSeen()
+    {
+        Bench bench(400);
+        bench.click(9);
+        bench.view.resize(400, 400);
+        QVERIFY(bench.view.viewport()->rect().contains(bench.view.itemFrameAtIndex(9)));
+        bench.view.scrollIndexToVisible(200);
+        bench.view.resize(496, 400); // The selection is out of sight, and stays there.
+        QVERIFY(bench.view.viewport()->rect().intersects(bench.view.itemFrameAtIndex(200)));
+    }
+
     void dropsAreFiltered()
     {
         Bench bench(3);
