@@ -151,11 +151,8 @@ private Q_SLOTS:
 
     void layoutPlacesCells()
     {
-        struct Row {
-            int width, count, columns, height;
-        };
         for (const auto& [width, count, columns, height] :
-             {Row{496, 9, 4, 36 + 3 * 100 + 2 * 20},
+             {std::tuple(496, 9, 4, 36 + 3 * 100 + 2 * 20),
               {495, 9, 3, 36 + 3 * 100 + 2 * 20}, // a point less
               {30, 2, 1, 36 + 220},               // narrower than a cell
               {0, 2, 1, 36 + 220},                // no width yet
@@ -196,12 +193,7 @@ private Q_SLOTS:
     void keysMove()
     {
         using M = GridMove;
-        struct Row {
-            int from;
-            GridMove move;
-            int to;
-        };
-        const std::vector<Row> rows{
+        const std::vector<std::tuple<int, GridMove, int>> rows{
             {3, M::Right, 4},    {9, M::Right, 9},  {-1, M::Right, 0}, {0, M::Left, 0}, {-1, M::Left, 9},
             {1, M::Down, 5},     {7, M::Down, 9},   {8, M::Down, 8},   {2, M::Up, 2},   {9, M::Up, 5},
             {1, M::PageDown, 9}, {6, M::PageUp, 2}, {9, M::PageUp, 1}, {9, M::Home, 0}, {0, M::End, 9}};
