@@ -87,7 +87,8 @@ int deleteWithItems(bench::BenchLibrary& library, const Collection& target)
     organisation::CollectionRemoval removal(run, *manager.context(), manager.state(),
                                             manager.masterDirPath());
     QEventLoop loop;
-    removal.start({target->collectionID()}, {}, [&loop](const QString&) { loop.quit(); });
+    removal.start({target->collectionID()}, {},
+                  [&loop](const organisation::RecordRun::End&) { loop.quit(); });
     loop.exec();
     return 0;
 }
