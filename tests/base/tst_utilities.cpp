@@ -6,6 +6,7 @@
 #include "support/FakePlatform.h"
 
 #include <QtTest>
+#include <algorithm>
 
 using namespace mosaro::base;
 using namespace mosaro::test;
@@ -50,7 +51,7 @@ private Q_SLOTS:
         }
     }
 
-    /// RIFF with linear samples, mono, 44.1 kHz, 16 bit: what the low-latency player reads.
+    /// RIFF with linear samples, mono, 44.1 kHz, 16 bit, which the low-latency player reads; and not silent.
     void soundsArePlainWaves()
     {
         for (const char* name : {"MoveItem", "DeleteItem", "RemoveTags", "Snap"}) {
@@ -60,6 +61,9 @@ private Q_SLOTS:
             QVERIFY(bytes.startsWith("RIFF") && bytes.mid(8, 8) == "WAVEfmt ");
             QCOMPARE(bytes.mid(20, 8), "\x01\x00\x01\x00\x44\xAC\x00\x00"_ba);
             QCOMPARE(bytes.mid(34, 2), "\x10\x00"_ba);
+            const auto* samples = reinterpret_cast<const qint16*>(bytes.constData() + 44);
+            const auto loudest = *std::max_element(samples, samples + (bytes.size() - 44) / 2);
+            QVERIFY2(loudest > 8000 && loudest < 30000, name);
             const double seconds = double(bytes.size() - 44) / 2 / 44100;
             QVERIFY2(seconds >= 0.15 && seconds <= 0.6, name);
         }
